@@ -1,0 +1,17 @@
+# Interface targets that say how our own code is compiled. Nothing here is installed.
+
+add_library(ink_warnings INTERFACE)
+target_compile_options(ink_warnings INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Woverloaded-virtual -Werror)
+if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+    target_compile_options(ink_warnings INTERFACE -Wsuggest-override)
+endif()
+
+add_library(ink_instrumented INTERFACE)
+if(INK_SANITIZE)
+    target_compile_options(ink_instrumented INTERFACE -fsanitize=${INK_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+    target_link_options(ink_instrumented INTERFACE -fsanitize=${INK_SANITIZE})
+endif()
+if(INK_COVERAGE)
+    target_compile_options(ink_instrumented INTERFACE --coverage -fprofile-abs-path)
+    target_link_options(ink_instrumented INTERFACE --coverage)
+endif()

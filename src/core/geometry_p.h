@@ -1,0 +1,121 @@
+#pragma once
+
+// Coordinates and rectangles below the event protocol. Results that do not fit an int stop at its limits.
+
+#include <QtCore/QPoint>
+#include <QtCore/QPointF>
+#include <QtCore/QRect>
+#include <QtCore/QSize>
+#include <QtCore/QVector>
+#include <QtGui/QMatrix>
+
+#include <algorithm>
+#include <limits>
+
+namespace InkInternal {
+
+constexpr int saturated(qint64 value)
+{
+    return int(std::clamp<qint64>(value, std::numeric_limits<int>::min(), std::numeric_limits<int>::max()));
+}
+
+// Toward zero, as every pixel is taken from a real coordinate. A NaN becomes 0.
+constexpr int truncated(double value)
+{
+    if (value >= double(std::numeric_limits<int>::max()))
+        return std::numeric_limits<int>::max();
+    if (value <= double(std::numeric_limits<int>::min()))
+        return std::numeric_limits<int>::min();
+    return value == value ? int(value) : 0;
+}
+
+inline QPoint truncated(const QPointF &point)
+{
+    return {truncated(point.x()), truncated(point.y())};
+}
+
+// A pointer coordinate as the points keep it: in single precision first, so above 2^24 it loses its last bits.
+constexpr double widened(int coordinate)
+{
+    return double(float(coordinate));
+}
+
+inline QPointF widened(const QPoint &point)
+{
+    return {widened(point.x()), widened(point.y())};
+}
+
+inline QRect edges(qint64 left, qint64 top, qint64 right, qint64 bottom)
+{
+    QRect rect;
+    rect.setCoords(saturated(left), saturated(top), saturated(right), saturated(bottom));
+    return rect;
+}
+
+inline QRect sized(qint64 left, qint64 top, qint64 width, qint64 height)
+{
+    return edges(left, top, left + width - 1, top + height - 1);
+}
+
+inline QRect sized(const QPoint &topLeft, const QSize &size)
+{
+    return sized(topLeft.x(), topLeft.y(), size.width(), size.height());
+}
+
+inline QRect grown(const QRect &rect, qint64 dx, qint64 dy)
+{
+    return edges(rect.left() - dx, rect.top() - dy, rect.right() + dx, rect.bottom() + dy);
+}
+
+inline qint64 width(const QRect &rect)
+{
+    return qint64(rect.right()) - rect.left() + 1;
+}
+
+inline qint64 height(const QRect &rect)
+{
+    return qint64(rect.bottom()) - rect.top() + 1;
+}
+
+inline QRect grown(const QRect &rect, qint64 margin)
+{
+    return grown(rect, margin, margin);
+}
+
+// The rectangle through two corners, both inclusive.
+inline QRect cornerBox(const QPointF &a, const QPointF &b)
+{
+    return QRect(truncated(a), truncated(b)).normalized();
+}
+
+// Integer bounding box of at least one point, all edges inclusive.
+inline QRect pixelBounds(const QVector<QPointF> &points)
+{
+    QPoint low = truncated(points.first());
+    QPoint high = low;
+    for (const QPointF &point : points) {
+        const QPoint pixel = truncated(point);
+        low = {std::min(low.x(), pixel.x()), std::min(low.y(), pixel.y())};
+        high = {std::max(high.x(), pixel.x()), std::max(high.y(), pixel.y())};
+    }
+    return {low, high};
+}
+
+// Inclusive edges in, so (100, 200) has its centre at 150.
+inline QPointF centerOfEdges(const QRect &rect)
+{
+    const auto middle = [](int low, int high) { return double(float(saturated(qint64(low) + high)) * 0.5f); };
+    return {middle(rect.left(), rect.right()), middle(rect.top(), rect.bottom())};
+}
+
+// A turn about a point. QTransform differs from QMatrix in the last bit for some negative angles.
+inline QMatrix turn(const QPointF &center, float degrees)
+{
+    QMatrix matrix;
+    matrix.translate(center.x(), center.y());
+    matrix.rotate(double(degrees));
+    matrix.translate(-center.x(), -center.y());
+    return matrix;
+}
+
+} // namespace InkInternal

@@ -1,0 +1,177 @@
+#include "CInkRectangle.h"
+
+#include "core/geometry_p.h"
+#include "core/painting_p.h"
+#include "shapes/box_p.h"
+
+#include <QtCore/QDebug>
+
+using namespace InkInternal;
+
+namespace {
+
+constexpr int kDefaultWidth = 4;
+constexpr int kFrameMargin = 10; // canvas pixels between the box and its handles
+constexpr int kIconReach = 15;   // of the drawer's icon to each side of the dragged corner
+
+// [ink-box-name-corner-as-size] The corner's coordinates are added to the label's size.
+QRect nameRectCornerAsSize(const QPoint &corner, const QSize &size)
+{
+    return sized(corner.x(), corner.y(), qint64(corner.x()) + size.width(), qint64(corner.y()) + size.height());
+}
+
+// [ink-box-icon-corner-as-size] The far corner is taken as width and height.
+QRect iconRectCornerAsSize(const QPoint &corner)
+{
+    return sized(qint64(corner.x()) - kIconReach, qint64(corner.y()) - kIconReach, qint64(corner.x()) + kIconReach,
+                 qint64(corner.y()) + kIconReach);
+}
+
+} // namespace
+
+CInkRectangle::CInkRectangle()
+{
+    m_graphData.resize(2);
+    m_nWidth = kDefaultWidth;
+}
+
+// [ink-box-pen-style-width] Width and point list stay as the base leaves them: 1, and empty.
+CInkRectangle::CInkRectangle(Qt::PenStyle style)
+    : m_penStyle(style)
+{
+}
+
+CInkRectangle::~CInkRectangle() = default;
+
+void CInkRectangle::Draw(QPainter &painter, QRect &rect)
+{
+    const QRect clip = rect | GetUpdateRect();
+    if (!isLargeEnough(*this)) {
+        // [ink-box-too-small-clips] Nothing to paint, and the clip is set all the same.
+        painter.setClipRect(clip, Qt::ReplaceClip);
+        return;
+    }
+
+    // [ink-clip-outlives-draw] Set before the state is saved: the host finds it afterwards.
+    const QRectF clipBefore = painter.clipBoundingRect();
+    painter.setClipRect(clip, Qt::ReplaceClip);
+    qDebug() << "CInkRectangle::Draw clip" << clip << "before" << clipBefore << "after" << painter.clipBoundingRect();
+
+    const PainterStateScope scope(painter);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setWorldTransform(objectFrame(*this));
+    // [ink-box-always-solid] m_penStyle is for derived tools.
+    painter.setPen(QPen(m_color, m_nWidth, Qt::SolidLine, Qt::SquareCap, Qt::RoundJoin));
+    painter.drawRect(cornerBox(m_graphData.at(0), m_graphData.at(1)));
+    if (showsHandles(*this))
+        DrawHotShape(painter); // over the outline; the rounded rectangle draws them under it
+}
+
+void CInkRectangle::SetWidth(int width)
+{
+    m_nWidth = width;
+}
+
+int CInkRectangle::GetPointCount()
+{
+    return m_nPointCount;
+}
+
+bool CInkRectangle::FinishGraph()
+{
+    if (m_nPointCount <= 0)
+        return false;
+    m_bFinished = 1;
+    m_bHideHotShape = 1;
+    SetHotData(kFrameMargin, kFrameMargin);
+    return true;
+}
+
+QRect CInkRectangle::GetUpdateRect()
+{
+    const qint64 width = m_nWidth;
+    const int count = m_graphData.size();
+    QRect covered;
+    if (m_bEditMode) {
+        covered = GetRotateUpDateRect();
+        m_rcName = m_bShowDrawerName ? nameRectCornerAsSize(m_rcHot.topLeft(), m_sizeName) : QRect();
+        covered = covered | m_rcName;
+    } else if (m_nPointCount == 2 && count >= 2) {
+        const QPoint tip = truncated(m_graphData.at(count - 1));
+        covered = grown(cornerBox(m_graphData.at(count - 2), m_graphData.at(count - 1)), width);
+        m_rcName = m_bShowDrawerName ? sized(tip, m_sizeName) : QRect();
+        m_rcIcon = m_bShowDrawerIcon ? iconRectCornerAsSize(tip) : QRect();
+        covered = covered | m_rcName | m_rcIcon;
+    } else if (m_nPointCount == 1 && count >= 2) {
+        const QPoint pressed = truncated(m_graphData.at(count - 2));
+        covered = sized(pressed.x() - width, pressed.y() - width, 2 * width, 2 * width);
+    }
+    // [ink-box-fresh-rect] Grown in every case, the null rectangle of a fresh box included.
+    return grown(covered.normalized(), 2 * width);
+}
+
+void CInkRectangle::AddPoint(int code, QPoint pt, QRect &update)
+{
+    if (m_bFinished)
+        return;
+    m_bSparePoint = 0;
+    if (!m_bEditMode) {
+        FormGraphData(code, pt, update);
+        return;
+    }
+
+    const QRect before = GetUpdateRect();
+    switch (code) {
+    case PT_DOWN:
+        if (IsPtInModifyZone(pt)) {
+            const int previous = m_modifyType;
+            m_modifyType = DecideModiFyType(pt);
+            // [ink-box-adjust-at-press] A stretched or turned box settles when its next move or rotation begins.
+            const bool settles = m_modifyType == MT_MOVE || m_modifyType == MT_ROTATE;
+            if (settles && previous != MT_NONE && previous != MT_MOVE)
+                AdjustGraph(m_fRotateAngle);
+            if (m_modifyType == MT_MOVE)
+                m_ptLast = widened(pt);
+        } else {
+            m_bFinished = 1;
+            m_bHideHotShape = 1;
+            m_modifyType = MT_NONE;
+        }
+        break;
+    case PT_UP:
+        ModifyGraph(pt, ModifyType(m_modifyType));
+        break;
+    case PT_MOVE:
+        ModifyGraph(pt, ModifyType(m_modifyType));
+        m_bSparePoint = 1;
+        break;
+    }
+    update = update | (before | GetUpdateRect());
+}
+
+QRect CInkRectangle::FormGraphData(int code, QPoint pt, QRect &update)
+{
+    m_bSparePoint = 0;
+    const QRect before = GetUpdateRect();
+    if (code == PT_DOWN) {
+        if (m_graphData.size() < 2)
+            m_graphData.resize(2);
+        m_graphData[0] = m_graphData[1] = widened(pt);
+        m_nPointCount = 1;
+    } else if (m_nPointCount > 0 && m_graphData.size() >= 2) {
+        m_graphData[1] = widened(pt);
+        m_nPointCount = 2;
+        m_bSparePoint = code != PT_UP;
+        if (code == PT_UP) {
+            if (CalcGapOfpoints(m_graphData.at(0), m_graphData.at(1)) <= kBoxAbandonDistance) {
+                m_bFinished = 1;
+                m_bHideHotShape = 1;
+            } else {
+                m_bEditMode = 1;
+                SetHotData(kFrameMargin, kFrameMargin);
+            }
+        }
+    }
+    update = update | (before | GetUpdateRect());
+    return update;
+}

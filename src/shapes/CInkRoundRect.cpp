@@ -1,0 +1,47 @@
+#include "CInkRoundRect.h"
+
+#include "core/geometry_p.h"
+#include "core/painting_p.h"
+#include "shapes/box_p.h"
+
+using namespace InkInternal;
+
+namespace {
+
+constexpr double kRoundness = 25; // percent of half the width and of half the height
+
+} // namespace
+
+CInkRoundRect::CInkRoundRect() = default;
+
+// Unlike its base it starts from the default constructor, so its width is 4.
+CInkRoundRect::CInkRoundRect(Qt::PenStyle style)
+{
+    m_penStyle = style;
+}
+
+CInkRoundRect::~CInkRoundRect() = default;
+
+void CInkRoundRect::Draw(QPainter &painter, QRect &rect)
+{
+    if (!isLargeEnough(*this))
+        return;
+
+    // [ink-clip-outlives-draw] Set before the state is saved: the host finds it afterwards.
+    painter.setClipRect(rect | GetUpdateRect(), Qt::ReplaceClip);
+
+    const PainterStateScope scope(painter);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setWorldTransform(objectFrame(*this));
+    painter.setPen(QPen(m_color, m_nWidth, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    if (showsHandles(*this))
+        DrawHotShape(painter); // under the outline; the rectangle draws them over it
+    DrawRoundRect(painter, cornerBox(m_graphData.at(0), m_graphData.at(1)));
+}
+
+void CInkRoundRect::DrawRoundRect(QPainter &painter, QRect box)
+{
+    const PainterStateScope scope(painter);
+    painter.setBrush(Qt::NoBrush);
+    painter.drawRoundedRect(QRectF(box), kRoundness, kRoundness, Qt::RelativeSize);
+}
