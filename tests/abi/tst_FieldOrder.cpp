@@ -1,0 +1,88 @@
+// Hosts read and set public fields: their offsets are part of the binary interface. Offsets are bytes on x86-64.
+
+#include "CInk1ArrowLine.h"
+#include "CInkPencil.h"
+#include "CInkRoundRect.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+template <typename Object, typename Field>
+std::ptrdiff_t offset(const Object &object, const Field &field)
+{
+    return reinterpret_cast<const char *>(&field) - reinterpret_cast<const char *>(&object);
+}
+
+} // namespace
+
+TEST(FieldOrder, graph)
+{
+    const CInkPencil pencil;
+    const CInkGraph &graph = pencil;
+    EXPECT_EQ(offset(graph, graph.m_nWidth), 8);
+    EXPECT_EQ(offset(graph, graph.m_nPointCount), 12);
+    EXPECT_EQ(offset(graph, graph.m_color), 16);
+    EXPECT_EQ(offset(graph, graph.m_graphData), 32);
+    EXPECT_EQ(offset(graph, graph.m_modifyType), 40);
+    EXPECT_EQ(offset(graph, graph.m_bFinished), 44);
+    EXPECT_EQ(offset(graph, graph.m_bEditMode), 48);
+    EXPECT_EQ(offset(graph, graph.m_hotPts), 56);
+    EXPECT_EQ(offset(graph, graph.m_hotPts[8]), 184);
+    EXPECT_EQ(offset(graph, graph.m_rcHot), 200);
+    EXPECT_EQ(offset(graph, graph.m_fRotateAngle), 216);
+    EXPECT_EQ(offset(graph, graph.m_ptCenter), 224);
+    EXPECT_EQ(offset(graph, graph.m_ptLast), 240);
+    EXPECT_EQ(offset(graph, graph.m_pImage), 256);
+    EXPECT_EQ(offset(graph, graph.m_nDrawnCount), 264);
+    EXPECT_EQ(offset(graph, graph.m_rcName), 268);
+    EXPECT_EQ(offset(graph, graph.m_rcIcon), 284);
+    EXPECT_EQ(offset(graph, graph.m_sizeName), 300);
+    EXPECT_EQ(offset(graph, graph.m_pWidthCache), 312);
+    EXPECT_EQ(offset(graph, graph.m_bShowDrawerName), 320);
+    EXPECT_EQ(offset(graph, graph.m_bShowDrawerIcon), 324);
+    EXPECT_EQ(offset(graph, graph.m_bSparePoint), 328);
+    EXPECT_EQ(offset(graph, graph.m_bHideHotShape), 332);
+    EXPECT_EQ(offset(graph, graph.m_nOwnerIP), 336);
+    EXPECT_EQ(offset(graph, graph.m_nDrawerIP), 340);
+    EXPECT_EQ(offset(graph, graph.m_szOwnerName), 344);
+    EXPECT_EQ(offset(graph, graph.m_szDrawerName), 408);
+    EXPECT_EQ(sizeof(CInkGraph), 472u);
+}
+
+TEST(FieldOrder, pens)
+{
+    const CInkPencil pencil;
+    EXPECT_EQ(sizeof(CInkPenGraph), 472u);
+    EXPECT_EQ(offset(pencil, pencil.m_nPenParam), 472);
+    EXPECT_EQ(offset(pencil, pencil.m_nCapStyle), 476);
+    EXPECT_EQ(offset(pencil, pencil.m_nPenStyle), 480);
+    EXPECT_EQ(sizeof(CInkPencil), 488u);
+}
+
+TEST(FieldOrder, lines)
+{
+    const CInkLine line;
+    EXPECT_EQ(offset(line, line.m_nCapStyle), 472);
+    EXPECT_EQ(offset(line, line.m_nPenStyle), 476);
+    EXPECT_EQ(offset(line, line.m_nHotRadius), 480);
+    EXPECT_EQ(offset(line, line.m_rcRegion), 484);
+    EXPECT_EQ(sizeof(CInkLine), 504u);
+    EXPECT_EQ(sizeof(CInk1ArrowLine), 504u);
+}
+
+TEST(FieldOrder, boxes)
+{
+    const CInkRectangle box;
+    EXPECT_EQ(offset(box, box.m_penStyle), 472);
+    EXPECT_EQ(sizeof(CInkRectangle), 480u);
+    EXPECT_EQ(sizeof(CInkRoundRect), 480u);
+}
+
+TEST(FieldOrder, flagsAreInts)
+{
+    CInkPencil pencil;
+    for (int *flag : {&pencil.m_bFinished, &pencil.m_bEditMode, &pencil.m_bShowDrawerName, &pencil.m_bShowDrawerIcon,
+                      &pencil.m_bSparePoint, &pencil.m_bHideHotShape, &pencil.m_modifyType})
+        EXPECT_EQ(sizeof(*flag), 4u);
+}

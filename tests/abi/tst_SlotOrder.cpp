@@ -1,0 +1,172 @@
+// The order of the virtual operations is part of the binary interface: each slot is read from the library itself.
+
+#include "CInkGraph.h"
+
+#include <cxxabi.h>
+#include <dlfcn.h>
+#include <gtest/gtest.h>
+#include <link.h>
+
+#include <cstdlib>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace {
+
+std::string demangled(const char *symbol)
+{
+    const std::unique_ptr<char, decltype(&std::free)> text(abi::__cxa_demangle(symbol, nullptr, nullptr, nullptr),
+                                                           &std::free);
+    return text ? text.get() : symbol;
+}
+
+std::string symbolAt(const void *address)
+{
+    Dl_info info{};
+    return address && dladdr(address, &info) && info.dli_sname ? demangled(info.dli_sname) : "?";
+}
+
+// The operations of a class in slot order. The destructor has two slots, complete and deleting.
+std::vector<std::string> slotsOf(const std::string &className)
+{
+    constexpr size_t kHeader = 2; // offset to top, type info
+    const std::string symbol = "_ZTV" + std::to_string(className.size()) + className;
+    static void *const library = dlopen(INK_LIBRARY, RTLD_NOW);
+    const auto table = static_cast<const void *const *>(library ? dlsym(library, symbol.c_str()) : nullptr);
+    Dl_info info{};
+    const void *entry = nullptr; // of the symbol table: tells the size
+    if (!table || !dladdr1(table, &info, const_cast<void **>(&entry), RTLD_DL_SYMENT))
+        return {};
+    const size_t count = static_cast<const ElfW(Sym) *>(entry)->st_size / sizeof(void *);
+    std::vector<std::string> slots;
+    for (size_t i = kHeader; i < count; ++i)
+        slots.push_back(symbolAt(table[i]));
+    return slots;
+}
+
+const std::vector<std::string> kGraphSlots = {
+    "CInkGraph::~CInkGraph()",
+    "CInkGraph::~CInkGraph()",
+    "CInkGraph::Draw(QPainter&, QPainter&, QPainter&, QPainter&, QRect, int, int)",
+    "CInkGraph::Draw(QPainter&, QRect&)",
+    "CInkGraph::SetCanvasSize(QSize)",
+    "CInkGraph::SetWidth(int)",
+    "CInkGraph::SetColor(QColor)",
+    "CInkGraph::GetPointCount()",
+    "__cxa_pure_virtual", // FinishGraph
+    "__cxa_pure_virtual", // GetUpdateRect
+    "CInkGraph::GetModifyType()",
+    "CInkGraph::AroundHotPts(QPoint)",
+    "CInkGraph::ResetHotData(QRect)",
+    "__cxa_pure_virtual", // AddPoint
+    "CInkGraph::IsPtInModifyZone(QPoint)",
+    "CInkGraph::DecideModiFyType(QPoint)",
+    "CInkGraph::ModifyGraph(QPoint, ModifyType)",
+    "CInkGraph::StretchGraph(QPoint)",
+    "CInkGraph::MoveGraph(float, float)",
+    "CInkGraph::MoveGraph(QPoint, QPoint)",
+    "CInkGraph::SetHotData(int, int)",
+    "CInkGraph::CalcRotateAngle(QPoint, QPointF)",
+    "CInkGraph::DrawHotShape(QPainter&)",
+    "CInkGraph::AdjustGraph(float)",
+};
+
+enum Slot : size_t {
+    Draw = 3,
+    SetWidth = 5,
+    GetPointCount = 7,
+    FinishGraph = 8,
+    GetUpdateRect = 9,
+    GetModifyType = 10,
+    AroundHotPts = 11,
+    AddPoint = 13,
+    IsPtInModifyZone = 14,
+    DecideModiFyType = 15,
+    ModifyGraph = 16,
+    StretchGraph = 17,
+    DrawHotShape = 22,
+};
+
+// The base's list with the given slots, and both of the destructor, replaced by the class's own.
+std::vector<std::string> derived(std::vector<std::string> slots, const std::string &name,
+                                 const std::vector<std::pair<size_t, std::string>> &own)
+{
+    slots[0] = slots[1] = name + "::~" + name + "()";
+    for (const auto &[slot, operation] : own)
+        slots[slot] = name + "::" + operation;
+    return slots;
+}
+
+std::vector<std::string> appended(std::vector<std::string> slots, const std::vector<std::string> &more)
+{
+    slots.insert(slots.end(), more.begin(), more.end());
+    return slots;
+}
+
+const std::vector<std::string> kLineSlots = derived(kGraphSlots, "CInkLine",
+                                                    {{Draw, "Draw(QPainter&, QRect&)"},
+                                                     {SetWidth, "SetWidth(int)"},
+                                                     {GetPointCount, "GetPointCount()"},
+                                                     {FinishGraph, "FinishGraph()"},
+                                                     {GetUpdateRect, "GetUpdateRect()"},
+                                                     {GetModifyType, "GetModifyType()"},
+                                                     {AroundHotPts, "AroundHotPts(QPoint)"},
+                                                     {AddPoint, "AddPoint(int, QPoint, QRect&)"},
+                                                     {IsPtInModifyZone, "IsPtInModifyZone(QPoint)"},
+                                                     {DecideModiFyType, "DecideModiFyType(QPoint)"},
+                                                     {ModifyGraph, "ModifyGraph(QPoint, ModifyType)"},
+                                                     {StretchGraph, "StretchGraph(QPoint)"},
+                                                     {DrawHotShape, "DrawHotShape(QPainter&)"}});
+
+const std::vector<std::string> kRectangleSlots = appended(derived(kGraphSlots, "CInkRectangle",
+                                                                  {{Draw, "Draw(QPainter&, QRect&)"},
+                                                                   {SetWidth, "SetWidth(int)"},
+                                                                   {GetPointCount, "GetPointCount()"},
+                                                                   {FinishGraph, "FinishGraph()"},
+                                                                   {GetUpdateRect, "GetUpdateRect()"},
+                                                                   {AddPoint, "AddPoint(int, QPoint, QRect&)"}}),
+                                                          {"CInkRectangle::FormGraphData(int, QPoint, QRect&)"});
+
+const std::vector<std::string> kPenSlots = appended(derived(kGraphSlots, "CInkPenGraph",
+                                                            {{FinishGraph, "FinishGraph()"},
+                                                             {GetUpdateRect, "GetUpdateRect()"},
+                                                             {AddPoint, "AddPoint(int, QPoint, QRect&)"}}),
+                                                    {"__cxa_pure_virtual", // GetDisIconRect
+                                                     "CInkPenGraph::FormGraphData(int, QPoint, QRect&)"});
+
+constexpr size_t kGetDisIconRect = 24;
+
+// No object has an abstract class's own table at its destruction, so the compiler leaves these slots empty.
+std::vector<std::string> abstract(std::vector<std::string> slots)
+{
+    slots[0] = slots[1] = "?";
+    return slots;
+}
+
+} // namespace
+
+TEST(SlotOrder, graph)
+{
+    EXPECT_EQ(slotsOf("CInkGraph"), abstract(kGraphSlots));
+}
+
+TEST(SlotOrder, pens)
+{
+    EXPECT_EQ(slotsOf("CInkPenGraph"), abstract(kPenSlots));
+    EXPECT_EQ(
+        slotsOf("CInkPencil"),
+        derived(kPenSlots, "CInkPencil", {{Draw, "Draw(QPainter&, QRect&)"}, {kGetDisIconRect, "GetDisIconRect()"}}));
+}
+
+TEST(SlotOrder, lines)
+{
+    EXPECT_EQ(slotsOf("CInkLine"), kLineSlots);
+    EXPECT_EQ(slotsOf("CInk1ArrowLine"), derived(kLineSlots, "CInk1ArrowLine", {{Draw, "Draw(QPainter&, QRect&)"}}));
+}
+
+TEST(SlotOrder, boxes)
+{
+    EXPECT_EQ(slotsOf("CInkRectangle"), kRectangleSlots);
+    EXPECT_EQ(slotsOf("CInkRoundRect"), derived(kRectangleSlots, "CInkRoundRect", {{Draw, "Draw(QPainter&, QRect&)"}}));
+}
