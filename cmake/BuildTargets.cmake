@@ -10,6 +10,7 @@ add_library(ink_instrumented INTERFACE)
 if(INK_SANITIZE)
     target_compile_options(ink_instrumented INTERFACE -fsanitize=${INK_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
     target_link_options(ink_instrumented INTERFACE -fsanitize=${INK_SANITIZE})
+    target_compile_definitions(ink_instrumented INTERFACE QT_FORCE_ASSERTS) # checks every index into a Qt container
 endif()
 if(INK_COVERAGE)
     target_compile_options(ink_instrumented INTERFACE --coverage -fprofile-abs-path)

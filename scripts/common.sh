@@ -1,0 +1,59 @@
+# What the scripts share. Source it; the caller is named in every message.
+
+set -euo pipefail
+
+readonly root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
+readonly self=scripts/$(basename "$0")
+
+say() { printf '%s: %s\n' "$self" "$*"; }
+
+# One line on stderr, then the end. The line before it, if any, is the failing tool's own.
+die() {
+    printf '%s: %s\n' "$self" "$*" >&2
+    exit 1
+}
+
+# Runs a command; when it fails, says in one line what was being done.
+step() {
+    local what=$1
+    shift
+    say "$what"
+    "$@" || die "failed: $what"
+}
+
+as_root() {
+    if [ "$(id -u)" -eq 0 ]; then
+        "$@"
+    elif command -v sudo >/dev/null; then
+        sudo "$@"
+    else
+        die "must be root, or have sudo, to install: $missing"
+    fi
+}
+
+# Installs those of the named Debian packages that are not there yet.
+need_packages() {
+    missing=
+    local package
+    for package in "$@"; do
+        dpkg-query -W -f '${db:Status-Abbrev}' "$package" 2>/dev/null | grep -q '^ii' || missing="$missing $package"
+    done
+    [ -n "$missing" ] || return 0
+    step "installing$missing" install_missing
+}
+
+install_missing() {
+    as_root apt-get update -qq &&
+        as_root env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends $missing >/dev/null
+}
+
+configure_and_build() {
+    local preset=$1
+    cd "$root"
+    step "configuring the $preset build" cmake --preset "$preset" --log-level=WARNING
+    step "building $preset" cmake --build --preset "$preset"
+}
+
+readonly build_packages="g++ cmake ninja-build qtbase5-dev"
+readonly board_packages="fonts-dejavu-core"
+readonly test_packages="libgtest-dev binutils xvfb xauth xdotool"
