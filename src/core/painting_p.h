@@ -2,6 +2,7 @@
 
 #include "CInkGraph.h"
 #include "geometry_p.h"
+#include "life_p.h"
 
 #include <QtGui/QPainter>
 #include <QtGui/QTransform>
@@ -33,6 +34,30 @@ inline QTransform objectFrame(const CInkGraph &graph)
 inline bool drawnByAnother(const CInkGraph &graph)
 {
     return graph.m_nOwnerIP != graph.m_nDrawerIP;
+}
+
+inline QPen solidPen(const CInkGraph &graph, Qt::PenCapStyle cap)
+{
+    return {graph.m_color, qreal(graph.m_nWidth), Qt::SolidLine, cap, Qt::RoundJoin};
+}
+
+// Where a shape may paint when `rect` is to be repainted; once it is formed, its own rectangle alone.
+inline QRect clipUnlessFormed(CInkGraph &graph, const QRect &rect)
+{
+    return graph.m_bEditMode ? graph.GetUpdateRect() : rect | graph.GetUpdateRect();
+}
+
+// Paints an outline in the object's frame, over the handles while they are shown.
+template <typename PaintOutline>
+void paintOverHandles(CInkGraph &graph, QPainter &painter, const QPen &pen, const PaintOutline &paintOutline)
+{
+    const PainterStateScope scope(painter);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setWorldTransform(objectFrame(graph));
+    painter.setPen(pen);
+    if (showsHandles(graph))
+        graph.DrawHotShape(painter);
+    paintOutline();
 }
 
 } // namespace InkInternal

@@ -1,6 +1,7 @@
 #include "CInkPenGraph.h"
 
 #include "core/geometry_p.h"
+#include "core/life_p.h"
 
 #include <algorithm>
 
@@ -18,12 +19,11 @@ QRect nameRectCornerTwice(const QPoint &corner, const QSize &size)
                  2 * qint64(corner.y()) + size.height() - 1);
 }
 
-void commit(CInkPenGraph &pen)
+void endStroke(CInkPenGraph &pen)
 {
     pen.m_bEditMode = 1;
     pen.SetHotData(kFrameMargin, kFrameMargin);
-    pen.m_bFinished = 1;
-    pen.m_bHideHotShape = 1;
+    commit(pen);
 }
 
 } // namespace
@@ -35,7 +35,7 @@ bool CInkPenGraph::FinishGraph()
 {
     if (m_graphData.isEmpty())
         return false;
-    commit(*this);
+    endStroke(*this);
     return true;
 }
 
@@ -76,7 +76,7 @@ QRect CInkPenGraph::FormGraphData(int code, QPoint pt, QRect &update)
     m_graphData.append(widened(pt));
     ++m_nPointCount;
     if (code == PT_UP)
-        commit(*this);
+        endStroke(*this);
     update = update | (before | GetUpdateRect());
     return update;
 }

@@ -39,7 +39,7 @@ void CInkPencil::Draw(QPainter &painter, QRect &rect)
 
     const PainterStateScope scope(painter);
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(QPen(m_color, m_nWidth, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    painter.setPen(solidPen(*this, Qt::RoundCap));
     painter.drawPath(strokePath(m_graphData));
 }
 

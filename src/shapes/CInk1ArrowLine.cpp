@@ -1,8 +1,7 @@
 #include "CInk1ArrowLine.h"
 
+#include "core/painting_p.h"
 #include "shapes/line_p.h"
-
-#include <QtGui/QPainter>
 
 using namespace InkInternal;
 
@@ -16,7 +15,7 @@ void CInk1ArrowLine::Draw(QPainter &painter, QRect &rect)
 
     // [ink-arrow-unbalanced] Two saved states are left on the painter, with the clip, the hint and the pen in force.
     painter.save();
-    painter.setClipRect(lineClip(*this, rect), Qt::ReplaceClip);
+    painter.setClipRect(clipUnlessFormed(*this, rect), Qt::ReplaceClip);
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(linePen(*this));

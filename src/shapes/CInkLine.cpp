@@ -3,6 +3,7 @@
 #include "core/geometry_p.h"
 #include "core/painting_p.h"
 #include "shapes/line_p.h"
+#include "shapes/shape_p.h"
 
 #include <QtGui/QPainterPath>
 
@@ -15,8 +16,7 @@ namespace {
 constexpr float kAbandonLength = 1.0f; // canvas pixels; a line of exactly this length is still too short
 constexpr int kDefaultWidth = 10;
 constexpr int kMinRegionMargin = 5;
-constexpr int kUpdateMargin = 6; // in pen widths or handle radii, whichever is larger
-constexpr int kIconSide = 30;
+constexpr int kUpdateMargin = 6;        // in pen widths or handle radii, whichever is larger
 constexpr int kForeignShadeMargin = 10; // around the shade over a line that somebody else drew
 
 bool hasEndpoints(const CInkLine &line)
@@ -37,11 +37,6 @@ QRect shadeCornerAsSize(const QPoint &first, const QPoint &second)
 }
 
 } // namespace
-
-QRect InkInternal::lineClip(CInkLine &line, const QRect &rect)
-{
-    return line.m_bEditMode ? line.GetUpdateRect() : rect | line.GetUpdateRect();
-}
 
 QPen InkInternal::linePen(const CInkLine &line)
 {
@@ -64,7 +59,7 @@ void InkInternal::paintLine(CInkLine &line, QPainter &painter)
     else
         painter.drawLine(first, second);
 
-    if (!line.m_bFinished && line.m_bEditMode && !line.m_bHideHotShape)
+    if (showsHandles(line))
         line.DrawHotShape(painter);
 }
 
@@ -83,7 +78,7 @@ void CInkLine::Draw(QPainter &painter, QRect &rect)
         return;
 
     // [ink-clip-outlives-draw] Set before the state is saved: the host finds it afterwards.
-    painter.setClipRect(lineClip(*this, rect), Qt::ReplaceClip);
+    painter.setClipRect(clipUnlessFormed(*this, rect), Qt::ReplaceClip);
 
     const PainterStateScope scope(painter);
     painter.setRenderHint(QPainter::Antialiasing);
@@ -110,8 +105,7 @@ bool CInkLine::FinishGraph()
 {
     if (m_nPointCount <= 0)
         return false;
-    m_bFinished = 1;
-    m_bHideHotShape = 1;
+    commit(*this);
     return true;
 }
 
@@ -123,9 +117,7 @@ QRect CInkLine::GetUpdateRect()
         const QPoint tip = truncated(m_graphData.at(1));
         const QRect line = grown(cornerBox(m_graphData.at(0), m_graphData.at(1)), kUpdateMargin * margin);
         m_rcName = m_bShowDrawerName ? sized(tip, m_sizeName) : QRect();
-        m_rcIcon = m_bShowDrawerIcon && !m_bEditMode
-                       ? sized(qint64(tip.x()) - kIconSide / 2, qint64(tip.y()) - kIconSide / 2, kIconSide, kIconSide)
-                       : QRect();
+        m_rcIcon = m_bShowDrawerIcon && !m_bEditMode ? iconRectAround(tip) : QRect();
         return (line | m_rcName | m_rcIcon).normalized();
     }
     if (m_graphData.size() == 1) {
@@ -164,9 +156,7 @@ void CInkLine::AddPoint(int code, QPoint pt, QRect &update)
             if (m_modifyType == MT_MOVE)
                 m_ptLast = widened(pt);
         } else {
-            m_bFinished = 1;
-            m_bHideHotShape = 1;
-            m_modifyType = MT_NONE;
+            letGo(*this);
         }
         break;
     case PT_MOVE:
@@ -265,8 +255,7 @@ QRect CInkLine::FormGraphData(int code, QPoint pt, QRect &update)
         m_bSparePoint = code != PT_UP;
         if (code == PT_UP) {
             if (CalcGapOfpoints(m_graphData.at(0), m_graphData.at(1)) <= kAbandonLength) {
-                m_bFinished = 1;
-                m_bHideHotShape = 1;
+                commit(*this);
             } else {
                 m_bEditMode = 1;
                 SetRegion();

@@ -2,7 +2,7 @@
 
 #include "core/geometry_p.h"
 #include "core/painting_p.h"
-#include "shapes/box_p.h"
+#include "shapes/shape_p.h"
 
 #include <QtCore/QDebug>
 
@@ -11,8 +11,7 @@ using namespace InkInternal;
 namespace {
 
 constexpr int kDefaultWidth = 4;
-constexpr int kFrameMargin = 10; // canvas pixels between the box and its handles
-constexpr int kIconReach = 15;   // of the drawer's icon to each side of the dragged corner
+constexpr int kIconReach = 15; // of the drawer's icon to each side of the dragged corner
 
 // [ink-box-name-corner-as-size] The corner's coordinates are added to the label's size.
 QRect nameRectCornerAsSize(const QPoint &corner, const QSize &size)
@@ -61,7 +60,7 @@ void CInkRectangle::Draw(QPainter &painter, QRect &rect)
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setWorldTransform(objectFrame(*this));
     // [ink-box-always-solid] m_penStyle is for derived tools.
-    painter.setPen(QPen(m_color, m_nWidth, Qt::SolidLine, Qt::SquareCap, Qt::RoundJoin));
+    painter.setPen(solidPen(*this, Qt::SquareCap));
     painter.drawRect(cornerBox(m_graphData.at(0), m_graphData.at(1)));
     if (showsHandles(*this))
         DrawHotShape(painter); // over the outline; the rounded rectangle draws them under it
@@ -81,8 +80,7 @@ bool CInkRectangle::FinishGraph()
 {
     if (m_nPointCount <= 0)
         return false;
-    m_bFinished = 1;
-    m_bHideHotShape = 1;
+    commit(*this);
     SetHotData(kFrameMargin, kFrameMargin);
     return true;
 }
@@ -133,9 +131,7 @@ void CInkRectangle::AddPoint(int code, QPoint pt, QRect &update)
             if (m_modifyType == MT_MOVE)
                 m_ptLast = widened(pt);
         } else {
-            m_bFinished = 1;
-            m_bHideHotShape = 1;
-            m_modifyType = MT_NONE;
+            letGo(*this);
         }
         break;
     case PT_UP:
@@ -164,8 +160,7 @@ QRect CInkRectangle::FormGraphData(int code, QPoint pt, QRect &update)
         m_bSparePoint = code != PT_UP;
         if (code == PT_UP) {
             if (CalcGapOfpoints(m_graphData.at(0), m_graphData.at(1)) <= kBoxAbandonDistance) {
-                m_bFinished = 1;
-                m_bHideHotShape = 1;
+                commit(*this);
             } else {
                 m_bEditMode = 1;
                 SetHotData(kFrameMargin, kFrameMargin);

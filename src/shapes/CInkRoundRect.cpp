@@ -2,7 +2,7 @@
 
 #include "core/geometry_p.h"
 #include "core/painting_p.h"
-#include "shapes/box_p.h"
+#include "shapes/shape_p.h"
 
 using namespace InkInternal;
 
@@ -30,13 +30,8 @@ void CInkRoundRect::Draw(QPainter &painter, QRect &rect)
     // [ink-clip-outlives-draw] Set before the state is saved: the host finds it afterwards.
     painter.setClipRect(rect | GetUpdateRect(), Qt::ReplaceClip);
 
-    const PainterStateScope scope(painter);
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setWorldTransform(objectFrame(*this));
-    painter.setPen(QPen(m_color, m_nWidth, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-    if (showsHandles(*this))
-        DrawHotShape(painter); // under the outline; the rectangle draws them over it
-    DrawRoundRect(painter, cornerBox(m_graphData.at(0), m_graphData.at(1)));
+    paintOverHandles(*this, painter, solidPen(*this, Qt::RoundCap),
+                     [&] { DrawRoundRect(painter, cornerBox(m_graphData.at(0), m_graphData.at(1))); });
 }
 
 void CInkRoundRect::DrawRoundRect(QPainter &painter, QRect box)

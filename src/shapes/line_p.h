@@ -8,7 +8,6 @@
 
 namespace InkInternal {
 
-QRect lineClip(CInkLine &line, const QRect &rect);
 QPen linePen(const CInkLine &line);
 
 // The segment, and the handles while the line is edited. The painter carries the line's pen.
