@@ -54,10 +54,14 @@ void CInkGraph::Draw(QPainter &p1, QPainter &p2, QPainter & /*p3*/, QPainter &p4
     if (skip)
         return;
 
-    Draw(p2, rc);
+    const auto paintOn = [this, rc](QPainter &painter) {
+        QRect area = rc; // a tool may change its own
+        Draw(painter, area);
+    };
+    paintOn(p2);
     if (m_bFinished) {
-        Draw(p4, rc);
-        Draw(p1, rc);
+        paintOn(p4);
+        paintOn(p1);
         return;
     }
 

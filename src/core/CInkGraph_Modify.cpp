@@ -162,7 +162,7 @@ void CInkGraph::StretchGraph(QPoint pt)
     for (QPointF &point : m_graphData)
         point = {anchor.x() + (point.x() - anchor.x()) * sx, anchor.y() + (point.y() - anchor.y()) * sy};
 
-    m_rcHot = QRect(topLeft, bottomRight).normalized();
+    m_rcHot = normalized(QRect(topLeft, bottomRight));
     // [ink-stretch-keeps-pivot] m_ptCenter stays where it was, so the object goes on turning about its old centre.
     layOutHandles(m_hotPts, m_rcHot);
 }
@@ -174,7 +174,8 @@ void CInkGraph::AdjustGraph(float /*angle*/)
     const QPointF mapped = turn(m_ptCenter, -m_fRotateAngle).map(center);
     const float dx = float(mapped.x() - center.x());
     const float dy = float(mapped.y() - center.y());
-    // [ink-adjust-both-axes] A shift along one axis alone is not applied.
+    // [ink-adjust-both-axes] A shift along one axis alone is not applied. No tolerance: after a half turn the other
+    // axis mostly carries a rest of 1e-14, which counts.
     if (dx != 0.0f && dy != 0.0f) {
         MoveGraph(dx, dy);
         MoveHotData(dx, dy);
@@ -199,7 +200,7 @@ QRect CInkGraph::GetRotateUpDateRect()
     const int cy = int((qint64(bounds.top()) + bounds.bottom()) / 2);
     const int side = truncated(double(half + half));
     const QRect square = sized(truncated(double(float(cx) - half)), truncated(double(float(cy) - half)), side, side);
-    return grown(square.normalized(), std::max(m_nWidth, kTurnedMargin));
+    return grown(normalized(square), std::max(m_nWidth, kTurnedMargin));
 }
 
 QRect CInkGraph::GetRect(QVector<QPointF> &points)

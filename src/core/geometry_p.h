@@ -45,6 +45,12 @@ inline QPointF widened(const QPoint &point)
     return {widened(point.x()), widened(point.y())};
 }
 
+// Through single precision, as some shapes store their points.
+inline QPointF narrowed(const QPointF &point)
+{
+    return {double(float(point.x())), double(float(point.y()))};
+}
+
 inline QRect edges(qint64 left, qint64 top, qint64 right, qint64 bottom)
 {
     QRect rect;
@@ -60,6 +66,12 @@ inline QRect sized(qint64 left, qint64 top, qint64 width, qint64 height)
 inline QRect sized(const QPoint &topLeft, const QSize &size)
 {
     return sized(topLeft.x(), topLeft.y(), size.width(), size.height());
+}
+
+// The drawer's icon, 30 x 30 around the pointer.
+inline QRect iconRectAround(const QPoint &tip)
+{
+    return sized(qint64(tip.x()) - 15, qint64(tip.y()) - 15, 30, 30);
 }
 
 inline QRect grown(const QRect &rect, qint64 dx, qint64 dy)
@@ -82,21 +94,36 @@ inline QRect grown(const QRect &rect, qint64 margin)
     return grown(rect, margin, margin);
 }
 
-// The rectangle through two corners, both inclusive.
-inline QRect cornerBox(const QPointF &a, const QPointF &b)
+// QRect::normalized(), which wraps at the lowest int. As there, edges that lie exactly one pixel the wrong way round
+// stay.
+inline QRect normalized(const QRect &rect)
 {
-    return QRect(truncated(a), truncated(b)).normalized();
+    const bool swapX = width(rect) < 0;
+    const bool swapY = height(rect) < 0;
+    return edges(swapX ? rect.right() : rect.left(), swapY ? rect.bottom() : rect.top(),
+                 swapX ? rect.left() : rect.right(), swapY ? rect.top() : rect.bottom());
 }
 
-// Integer bounding box of at least one point, all edges inclusive.
+// The rectangle through two corners, both inclusive where they are in order.
+inline QRect cornerBox(const QPointF &a, const QPointF &b)
+{
+    return normalized(QRect(truncated(a), truncated(b)));
+}
+
+// Integer bounding box of at least one point, all edges inclusive. What is no number widens nothing.
 inline QRect pixelBounds(const QVector<QPointF> &points)
 {
+    const auto extend = [](int &low, int &high, double coordinate) {
+        if (low > coordinate)
+            low = truncated(coordinate);
+        else if (high < coordinate)
+            high = truncated(coordinate);
+    };
     QPoint low = truncated(points.first());
     QPoint high = low;
     for (const QPointF &point : points) {
-        const QPoint pixel = truncated(point);
-        low = {std::min(low.x(), pixel.x()), std::min(low.y(), pixel.y())};
-        high = {std::max(high.x(), pixel.x()), std::max(high.y(), pixel.y())};
+        extend(low.rx(), high.rx(), point.x());
+        extend(low.ry(), high.ry(), point.y());
     }
     return {low, high};
 }

@@ -3,6 +3,7 @@
 // The ends of an object's life, as fields say them.
 
 #include "CInkGraph.h"
+#include "geometry_p.h"
 
 namespace InkInternal {
 
@@ -18,6 +19,23 @@ inline void letGo(CInkGraph &graph)
 {
     commit(graph);
     graph.m_modifyType = MT_NONE;
+}
+
+// A press on a box or a stencil that is being edited: begins a drag, or lets the object go.
+inline void pressInEdit(CInkGraph &graph, const QPoint &pt)
+{
+    if (!graph.IsPtInModifyZone(pt)) {
+        letGo(graph);
+        return;
+    }
+    const int previous = graph.m_modifyType;
+    graph.m_modifyType = graph.DecideModiFyType(pt);
+    // [ink-box-adjust-at-press] A stretched or turned object settles when its next move or rotation begins.
+    const bool settles = graph.m_modifyType == MT_MOVE || graph.m_modifyType == MT_ROTATE;
+    if (settles && previous != MT_NONE && previous != MT_MOVE)
+        graph.AdjustGraph(graph.m_fRotateAngle);
+    if (graph.m_modifyType == MT_MOVE)
+        graph.m_ptLast = widened(pt);
 }
 
 inline bool showsHandles(const CInkGraph &graph)

@@ -51,7 +51,7 @@ QRect CInkPenGraph::GetUpdateRect()
         return {};
 
     const QPoint from = truncated(m_graphData.at(count - 2));
-    QRect segment = QRect(from, truncated(m_graphData.at(count - 1))).normalized();
+    QRect segment = cornerBox(m_graphData.at(count - 2), m_graphData.at(count - 1));
     if (width(segment) < m_nWidth)
         segment.setRight(saturated(qint64(segment.right()) + m_nWidth));
     if (height(segment) < m_nWidth)

@@ -33,7 +33,7 @@ ModifyType endpointAsTop(ModifyType type)
 // [ink-line-shade-corner-as-size] The second endpoint is taken as a size.
 QRect shadeCornerAsSize(const QPoint &first, const QPoint &second)
 {
-    return grown(sized(first.x(), first.y(), second.x(), second.y()).normalized(), kForeignShadeMargin);
+    return grown(normalized(sized(first.x(), first.y(), second.x(), second.y())), kForeignShadeMargin);
 }
 
 } // namespace
@@ -118,12 +118,12 @@ QRect CInkLine::GetUpdateRect()
         const QRect line = grown(cornerBox(m_graphData.at(0), m_graphData.at(1)), kUpdateMargin * margin);
         m_rcName = m_bShowDrawerName ? sized(tip, m_sizeName) : QRect();
         m_rcIcon = m_bShowDrawerIcon && !m_bEditMode ? iconRectAround(tip) : QRect();
-        return (line | m_rcName | m_rcIcon).normalized();
+        return normalized(line | m_rcName | m_rcIcon);
     }
     if (m_graphData.size() == 1) {
         const QPoint point = truncated(m_graphData.constFirst());
         // [ink-line-one-point-rect] Two margins to the left and above, four to the right and below.
-        return sized(point.x() - 2 * margin, point.y() - 2 * margin, 6 * margin, 6 * margin).normalized();
+        return normalized(sized(point.x() - 2 * margin, point.y() - 2 * margin, 6 * margin, 6 * margin));
     }
     return {};
 }

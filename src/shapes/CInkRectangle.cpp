@@ -105,7 +105,7 @@ QRect CInkRectangle::GetUpdateRect()
         covered = sized(pressed.x() - width, pressed.y() - width, 2 * width, 2 * width);
     }
     // [ink-box-fresh-rect] Grown in every case, the null rectangle of a fresh box included.
-    return grown(covered.normalized(), 2 * width);
+    return grown(normalized(covered), 2 * width);
 }
 
 void CInkRectangle::AddPoint(int code, QPoint pt, QRect &update)
@@ -121,18 +121,7 @@ void CInkRectangle::AddPoint(int code, QPoint pt, QRect &update)
     const QRect before = GetUpdateRect();
     switch (code) {
     case PT_DOWN:
-        if (IsPtInModifyZone(pt)) {
-            const int previous = m_modifyType;
-            m_modifyType = DecideModiFyType(pt);
-            // [ink-box-adjust-at-press] A stretched or turned box settles when its next move or rotation begins.
-            const bool settles = m_modifyType == MT_MOVE || m_modifyType == MT_ROTATE;
-            if (settles && previous != MT_NONE && previous != MT_MOVE)
-                AdjustGraph(m_fRotateAngle);
-            if (m_modifyType == MT_MOVE)
-                m_ptLast = widened(pt);
-        } else {
-            letGo(*this);
-        }
+        pressInEdit(*this, pt);
         break;
     case PT_UP:
         ModifyGraph(pt, ModifyType(m_modifyType));
@@ -159,11 +148,11 @@ QRect CInkRectangle::FormGraphData(int code, QPoint pt, QRect &update)
         m_nPointCount = 2;
         m_bSparePoint = code != PT_UP;
         if (code == PT_UP) {
-            if (CalcGapOfpoints(m_graphData.at(0), m_graphData.at(1)) <= kBoxAbandonDistance) {
-                commit(*this);
-            } else {
+            if (isLargeEnough(*this)) {
                 m_bEditMode = 1;
                 SetHotData(kFrameMargin, kFrameMargin);
+            } else {
+                commit(*this);
             }
         }
     }

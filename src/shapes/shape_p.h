@@ -19,11 +19,4 @@ inline bool isLargeEnough(CInkGraph &box)
            box.CalcGapOfpoints(box.m_graphData.at(0), box.m_graphData.at(1)) > kBoxAbandonDistance;
 }
 
-// The drawer's icon, 30 x 30 around the pointer.
-inline QRect iconRectAround(const QPoint &tip)
-{
-    constexpr int kSide = 30;
-    return sized(qint64(tip.x()) - kSide / 2, qint64(tip.y()) - kSide / 2, kSide, kSide);
-}
-
 } // namespace InkInternal

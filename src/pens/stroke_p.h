@@ -1,0 +1,40 @@
+#pragma once
+
+// Leaves that the pens share below the event protocol.
+
+#include "core/geometry_p.h"
+
+#include <QtGui/QPainter>
+#include <QtGui/QPainterPath>
+
+namespace InkInternal {
+
+// A path through at least one point. Each segment is a quadTo with its start as control point: Qt flattens it
+// differently from a lineTo, so the pixels differ too.
+inline QPainterPath strokePath(const QVector<QPointF> &points)
+{
+    QPainterPath path(points.first());
+    for (int i = 1; i < points.size(); ++i)
+        path.quadTo(points.at(i - 1), points.at(i));
+    return path;
+}
+
+// The drawer's icon, 30 x 30, stands on the pen's last position and extends to its right.
+inline QRect iconRectOnTip(const QVector<QPointF> &points)
+{
+    if (points.isEmpty())
+        return {};
+    const QPoint tip = truncated(points.last());
+    return sized(tip.x(), qint64(tip.y()) - 30, 30, 30);
+}
+
+inline void setHighQualityAntialiasing(QPainter &painter)
+{
+    painter.setRenderHint(QPainter::Antialiasing);
+    QT_WARNING_PUSH
+    QT_WARNING_DISABLE_DEPRECATED
+    painter.setRenderHint(QPainter::HighQualityAntialiasing);
+    QT_WARNING_POP
+}
+
+} // namespace InkInternal
