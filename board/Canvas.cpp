@@ -1,0 +1,208 @@
+#include "Canvas.h"
+
+#include "Cursors.h"
+
+#include "PointerEvent.h"
+
+#include <QtGui/QMouseEvent>
+#include <QtGui/QPaintEvent>
+#include <QtGui/QPainter>
+#include <QtGui/QTabletEvent>
+#include <QtGui/QTouchDevice>
+#include <QtGui/QTouchEvent>
+
+namespace Board {
+
+namespace {
+
+// A mouse event that the window system made up from a pen or a finger, which has come as itself already.
+bool isCopy(const QMouseEvent &event)
+{
+    return event.source() != Qt::MouseEventNotSynthesized;
+}
+
+QPoint pixelAt(const QPointF &pos)
+{
+    return {int(pos.x()), int(pos.y())};
+}
+
+} // namespace
+
+Canvas::Canvas(const QSize &pageSize, QWidget *parent)
+    : QWidget(parent)
+    , m_pageSize(pageSize)
+    , m_page(pageSize)
+    , m_tool(&tools().front())
+{
+    setAttribute(Qt::WA_AcceptTouchEvents);
+    setAttribute(Qt::WA_OpaquePaintEvent);
+    setMouseTracking(true);
+    setTabletTracking(true);
+    setFocusPolicy(Qt::StrongFocus);
+    setCursor(Qt::CrossCursor);
+    setAccessibleName(tr("Page"));
+}
+
+void Canvas::setTool(const Tool &tool)
+{
+    m_tool = &tool;
+    finish();
+}
+
+void Canvas::finish()
+{
+    repaintPage(m_page.finish());
+    setCursor(Qt::CrossCursor);
+}
+
+void Canvas::undo()
+{
+    repaintPage(m_page.undo());
+}
+
+void Canvas::clear()
+{
+    repaintPage(m_page.clear());
+}
+
+// Returns whether the device may draw now. The press that lets an object go does only that: the object is
+// committed, so the rest of the gesture finds none and draws nothing.
+bool Canvas::press(Device device, const QPointF &pos)
+{
+    if (m_device != Device::None)
+        return false;
+    m_device = device;
+    m_last = pixelAt(pos);
+    if (!m_page.isBusy())
+        m_page.begin(createObject(*m_tool, m_ink, m_page.rect().size()));
+    repaintPage(m_page.feed(PT_DOWN, m_last));
+    return true;
+}
+
+void Canvas::move(Device device, const QPointF &pos)
+{
+    if (m_device == Device::None)
+        showHandle(pixelAt(pos));
+    if (m_device != device)
+        return;
+    m_last = pixelAt(pos);
+    repaintPage(m_page.feed(PT_MOVE, m_last));
+}
+
+void Canvas::release(Device device, const QPointF &pos)
+{
+    if (m_device != device)
+        return;
+    m_device = Device::None;
+    repaintPage(m_page.feed(PT_UP, pixelAt(pos)));
+    showHandle(pixelAt(pos));
+}
+
+// Never during a drag: asking an object what lies under the pointer moves the point that its drag starts from.
+void Canvas::showHandle(const QPoint &pt)
+{
+    setCursor(cursorFor(m_page.handleAt(pt), m_page.angle()));
+}
+
+void Canvas::repaintPage(const QRect &area)
+{
+    if (!area.isEmpty())
+        update(area);
+    emit changed();
+}
+
+void Canvas::paintEvent(QPaintEvent *event)
+{
+    QPainter painter(this);
+    for (const QRect &area : event->region())
+        painter.drawImage(area.topLeft(), m_page.surface(), area);
+}
+
+void Canvas::resizeEvent(QResizeEvent * /*event*/)
+{
+    m_page.grow(size());
+}
+
+void Canvas::mousePressEvent(QMouseEvent *event)
+{
+    if (event->button() == Qt::LeftButton && !isCopy(*event))
+        press(Device::Mouse, event->localPos());
+}
+
+// A fast second press comes as a double click instead of as a press. It is a press to every tool, or the second of
+// two fast strokes would be lost. Only an object whose drawing takes several gestures is told of the double click
+// as well: to all others it would be one more point of a stroke that has just begun.
+void Canvas::mouseDoubleClickEvent(QMouseEvent *event)
+{
+    if (event->button() != Qt::LeftButton || isCopy(*event))
+        return;
+    const bool continues = m_page.isForming();
+    if (press(Device::Mouse, event->localPos()) && continues)
+        repaintPage(m_page.feed(PT_DBLCLK, m_last));
+}
+
+void Canvas::mouseMoveEvent(QMouseEvent *event)
+{
+    if (!isCopy(*event))
+        move(Device::Mouse, event->localPos());
+}
+
+void Canvas::mouseReleaseEvent(QMouseEvent *event)
+{
+    if (event->button() == Qt::LeftButton && !isCopy(*event))
+        release(Device::Mouse, event->localPos());
+}
+
+void Canvas::tabletEvent(QTabletEvent *event)
+{
+    event->accept(); // or Qt sends a mouse event after it
+    if (event->type() == QEvent::TabletMove)
+        move(Device::Pen, event->posF());
+    else if (event->type() == QEvent::TabletPress && event->button() == Qt::LeftButton)
+        press(Device::Pen, event->posF());
+    else if (event->type() == QEvent::TabletRelease && event->button() == Qt::LeftButton)
+        release(Device::Pen, event->posF());
+}
+
+bool Canvas::event(QEvent *event)
+{
+    switch (event->type()) {
+    case QEvent::TouchBegin:
+    case QEvent::TouchUpdate:
+    case QEvent::TouchEnd:
+    case QEvent::TouchCancel: {
+        const auto &touchEvent = static_cast<const QTouchEvent &>(*event);
+        if (touchEvent.device()->type() != QTouchDevice::TouchScreen)
+            break; // the fingers on a touch pad move the mouse
+        event->accept();
+        touch(touchEvent);
+        return true;
+    }
+    default:
+        break;
+    }
+    return QWidget::event(event);
+}
+
+// The first finger draws; those that join it are ignored.
+void Canvas::touch(const QTouchEvent &event)
+{
+    if (event.type() == QEvent::TouchCancel) {
+        release(Device::Finger, m_last);
+        return;
+    }
+    if (event.type() == QEvent::TouchBegin)
+        m_finger = event.touchPoints().constFirst().id();
+    for (const QTouchEvent::TouchPoint &point : event.touchPoints()) {
+        if (point.id() != m_finger)
+            continue;
+        if (point.state() == Qt::TouchPointPressed)
+            press(Device::Finger, point.pos());
+        else if (point.state() == Qt::TouchPointMoved)
+            move(Device::Finger, point.pos());
+        else if (point.state() == Qt::TouchPointReleased)
+            release(Device::Finger, point.pos());
+    }
+}
+
+} // namespace Board

@@ -1,0 +1,70 @@
+#pragma once
+
+#include "Page.h"
+#include "Tools.h"
+
+#include <QtWidgets/QWidget>
+
+class QTouchEvent;
+
+namespace Board {
+
+// Shows a page and draws on it with the mouse, a pen or a finger.
+//
+// The page is as large as the widget has ever been: ink beyond the edges of a smaller window is kept.
+class Canvas : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit Canvas(const QSize &pageSize, QWidget *parent = nullptr);
+
+    const Page &page() const { return m_page; }
+
+    // A new tool lets the object in progress go. Colour and width are those of the next object.
+    void setTool(const Tool &tool);
+    void setColor(const QColor &color) { m_ink.color = color; }
+    void setInkWidth(int width) { m_ink.width = width; }
+
+    void finish();
+    void undo();
+    void clear();
+
+    QSize sizeHint() const override { return m_pageSize; }
+
+signals:
+    // Something was drawn, an object was let go, or the like.
+    void changed();
+
+protected:
+    bool event(QEvent *event) override;
+    void paintEvent(QPaintEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
+    void mousePressEvent(QMouseEvent *event) override;
+    void mouseMoveEvent(QMouseEvent *event) override;
+    void mouseReleaseEvent(QMouseEvent *event) override;
+    void mouseDoubleClickEvent(QMouseEvent *event) override;
+    void tabletEvent(QTabletEvent *event) override;
+
+private:
+    // One of them at a time draws; what the others do meanwhile is ignored.
+    enum class Device { None, Mouse, Pen, Finger };
+
+    bool press(Device device, const QPointF &pos);
+    void move(Device device, const QPointF &pos);
+    void release(Device device, const QPointF &pos);
+
+    void touch(const QTouchEvent &event);
+    void showHandle(const QPoint &pt);
+    void repaintPage(const QRect &area);
+
+    const QSize m_pageSize;
+    Page m_page;
+    const Tool *m_tool;
+    Ink m_ink;
+    Device m_device{Device::None};
+    QPoint m_last; // of the device that draws
+    int m_finger{-1};
+};
+
+} // namespace Board

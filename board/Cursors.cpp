@@ -1,0 +1,79 @@
+#include "Cursors.h"
+
+#include <QtGui/QPainter>
+#include <QtGui/QPainterPath>
+#include <QtGui/QPixmap>
+
+#include <optional>
+
+namespace Board {
+
+namespace {
+
+// Eighths of a turn, clockwise from straight up.
+std::optional<int> directionOf(ModifyType type)
+{
+    switch (type) {
+    case MT_TOP:
+        return 0;
+    case MT_RIGHT_TOP:
+        return 1;
+    case MT_RIGHT:
+        return 2;
+    case MT_RIGHT_BOTTOM:
+        return 3;
+    case MT_BOTTOM:
+        return 4;
+    case MT_LEFT_BOTTOM:
+        return 5;
+    case MT_LEFT:
+        return 6;
+    case MT_LEFT_TOP:
+        return 7;
+    default:
+        return std::nullopt;
+    }
+}
+
+// Opposite directions share a cursor.
+constexpr Qt::CursorShape kArrows[] = {Qt::SizeVerCursor, Qt::SizeBDiagCursor, Qt::SizeHorCursor, Qt::SizeFDiagCursor};
+
+QPixmap turningArrow()
+{
+    constexpr int kSide = 24;
+    QPixmap pixmap(kSide, kSide);
+    pixmap.fill(Qt::transparent);
+    QPainter painter(&pixmap);
+    painter.setRenderHint(QPainter::Antialiasing);
+
+    const QRectF circle(4.5, 4.5, 15, 15);
+    QPainterPath arrow;
+    arrow.arcMoveTo(circle, 30);
+    arrow.arcTo(circle, 30, 290); // counter-clockwise from the upper right, ending at the lower right
+    const QPointF tip = arrow.currentPosition();
+    arrow.moveTo(tip + QPointF(-5, 0.5));
+    arrow.lineTo(tip);
+    arrow.lineTo(tip + QPointF(1.5, 5));
+    painter.setPen(QPen(Qt::white, 4.5, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    painter.drawPath(arrow);
+    painter.setPen(QPen(Qt::black, 2, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    painter.drawPath(arrow);
+    return pixmap;
+}
+
+} // namespace
+
+QCursor cursorFor(ModifyType type, float angle)
+{
+    if (type == MT_MOVE)
+        return Qt::SizeAllCursor;
+    if (type == MT_ROTATE)
+        return QCursor(turningArrow());
+    const std::optional<int> direction = directionOf(type);
+    if (!direction)
+        return Qt::CrossCursor;
+    const int eighths = int(angle / 45.0f + 0.5f);
+    return kArrows[(*direction + eighths) % 4];
+}
+
+} // namespace Board

@@ -1,0 +1,40 @@
+#pragma once
+
+#include <QtCore/QRect>
+#include <QtGui/QImage>
+
+class CInkGraph;
+
+namespace Board {
+
+// The four images that an object paints on, all of one size and in page pixels.
+class Layers
+{
+public:
+    // White. Null where there is not enough memory for all four.
+    explicit Layers(const QSize &size);
+
+    bool isNull() const;
+    QRect rect() const { return m_page.rect(); }
+
+    const QImage &surface() const { return m_surface; } // what is shown: the page and the object in progress
+    const QImage &page() const { return m_page; }       // the background with the committed ink; opaque
+    const QImage &ink() const { return m_ink; }         // the committed ink alone, on transparency
+
+    // Takes all ink away.
+    void reset();
+
+    // Makes the surface the page again within `area`.
+    void showPage(const QRect &area);
+
+    // Lets the object paint itself once. `area` is what is to be repainted; it may be empty.
+    void draw(CInkGraph &object, const QRect &area);
+
+private:
+    QImage m_page;
+    QImage m_surface;
+    QImage m_background; // the picture that lies under the ink
+    QImage m_ink;
+};
+
+} // namespace Board

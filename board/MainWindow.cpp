@@ -1,0 +1,193 @@
+#include "MainWindow.h"
+
+#include "Canvas.h"
+#include "ColorRow.h"
+#include "PictureFile.h"
+#include "Style.h"
+#include "ToolRail.h"
+#include "WidthControl.h"
+
+#include <QtGui/QCloseEvent>
+#include <QtWidgets/QAction>
+#include <QtWidgets/QFileDialog>
+#include <QtWidgets/QFrame>
+#include <QtWidgets/QGridLayout>
+#include <QtWidgets/QLabel>
+#include <QtWidgets/QMessageBox>
+#include <QtWidgets/QToolButton>
+
+namespace Board {
+
+namespace {
+
+constexpr int kHintHeight = 32;
+constexpr int kGap = 8; // around the divider
+
+QWidget *makeDivider(QWidget *parent)
+{
+    auto *divider = new QFrame(parent);
+    divider->setFixedSize(1, kBarHeight / 2);
+    divider->setStyleSheet(QStringLiteral("background: #d9dee6;"));
+    return divider;
+}
+
+} // namespace
+
+MainWindow::MainWindow(const QSize &pageSize)
+    : m_canvas(new Canvas(pageSize, this))
+    , m_rail(new ToolRail(this))
+    , m_colors(new ColorRow(this))
+    , m_width(new WidthControl(this))
+    , m_hint(new QLabel(this))
+    , m_toolTitle(toolTitle(tools().front()))
+{
+    setWindowTitle(tr("Inkboard"));
+    m_hint->setObjectName(QStringLiteral("hint"));
+    m_hint->setFixedHeight(kHintHeight);
+    setStyleSheet(windowStyle());
+    addActions();
+
+    auto *middle = new QWidget(this);
+    auto *grid = new QGridLayout(middle);
+    grid->setContentsMargins(0, 0, 0, 0);
+    grid->setSpacing(0);
+    grid->addWidget(makeBar(middle), 0, 0, 1, 2);
+    grid->addWidget(m_rail, 1, 0);
+    grid->addWidget(m_canvas, 1, 1);
+    grid->addWidget(m_hint, 2, 0, 1, 2);
+    grid->setColumnStretch(1, 1);
+    grid->setRowStretch(1, 1);
+    setCentralWidget(middle);
+
+    connectControls();
+    showState();
+    m_canvas->setFocus(); // so that no button starts with the ring of the keyboard around it
+    resize(sizeHint());   // without this Qt takes no more than two thirds of the screen
+}
+
+QAction *MainWindow::addAction(const char *name, const QString &title, const QString &shortcut)
+{
+    auto *action = new QAction(title, this);
+    const QKeySequence keys(shortcut);
+    action->setObjectName(QLatin1String(name));
+    action->setShortcut(keys);
+    action->setToolTip(QStringLiteral("%1 (%2)").arg(title, keys.toString(QKeySequence::NativeText)));
+    QWidget::addAction(action);
+    return action;
+}
+
+void MainWindow::addActions()
+{
+    m_undo = addAction("undo", tr("Undo"), QStringLiteral("Ctrl+Z"));
+    connect(m_undo, &QAction::triggered, m_canvas, &Canvas::undo);
+    connect(addAction("clear", tr("Clear"), QStringLiteral("Ctrl+Shift+Backspace")), &QAction::triggered, m_canvas,
+            &Canvas::clear);
+    connect(addAction("export", tr("Export…"), QStringLiteral("Ctrl+E")), &QAction::triggered, this,
+            &MainWindow::askForExport);
+    connect(addAction("quit", tr("Quit"), QStringLiteral("Ctrl+Q")), &QAction::triggered, this, &MainWindow::close);
+
+    connect(addAction("finish", tr("Finish the object"), QStringLiteral("Esc")), &QAction::triggered, m_canvas,
+            &Canvas::finish);
+    connect(addAction("thinner", tr("Thinner"), QStringLiteral("[")), &QAction::triggered, this,
+            [this] { m_width->setInkWidth(m_width->inkWidth() - 1); });
+    connect(addAction("thicker", tr("Thicker"), QStringLiteral("]")), &QAction::triggered, this,
+            [this] { m_width->setInkWidth(m_width->inkWidth() + 1); });
+}
+
+QWidget *MainWindow::makeBar(QWidget *parent)
+{
+    auto *bar = new QFrame(parent);
+    bar->setObjectName(QStringLiteral("bar"));
+    bar->setFixedHeight(kBarHeight);
+    auto *row = new QHBoxLayout(bar);
+    row->setContentsMargins(14, 0, 10, 0);
+    row->setSpacing(4);
+    row->addWidget(m_colors);
+    row->addSpacing(kGap);
+    row->addWidget(makeDivider(bar));
+    row->addSpacing(kGap);
+    row->addWidget(m_width);
+    row->addStretch(1);
+    for (const char *name : {"undo", "clear", "export", "quit"}) {
+        auto *button = new QToolButton(bar);
+        button->setDefaultAction(findChild<QAction *>(QLatin1String(name)));
+        button->setToolButtonStyle(Qt::ToolButtonTextOnly);
+        button->setFocusPolicy(Qt::TabFocus);
+        button->setAccessibleName(button->text());
+        row->addWidget(button);
+    }
+    return bar;
+}
+
+void MainWindow::connectControls()
+{
+    connect(m_rail, &ToolRail::chosen, this, [this](const Tool &tool) {
+        m_toolTitle = toolTitle(tool);
+        m_canvas->setTool(tool);
+    });
+    connect(m_colors, &ColorRow::picked, this, [this](const QColor &color) {
+        m_canvas->setColor(color);
+        m_width->setColor(color);
+    });
+    connect(m_width, &WidthControl::picked, m_canvas, &Canvas::setInkWidth);
+    connect(m_canvas, &Canvas::changed, this, &MainWindow::showState);
+    m_canvas->setColor(m_colors->color());
+    m_canvas->setInkWidth(m_width->inkWidth());
+    m_width->setColor(m_colors->color());
+}
+
+void MainWindow::chooseTool(const Tool &tool)
+{
+    m_rail->choose(tool);
+}
+
+void MainWindow::showState()
+{
+    const Page &page = m_canvas->page();
+    m_undo->setEnabled(page.canUndo());
+    const bool edited = page.isBusy() && !page.isForming();
+    m_hint->setText(edited ? tr("Drag a handle to change the object. Esc or a press beside it lets it go.")
+                           : tr("%1: drag on the page to draw.").arg(m_toolTitle));
+}
+
+QString MainWindow::exportPage(const QString &fileName)
+{
+    m_canvas->finish();
+    QString problem = savePng(m_canvas->page().picture(), fileName);
+    if (problem.isEmpty())
+        m_exported = m_canvas->page().picture();
+    return problem;
+}
+
+bool MainWindow::askForExport()
+{
+    const QString fileName =
+        QFileDialog::getSaveFileName(this, tr("Export the page"), tr("page.png"), tr("PNG pictures (*.png)"));
+    if (fileName.isEmpty())
+        return false;
+    const QString problem = exportPage(fileName);
+    if (problem.isEmpty())
+        m_hint->setText(tr("Saved as %1").arg(fileName));
+    else
+        QMessageBox::warning(this, tr("The page was not exported"), problem);
+    return problem.isEmpty();
+}
+
+bool MainWindow::hasUnsavedInk() const
+{
+    return m_canvas->page().canUndo() && m_canvas->page().picture() != m_exported;
+}
+
+void MainWindow::closeEvent(QCloseEvent *event)
+{
+    m_canvas->finish();
+    if (!m_asks || !hasUnsavedInk())
+        return;
+    const auto answer =
+        QMessageBox::question(this, tr("Close the board"), tr("The page was not exported. Export it before closing?"),
+                              QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel, QMessageBox::Save);
+    const bool closes = answer == QMessageBox::Discard || (answer == QMessageBox::Save && askForExport());
+    event->setAccepted(closes);
+}
+
+} // namespace Board

@@ -1,0 +1,134 @@
+#include "Page.h"
+
+#include <algorithm>
+#include <iterator>
+#include <utility>
+
+namespace Board {
+
+Page::Page(const QSize &size)
+    : m_layers(size)
+{
+}
+
+Page::~Page() = default;
+
+QRect Page::begin(std::unique_ptr<CInkGraph> object)
+{
+    const QRect changed = finish();
+    m_object = std::move(object);
+    return changed;
+}
+
+QRect Page::feed(int code, const QPoint &pt)
+{
+    if (!m_object)
+        return {};
+    QRect update;
+    m_object->AddPoint(code, pt, update);
+    const QRect reach = update | m_object->GetUpdateRect();
+    return m_object->m_bFinished ? commit(reach) : show(reach);
+}
+
+QRect Page::finish()
+{
+    if (!m_object)
+        return {};
+    return m_object->FinishGraph() ? commit(m_object->GetUpdateRect()) : drop();
+}
+
+bool Page::isForming() const
+{
+    return m_object && !m_object->m_bEditMode;
+}
+
+ModifyType Page::handleAt(const QPoint &pt)
+{
+    return m_object ? m_object->AroundHotPts(pt) : MT_NONE;
+}
+
+float Page::angle() const
+{
+    return m_object ? m_object->GetRotateAngle() : 0.0f;
+}
+
+QRect Page::show(const QRect &reach)
+{
+    const QRect area = onPage(reach);
+    m_touched |= area;
+    m_layers.showPage(area);
+    m_layers.draw(*m_object, area);
+    return area;
+}
+
+// The one Draw that also puts the object on the page and into the ink.
+QRect Page::commit(const QRect &reach)
+{
+    const QRect area = onPage(reach);
+    const auto layers = [&] {
+        // A copy of an empty rectangle would be a copy of everything.
+        return area.isEmpty() ? std::pair<QImage, QImage>()
+                              : std::make_pair(m_layers.page().copy(area), m_layers.ink().copy(area));
+    };
+    const auto before = layers();
+    m_layers.showPage(area);
+    m_layers.draw(*m_object, area);
+    if (layers() != before)
+        m_steps.push_back({std::move(m_object), reach});
+    return area | drop();
+}
+
+// Forgets the object in progress and what it has left on the surface. A thick stroke is clipped to a tighter
+// rectangle once it is committed, so this is not only for abandoned objects.
+QRect Page::drop()
+{
+    m_object.reset();
+    m_layers.showPage(m_touched);
+    return std::exchange(m_touched, QRect());
+}
+
+QRect Page::undo()
+{
+    const QRect finished = finish();
+    if (m_steps.empty())
+        return finished;
+    m_steps.pop_back();
+    replay();
+    return rect();
+}
+
+QRect Page::clear()
+{
+    const QRect finished = finish();
+    if (m_steps.empty() || !m_steps.back().object)
+        return finished;
+    m_steps.push_back({});
+    replay();
+    return rect();
+}
+
+void Page::grow(const QSize &size)
+{
+    const QSize grown = size.expandedTo(rect().size());
+    if (grown == rect().size())
+        return;
+    Layers layers(grown);
+    if (layers.isNull())
+        return; // a smaller page is better than none
+    m_layers = std::move(layers);
+    replay();
+}
+
+void Page::replay()
+{
+    m_layers.reset();
+    const auto cleared = std::find_if(m_steps.rbegin(), m_steps.rend(), [](const Step &step) { return !step.object; });
+    // Each in the area of its commit, so that its clip, and with it every pixel, is the same again.
+    for (auto step = cleared.base(); step != m_steps.end(); ++step)
+        m_layers.draw(*step->object, onPage(step->reach));
+    m_layers.showPage(rect());
+    if (m_object)
+        show(rect());
+}
+
+} // namespace Board

@@ -1,0 +1,25 @@
+#include "PageSize.h"
+
+#include <QtCore/QCoreApplication>
+#include <QtCore/QRegularExpression>
+
+namespace Board {
+
+QSize pageSizeFromText(const QString &text)
+{
+    static const QRegularExpression form(QStringLiteral("^([0-9]{1,9})x([0-9]{1,9})$"));
+    const QRegularExpressionMatch match = form.match(text);
+    return match.hasMatch() ? QSize(match.captured(1).toInt(), match.captured(2).toInt()) : QSize();
+}
+
+QString pageSizeProblem(const QSize &size)
+{
+    if (!isPageSide(size.width()) || !isPageSide(size.height()))
+        return QCoreApplication::translate("Board::PageSize", "a side must be 1 to %1 pixels").arg(kMaxPageSide);
+    if (qint64(size.width()) * size.height() > kMaxPagePixels)
+        return QCoreApplication::translate("Board::PageSize", "a page has at most %1 pixels in all")
+            .arg(kMaxPagePixels);
+    return {};
+}
+
+} // namespace Board

@@ -1,0 +1,22 @@
+#pragma once
+
+#include <QtCore/QSize>
+#include <QtCore/QString>
+
+namespace Board {
+
+constexpr int kMaxPageSide = 16384;                 // pixels
+constexpr qint64 kMaxPagePixels = 64 * 1024 * 1024; // a page keeps four images of its size
+
+constexpr bool isPageSide(double side)
+{
+    return side >= 1 && side <= kMaxPageSide;
+}
+
+// "WIDTHxHEIGHT", or an invalid size.
+QSize pageSizeFromText(const QString &text);
+
+// What is wrong with a page of that size; empty for a good one.
+QString pageSizeProblem(const QSize &size);
+
+} // namespace Board

@@ -1,0 +1,58 @@
+#include "Player.h"
+
+#include "Page.h"
+#include "PageSize.h"
+#include "PictureFile.h"
+
+#include "PointerEvent.h"
+
+#include <QtCore/QCoreApplication>
+
+namespace Board {
+
+void playGesture(const Gesture &gesture, Page &page)
+{
+    page.feed(PT_DOWN, gesture.front());
+    for (std::size_t i = 1; i + 1 < gesture.size(); ++i)
+        page.feed(PT_MOVE, gesture[i]);
+    page.feed(PT_UP, gesture.back());
+}
+
+void playStroke(const Stroke &stroke, const Tool &tool, Page &page)
+{
+    page.begin(createObject(tool, {stroke.color, stroke.width}, page.rect().size()));
+    playGesture(stroke.points, page);
+    page.finish();
+}
+
+QString playFiles(const PlayOrder &order)
+{
+    std::vector<StrokeFile> files;
+    QSize size;
+    for (const QString &fileName : order.files) {
+        QString error;
+        std::optional<StrokeFile> file = readStrokeFile(fileName, error);
+        if (!file)
+            return error;
+        size = size.expandedTo(file->size);
+        files.push_back(*std::move(file));
+    }
+    if (order.size.isValid())
+        size = order.size;
+
+    QString problem = pageSizeProblem(size);
+    if (!problem.isEmpty())
+        return QCoreApplication::translate("Board::Player", "the page for all files: %1").arg(problem);
+    Page page(size);
+    if (page.isNull())
+        return QCoreApplication::translate("Board::Player", "not enough memory for a page of %1x%2 pixels")
+            .arg(size.width())
+            .arg(size.height());
+    for (const StrokeFile &file : files) {
+        for (const Stroke &stroke : file.strokes)
+            playStroke(stroke, *order.tool, page);
+    }
+    return savePng(page.picture(), order.png);
+}
+
+} // namespace Board

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "StrokeFile.h"
+#include "Tools.h"
+
+#include <QtCore/QStringList>
+
+namespace Board {
+
+class Page;
+
+// Draws one gesture with the object in progress: press, moves, release.
+void playGesture(const Gesture &gesture, Page &page);
+
+// Draws the stroke as one object of the tool, committed.
+void playStroke(const Stroke &stroke, const Tool &tool, Page &page);
+
+// What --play is asked to do.
+struct PlayOrder
+{
+    QStringList files; // onto one page, the first lowest
+    const Tool *tool{};
+    QSize size; // of the page; invalid for that of the largest file
+    QString png;
+};
+
+// Plays the files and writes the page. Nothing is written unless all of them can be read. Returns what went
+// wrong in one line, empty when nothing did.
+QString playFiles(const PlayOrder &order);
+
+} // namespace Board

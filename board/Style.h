@@ -1,0 +1,17 @@
+#pragma once
+
+#include <QtCore/QString>
+#include <QtGui/QColor>
+
+namespace Board {
+
+constexpr QRgb kTextColor = 0xFF27313D;
+constexpr QRgb kAccentColor = 0xFF2563C9;
+constexpr QRgb kAccentTextColor = 0xFFFFFFFF;
+
+constexpr int kBarHeight = 64; // of the bar above the page; fixed, whatever the font
+
+// The style sheet of the window.
+QString windowStyle();
+
+} // namespace Board

@@ -1,0 +1,15 @@
+#pragma once
+
+#include "Tools.h"
+
+#include <QtGui/QIcon>
+
+namespace Board {
+
+// The tool's own ink: its sample gesture drawn by an object of the tool, on transparency.
+QImage sampleInk(const Tool &tool, const Ink &ink);
+
+// With a lighter picture for the button that is switched on.
+QIcon toolIcon(const Tool &tool);
+
+} // namespace Board

@@ -1,0 +1,416 @@
+#include "Canvas.h"
+#include "Paper.h"
+
+#include "PointerEvent.h"
+
+#include <QtGui/QMouseEvent>
+#include <QtGui/QPaintEvent>
+#include <QtGui/QTabletEvent>
+#include <QtTest/QtTest>
+
+using namespace Board;
+
+namespace {
+
+const QSize kSize(400, 300);
+
+// An object that is drawn with two gestures, and what it was told.
+class TwoGestures : public CInkGraph
+{
+public:
+    using CInkGraph::Draw;
+    bool FinishGraph() override { return false; }
+    QRect GetUpdateRect() override { return {}; }
+    void AddPoint(int code, QPoint /*pt*/, QRect & /*update*/) override { s_codes.push_back(code); }
+    ModifyType AroundHotPts(QPoint /*pt*/) override
+    {
+        s_codes.push_back(0);
+        return MT_TOP;
+    }
+
+    static std::vector<int> s_codes; // 0 for a question about the handles
+};
+
+std::vector<int> TwoGestures::s_codes;
+
+const Tool kTwoGestures{
+    "two",
+    "Two gestures",
+    "",
+    [](const QSize & /*canvas*/) -> std::unique_ptr<CInkGraph> { return std::make_unique<TwoGestures>(); },
+    {}};
+
+// Areas of the paint events that a widget gets.
+class PaintWatch : public QObject
+{
+public:
+    explicit PaintWatch(QWidget &widget) { widget.installEventFilter(this); }
+
+    QRegion painted;
+
+protected:
+    bool eventFilter(QObject *object, QEvent *event) override
+    {
+        if (event->type() == QEvent::Paint)
+            painted += static_cast<QPaintEvent *>(event)->region();
+        return QObject::eventFilter(object, event);
+    }
+};
+
+} // namespace
+
+class tst_Canvas : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void init();
+    void cleanup();
+
+    void drawsAndEditsALineWithTheMouse();
+    void stretchesTurnsAndMovesARectangle();
+    void theLettingGoPressStartsNothing();
+    void drawsWithAPen();
+    void drawsWithAFinger();
+    void ignoresASecondFinger();
+    void aCancelledTouchKeepsTheInk();
+    void ignoresTheOtherButtons();
+    void ignoresMouseEventsMadeFromTouches();
+    void oneDeviceAtATime();
+    void drawsTwoFastStrokes();
+    void tellsOnlyAnObjectInTheMakingOfADoubleClick();
+    void neverAsksForHandlesDuringADrag();
+    void showsWhatAPressWouldDo();
+    void cursorsTurnWithTheObject();
+    void letsGoWhenTheToolChanges();
+    void repaintsNoMoreThanTheEventChanged();
+    void showsTheSurface();
+    void keepsInkInASmallerWindow();
+
+private:
+    void choose(const char *tool) { m_canvas->setTool(*findTool(QString::fromLatin1(tool))); }
+    void mouse(QEvent::Type type, const QPointF &pos, Qt::MouseButton button = Qt::LeftButton,
+               Qt::MouseEventSource source = Qt::MouseEventNotSynthesized);
+    void hover(const QPointF &pos) { mouse(QEvent::MouseMove, pos, Qt::NoButton); }
+    void drag(const QPointF &from, const QPointF &to);
+    void pen(QEvent::Type type, const QPointF &pos, Qt::MouseButton button = Qt::LeftButton);
+    QTest::QTouchEventSequence touch() { return QTest::touchEvent(m_canvas.get(), m_screen); }
+
+    std::unique_ptr<Canvas> m_canvas;
+    QTouchDevice *m_screen{}; // owned by Qt
+};
+
+void tst_Canvas::initTestCase()
+{
+    m_screen = QTest::createTouchDevice();
+}
+
+void tst_Canvas::init()
+{
+    m_canvas = std::make_unique<Canvas>(kSize);
+    m_canvas->setColor(Qt::red);
+    m_canvas->setInkWidth(4);
+    m_canvas->resize(kSize);
+    m_canvas->show();
+    QVERIFY(QTest::qWaitForWindowExposed(m_canvas.get()));
+    TwoGestures::s_codes.clear();
+}
+
+void tst_Canvas::cleanup()
+{
+    m_canvas.reset();
+}
+
+void tst_Canvas::mouse(QEvent::Type type, const QPointF &pos, Qt::MouseButton button, Qt::MouseEventSource source)
+{
+    QMouseEvent event(type, pos, pos, pos, button, button, Qt::NoModifier, source);
+    QCoreApplication::sendEvent(m_canvas.get(), &event);
+}
+
+void tst_Canvas::drag(const QPointF &from, const QPointF &to)
+{
+    mouse(QEvent::MouseButtonPress, from);
+    mouse(QEvent::MouseMove, (from + to) / 2);
+    mouse(QEvent::MouseMove, to);
+    mouse(QEvent::MouseButtonRelease, to);
+}
+
+void tst_Canvas::pen(QEvent::Type type, const QPointF &pos, Qt::MouseButton button)
+{
+    QTabletEvent event(type, pos, pos, QTabletEvent::Stylus, QTabletEvent::Pen, 0.5, 0, 0, 0, 0, 0, Qt::NoModifier, 1,
+                       button, button);
+    event.ignore();
+    QCoreApplication::sendEvent(m_canvas.get(), &event);
+    QVERIFY(event.isAccepted()); // or a mouse event would follow
+}
+
+void tst_Canvas::drawsAndEditsALineWithTheMouse()
+{
+    choose("line");
+    drag({50, 50}, {150, 100});
+    QVERIFY(m_canvas->page().isBusy());
+    drag({150, 100}, {200, 150}); // its second end
+    drag({100, 80}, {130, 90});   // anywhere between: moves it by (30,10)
+    QVERIFY(m_canvas->page().isBusy());
+    QCOMPARE(m_canvas->page().picture(), blankPaper(kSize));
+
+    drag({300, 20}, {300, 20});
+    QVERIFY(!m_canvas->page().isBusy());
+    QCOMPARE(m_canvas->page().picture(),
+             paper(kSize, [](QPainter &painter) { drawLine(painter, Qt::red, 4, QPoint(80, 60), QPoint(230, 160)); }));
+}
+
+// Frame (90,90)-(210,170) around the box (100,100)-(200,160). Dragging its corner (210,170) to (330,250) doubles it
+// seen from (90,90): frame (90,90)-(330,250), box (110,110)-(310,230).
+void tst_Canvas::stretchesTurnsAndMovesARectangle()
+{
+    choose("rectangle");
+    drag({100, 100}, {200, 160});
+    drag({210, 170}, {330, 250});
+    QCOMPARE(m_canvas->page().surface().pixel(310, 170), 0xFFFF0000);
+
+    // The knob stands 30 above the middle of the upper edge, at (210,60), the centre is (210,170). Straight down is
+    // 180 degrees, which maps (x,y) to (420-x, 340-y).
+    drag({210, 60}, {210, 280});
+    QCOMPARE(m_canvas->page().angle(), 180.0f);
+    QCOMPARE(m_canvas->page().surface().pixel(210, 280), 0xFF4040FF); // the knob
+    drag({210, 170}, {220, 165});
+    drag({390, 10}, {390, 10});
+    QVERIFY(!m_canvas->page().isBusy());
+
+    // An outline of a box reaches one pixel beyond its far corner, (120,105)-(321,226), and is turned about (220,165).
+    const QImage &picture = m_canvas->page().picture();
+    for (const QPoint &ink : {QPoint(119, 165), QPoint(319, 165), QPoint(220, 104), QPoint(220, 224)})
+        QCOMPARE(picture.pixel(ink), 0xFFFF0000);
+    for (const QPoint &blank :
+         {QPoint(115, 165), QPoint(323, 165), QPoint(220, 100), QPoint(220, 228), QPoint(220, 165)})
+        QCOMPARE(picture.pixel(blank), 0xFFFFFFFF);
+    QCOMPARE(m_canvas->page().surface(), picture);
+}
+
+void tst_Canvas::theLettingGoPressStartsNothing()
+{
+    choose("rectangle");
+    drag({100, 100}, {200, 160});
+    drag({250, 50}, {380, 200});
+    QVERIFY(!m_canvas->page().isBusy());
+    const QImage box =
+        paper(kSize, [](QPainter &painter) { drawBox(painter, Qt::red, 4, QPoint(100, 100), QPoint(200, 160)); });
+    QCOMPARE(m_canvas->page().picture(), box);
+    QCOMPARE(m_canvas->page().surface(), box);
+
+    drag({250, 50}, {380, 200}); // the next one does
+    QVERIFY(m_canvas->page().isBusy());
+}
+
+// Rows 48 to 51. Positions between pixels are cut, never rounded.
+void tst_Canvas::drawsWithAPen()
+{
+    pen(QEvent::TabletPress, {20.9, 50.9});
+    pen(QEvent::TabletMove, {80.9, 50.9});
+    QCOMPARE(m_canvas->page().surface().pixel(50, 48), 0xFFFF0000);
+    pen(QEvent::TabletRelease, {80.9, 50.9});
+    QVERIFY(!m_canvas->page().isBusy());
+    QCOMPARE(m_canvas->page().picture().pixel(50, 47), 0xFFFFFFFF);
+    QCOMPARE(m_canvas->page().picture().pixel(50, 48), 0xFFFF0000);
+    QCOMPARE(m_canvas->page().picture().pixel(50, 51), 0xFFFF0000);
+    QCOMPARE(m_canvas->page().picture().pixel(50, 52), 0xFFFFFFFF);
+
+    pen(QEvent::TabletPress, {20, 200}, Qt::RightButton); // the button on the barrel
+    pen(QEvent::TabletMove, {80, 200}, Qt::RightButton);
+    pen(QEvent::TabletRelease, {80, 200}, Qt::RightButton);
+    QCOMPARE(m_canvas->page().picture().pixel(50, 200), 0xFFFFFFFF);
+}
+
+void tst_Canvas::drawsWithAFinger()
+{
+    choose("rectangle");
+    touch().press(0, QPoint(100, 100), m_canvas.get());
+    touch().move(0, QPoint(150, 130), m_canvas.get());
+    touch().move(0, QPoint(200, 160), m_canvas.get());
+    touch().release(0, QPoint(200, 160), m_canvas.get());
+    QVERIFY(m_canvas->page().isBusy());
+
+    touch().press(0, QPoint(300, 20), m_canvas.get());
+    touch().release(0, QPoint(300, 20), m_canvas.get());
+    QVERIFY(!m_canvas->page().isBusy());
+    QCOMPARE(m_canvas->page().picture(),
+             paper(kSize, [](QPainter &painter) { drawBox(painter, Qt::red, 4, QPoint(100, 100), QPoint(200, 160)); }));
+}
+
+void tst_Canvas::ignoresASecondFinger()
+{
+    choose("line");
+    touch().press(0, QPoint(50, 50), m_canvas.get());
+    touch().stationary(0).press(1, QPoint(300, 200), m_canvas.get());
+    touch().stationary(0).move(1, QPoint(300, 250), m_canvas.get());
+    touch().stationary(0).release(1, QPoint(300, 250), m_canvas.get());
+    touch().move(0, QPoint(100, 50), m_canvas.get());
+    touch().stationary(0).press(2, QPoint(300, 200), m_canvas.get());
+    touch().release(0, QPoint(150, 50), m_canvas.get()).stationary(2);
+    touch().move(2, QPoint(200, 280), m_canvas.get());
+    touch().release(2, QPoint(200, 280), m_canvas.get());
+    m_canvas->finish();
+    QCOMPARE(m_canvas->page().picture(),
+             paper(kSize, [](QPainter &painter) { drawLine(painter, Qt::red, 4, QPoint(50, 50), QPoint(150, 50)); }));
+}
+
+void tst_Canvas::aCancelledTouchKeepsTheInk()
+{
+    touch().press(0, QPoint(20, 50), m_canvas.get());
+    touch().move(0, QPoint(80, 50), m_canvas.get());
+    QTouchEvent cancel(QEvent::TouchCancel, m_screen);
+    QCoreApplication::sendEvent(m_canvas.get(), &cancel);
+    QVERIFY(!m_canvas->page().isBusy());
+    QCOMPARE(m_canvas->page().picture().pixel(50, 50), 0xFFFF0000);
+    touch().release(0, QPoint(80, 250), m_canvas.get());
+    QCOMPARE(m_canvas->page().picture().pixel(80, 200), 0xFFFFFFFF);
+}
+
+void tst_Canvas::ignoresTheOtherButtons()
+{
+    mouse(QEvent::MouseButtonPress, {20, 50}, Qt::RightButton);
+    mouse(QEvent::MouseMove, {80, 50}, Qt::RightButton);
+    mouse(QEvent::MouseButtonRelease, {80, 50}, Qt::RightButton);
+    QVERIFY(!m_canvas->page().canUndo());
+}
+
+void tst_Canvas::ignoresMouseEventsMadeFromTouches()
+{
+    mouse(QEvent::MouseButtonPress, {20, 50}, Qt::LeftButton, Qt::MouseEventSynthesizedBySystem);
+    mouse(QEvent::MouseMove, {80, 50}, Qt::LeftButton, Qt::MouseEventSynthesizedBySystem);
+    mouse(QEvent::MouseButtonRelease, {80, 50}, Qt::LeftButton, Qt::MouseEventSynthesizedBySystem);
+    QVERIFY(!m_canvas->page().canUndo());
+}
+
+void tst_Canvas::oneDeviceAtATime()
+{
+    choose("line");
+    pen(QEvent::TabletPress, {50, 50});
+    drag({300, 200}, {350, 250});
+    pen(QEvent::TabletMove, {100, 50});
+    pen(QEvent::TabletRelease, {150, 50});
+    m_canvas->finish();
+    QCOMPARE(m_canvas->page().picture(),
+             paper(kSize, [](QPainter &painter) { drawLine(painter, Qt::red, 4, QPoint(50, 50), QPoint(150, 50)); }));
+}
+
+// The window system turns the second press into a double click.
+void tst_Canvas::drawsTwoFastStrokes()
+{
+    drag({20, 50}, {80, 50});
+    mouse(QEvent::MouseButtonDblClick, {20, 100});
+    mouse(QEvent::MouseMove, {80, 100});
+    mouse(QEvent::MouseButtonRelease, {80, 100});
+    QCOMPARE(m_canvas->page().picture().pixel(50, 50), 0xFFFF0000);
+    QCOMPARE(m_canvas->page().picture().pixel(50, 100), 0xFFFF0000);
+    m_canvas->undo();
+    QCOMPARE(m_canvas->page().picture().pixel(50, 50), 0xFFFF0000);
+    QCOMPARE(m_canvas->page().picture().pixel(50, 100), 0xFFFFFFFF);
+}
+
+void tst_Canvas::tellsOnlyAnObjectInTheMakingOfADoubleClick()
+{
+    m_canvas->setTool(kTwoGestures);
+    mouse(QEvent::MouseButtonDblClick, {50, 50}); // the first press of an object
+    mouse(QEvent::MouseButtonRelease, {50, 50});
+    mouse(QEvent::MouseButtonPress, {90, 90});
+    mouse(QEvent::MouseButtonRelease, {90, 90});
+    mouse(QEvent::MouseButtonDblClick, {90, 90});
+    mouse(QEvent::MouseButtonRelease, {90, 90});
+    auto &codes = TwoGestures::s_codes;
+    codes.erase(std::remove(codes.begin(), codes.end(), 0), codes.end());
+    QCOMPARE(codes, (std::vector<int>{PT_DOWN, PT_UP, PT_DOWN, PT_UP, PT_DOWN, PT_DBLCLK, PT_UP}));
+}
+
+void tst_Canvas::neverAsksForHandlesDuringADrag()
+{
+    m_canvas->setTool(kTwoGestures);
+    hover({10, 10});
+    drag({50, 50}, {90, 90});
+    hover({95, 95});
+    QCOMPARE(TwoGestures::s_codes, (std::vector<int>{PT_DOWN, PT_MOVE, PT_MOVE, PT_UP, 0, 0}));
+}
+
+void tst_Canvas::showsWhatAPressWouldDo()
+{
+    choose("rectangle");
+    QCOMPARE(m_canvas->cursor().shape(), Qt::CrossCursor);
+    drag({100, 100}, {200, 160}); // frame (90,90)-(210,170)
+    const std::pair<QPointF, Qt::CursorShape> places[] = {
+        {{90, 90}, Qt::SizeFDiagCursor}, {{150, 90}, Qt::SizeVerCursor},    {{210, 90}, Qt::SizeBDiagCursor},
+        {{90, 130}, Qt::SizeHorCursor},  {{210, 130}, Qt::SizeHorCursor},   {{90, 170}, Qt::SizeBDiagCursor},
+        {{150, 170}, Qt::SizeVerCursor}, {{210, 170}, Qt::SizeFDiagCursor}, {{150, 60}, Qt::BitmapCursor},
+        {{130, 130}, Qt::SizeAllCursor}, {{300, 20}, Qt::CrossCursor},
+    };
+    for (const auto &[pos, shape] : places) {
+        hover(pos);
+        QCOMPARE(m_canvas->cursor().shape(), shape);
+    }
+    hover({130, 130});
+    m_canvas->finish();
+    QCOMPARE(m_canvas->cursor().shape(), Qt::CrossCursor);
+}
+
+// Turned by 90 degrees about (150,130) the corner (90,90) comes to (190,70), the upper edge's handle (150,90) to
+// (190,130) and the knob (150,60) to (220,130).
+void tst_Canvas::cursorsTurnWithTheObject()
+{
+    choose("rectangle");
+    drag({100, 100}, {200, 160});
+    drag({150, 60}, {250, 130});
+    QCOMPARE(m_canvas->page().angle(), 90.0f);
+    hover({190, 70});
+    QCOMPARE(m_canvas->cursor().shape(), Qt::SizeBDiagCursor);
+    hover({190, 130});
+    QCOMPARE(m_canvas->cursor().shape(), Qt::SizeHorCursor);
+    hover({220, 130});
+    QCOMPARE(m_canvas->cursor().shape(), Qt::BitmapCursor);
+}
+
+void tst_Canvas::letsGoWhenTheToolChanges()
+{
+    choose("rectangle");
+    mouse(QEvent::MouseButtonPress, {100, 100});
+    mouse(QEvent::MouseMove, {200, 160});
+    choose("line"); // in the middle of the drag
+    QVERIFY(!m_canvas->page().isBusy());
+    mouse(QEvent::MouseMove, {300, 250});
+    mouse(QEvent::MouseButtonRelease, {300, 250});
+    QVERIFY(!m_canvas->page().isBusy());
+    QCOMPARE(m_canvas->page().picture(),
+             paper(kSize, [](QPainter &painter) { drawBox(painter, Qt::red, 4, QPoint(100, 100), QPoint(200, 160)); }));
+}
+
+// The segment (20,50)-(80,50), made 4 pixels higher below and grown by 20: (0,30)-(100,74).
+void tst_Canvas::repaintsNoMoreThanTheEventChanged()
+{
+    mouse(QEvent::MouseButtonPress, {20, 50});
+    QCoreApplication::processEvents();
+    PaintWatch watch(*m_canvas);
+    mouse(QEvent::MouseMove, {80, 50});
+    QTRY_COMPARE(watch.painted, QRegion(0, 30, 101, 45));
+}
+
+void tst_Canvas::showsTheSurface()
+{
+    choose("rectangle");
+    drag({100, 100}, {200, 160});
+    QCOMPARE(m_canvas->grab().toImage().convertToFormat(QImage::Format_RGB32), m_canvas->page().surface());
+}
+
+void tst_Canvas::keepsInkInASmallerWindow()
+{
+    drag({200, 250}, {380, 250});
+    const QImage picture = m_canvas->page().picture().copy();
+    m_canvas->resize(100, 80);
+    QTRY_COMPARE(m_canvas->size(), QSize(100, 80));
+    QCOMPARE(m_canvas->page().picture(), picture);
+    m_canvas->resize(500, 320);
+    QTRY_COMPARE(m_canvas->page().rect(), QRect(0, 0, 500, 320));
+    QCOMPARE(m_canvas->page().picture().copy(0, 0, 400, 300), picture);
+}
+
+QTEST_MAIN(tst_Canvas)
+#include "tst_Canvas.moc"

@@ -1,0 +1,387 @@
+#include "Canvas.h"
+#include "ColorRow.h"
+#include "MainWindow.h"
+#include "Paper.h"
+#include "WidthControl.h"
+
+#include <QtCore/QSet>
+#include <QtCore/QTemporaryDir>
+#include <QtCore/QTimer>
+#include <QtTest/QtTest>
+#include <QtWidgets/QAction>
+#include <QtWidgets/QApplication>
+#include <QtWidgets/QColorDialog>
+#include <QtWidgets/QFileDialog>
+#include <QtWidgets/QLabel>
+#include <QtWidgets/QMessageBox>
+#include <QtWidgets/QShortcut>
+#include <QtWidgets/QSlider>
+#include <QtWidgets/QToolButton>
+
+using namespace Board;
+
+namespace {
+
+const QSize kSize(800, 500);
+const QColor kBlack(0x1B, 0x1F, 0x24);
+
+// Runs `use` with the next modal dialog of that class, as soon as it is there.
+template <typename Dialog, typename Use>
+void whenAsked(Use use)
+{
+    auto *timer = new QTimer(qApp);
+    QObject::connect(timer, &QTimer::timeout, timer, [timer, use] {
+        if (auto *dialog = qobject_cast<Dialog *>(QApplication::activeModalWidget())) {
+            timer->deleteLater();
+            timer->stop();
+            use(*dialog);
+        }
+    });
+    timer->start(10);
+}
+
+} // namespace
+
+class tst_MainWindow : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void init();
+    void cleanup();
+
+    void startsWithAPageOfTheAskedSize();
+    void choosesToolsByKey_data();
+    void choosesToolsByKey();
+    void lightsOneToolAtATime();
+    void drawsWithTheToolThatIsChosen();
+    void picksColoursByKey();
+    void setsTheWidthByKey();
+    void finishesWithEsc();
+    void letsGoWhenTheToolChanges();
+    void undoesByKey();
+    void clearsByKey();
+    void enablesUndoWhileThereIsSomething();
+    void saysWhatCanBeDone();
+    void everythingHasAKeyAndAName();
+    void exportsThePage();
+    void saysWhyAnExportFailed();
+    void keepsTheOldFileWhenAnExportFails();
+    void takesAColourOfItsOwn();
+    void keepsTheColourWhenTheDialogIsLeft();
+    void closesABlankPageByKey();
+    void asksBeforeInkIsLost();
+    void doesNotAskForNothing();
+
+private:
+    void key(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
+    {
+        QTest::keyClick(m_window.get(), Qt::Key(key), modifiers);
+    }
+    void drag(const QPoint &from, const QPoint &to);
+    QAction *action(const char *name) { return m_window->findChild<QAction *>(QString::fromLatin1(name)); }
+    const Page &page() { return m_window->canvas().page(); }
+
+    std::unique_ptr<MainWindow> m_window;
+    const QTemporaryDir m_folder;
+};
+
+void tst_MainWindow::initTestCase()
+{
+    QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
+}
+
+void tst_MainWindow::init()
+{
+    m_window = std::make_unique<MainWindow>(kSize);
+    m_window->show();
+    QApplication::setActiveWindow(m_window.get());
+    QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
+}
+
+void tst_MainWindow::cleanup()
+{
+    m_window.reset();
+}
+
+void tst_MainWindow::drag(const QPoint &from, const QPoint &to)
+{
+    QTest::mousePress(&m_window->canvas(), Qt::LeftButton, Qt::NoModifier, from);
+    QTest::mouseRelease(&m_window->canvas(), Qt::LeftButton, Qt::NoModifier, to);
+}
+
+void tst_MainWindow::startsWithAPageOfTheAskedSize()
+{
+    QVERIFY(page().rect().contains(QRect(QPoint(), kSize)));
+    QVERIFY(page().rect().height() == 500);
+    QCOMPARE(page().picture(), blankPaper(page().rect().size()));
+}
+
+void tst_MainWindow::choosesToolsByKey_data()
+{
+    QTest::addColumn<int>("key");
+    QTest::addColumn<QString>("tool");
+
+    QTest::newRow("pencil") << int(Qt::Key_P) << QStringLiteral("pencil");
+    QTest::newRow("line") << int(Qt::Key_L) << QStringLiteral("line");
+    QTest::newRow("arrow line") << int(Qt::Key_A) << QStringLiteral("arrow-line");
+    QTest::newRow("rectangle") << int(Qt::Key_R) << QStringLiteral("rectangle");
+    QTest::newRow("rounded rectangle") << int(Qt::Key_U) << QStringLiteral("rounded-rectangle");
+}
+
+void tst_MainWindow::choosesToolsByKey()
+{
+    QFETCH(int, key);
+    QFETCH(QString, tool);
+    m_window->chooseTool(*findTool(tool == QLatin1String("line") ? QStringLiteral("pencil") : QStringLiteral("line")));
+    QVERIFY(!m_window->findChild<QAction *>(tool)->isChecked());
+    this->key(key);
+    QVERIFY(m_window->findChild<QAction *>(tool)->isChecked());
+}
+
+void tst_MainWindow::lightsOneToolAtATime()
+{
+    key(Qt::Key_R);
+    key(Qt::Key_L);
+    QVERIFY(action("line")->isChecked());
+    QVERIFY(!action("rectangle")->isChecked());
+    QVERIFY(!action("pencil")->isChecked());
+    key(Qt::Key_L); // again: stays on
+    QVERIFY(action("line")->isChecked());
+}
+
+void tst_MainWindow::drawsWithTheToolThatIsChosen()
+{
+    key(Qt::Key_R);
+    drag(QPoint(100, 100), QPoint(200, 160));
+    key(Qt::Key_Escape);
+    QCOMPARE(page().picture(), paper(page().rect().size(), [](QPainter &painter) {
+                 drawBox(painter, kBlack, 4, QPoint(100, 100), QPoint(200, 160));
+             }));
+}
+
+// Each stroke begins right after the key.
+void tst_MainWindow::picksColoursByKey()
+{
+    const QRgb colors[] = {0xFF1B1F24, 0xFF6B7685, 0xFFD62839, 0xFFF28C13,
+                           0xFF2A9D4A, 0xFF1F6FD6, 0xFF8338B8, 0xFF8A5A33};
+    for (int i = 0; i < 8; ++i) {
+        key(Qt::Key_1 + i);
+        const int y = 40 + 20 * i;
+        drag(QPoint(100, y), QPoint(200, y));
+        QCOMPARE(page().picture().pixel(150, y), colors[i]);
+    }
+}
+
+void tst_MainWindow::setsTheWidthByKey()
+{
+    auto *width = m_window->findChild<WidthControl *>();
+    QCOMPARE(width->inkWidth(), 4);
+    key(Qt::Key_BracketRight);
+    key(Qt::Key_BracketRight);
+    QCOMPARE(width->inkWidth(), 6);
+    drag(QPoint(100, 100), QPoint(200, 100)); // rows 97 to 102
+    QCOMPARE(page().picture().pixel(150, 96), 0xFFFFFFFF);
+    QCOMPARE(page().picture().pixel(150, 97), kBlack.rgb());
+    QCOMPARE(page().picture().pixel(150, 102), kBlack.rgb());
+    QCOMPARE(page().picture().pixel(150, 103), 0xFFFFFFFF);
+
+    for (int i = 0; i < 10; ++i)
+        key(Qt::Key_BracketLeft);
+    QCOMPARE(width->inkWidth(), 1);
+    for (int i = 0; i < 50; ++i)
+        key(Qt::Key_BracketRight);
+    QCOMPARE(width->inkWidth(), 40);
+}
+
+void tst_MainWindow::finishesWithEsc()
+{
+    key(Qt::Key_R);
+    drag(QPoint(100, 100), QPoint(200, 160));
+    QVERIFY(page().isBusy());
+    key(Qt::Key_Escape);
+    QVERIFY(!page().isBusy());
+    QCOMPARE(page().surface(), page().picture());
+    QCOMPARE(page().picture().pixel(150, 100), kBlack.rgb());
+}
+
+void tst_MainWindow::letsGoWhenTheToolChanges()
+{
+    key(Qt::Key_R);
+    drag(QPoint(100, 100), QPoint(200, 160));
+    key(Qt::Key_P);
+    QVERIFY(!page().isBusy());
+    QCOMPARE(page().picture().pixel(150, 100), kBlack.rgb());
+}
+
+void tst_MainWindow::undoesByKey()
+{
+    key(Qt::Key_L);
+    drag(QPoint(100, 100), QPoint(200, 100));
+    key(Qt::Key_Escape);
+    drag(QPoint(100, 200), QPoint(200, 200)); // still being edited
+    key(Qt::Key_Z, Qt::ControlModifier);
+    QVERIFY(!page().isBusy());
+    QCOMPARE(page().surface().pixel(150, 100), kBlack.rgb());
+    QCOMPARE(page().surface().pixel(150, 200), 0xFFFFFFFF);
+    key(Qt::Key_Z, Qt::ControlModifier);
+    QCOMPARE(page().surface(), blankPaper(page().rect().size()));
+    key(Qt::Key_Z, Qt::ControlModifier); // nothing left
+}
+
+void tst_MainWindow::clearsByKey()
+{
+    drag(QPoint(100, 100), QPoint(200, 100));
+    key(Qt::Key_L);
+    drag(QPoint(100, 200), QPoint(200, 200));
+    key(Qt::Key_Backspace, Qt::ControlModifier | Qt::ShiftModifier);
+    QVERIFY(!page().isBusy());
+    QCOMPARE(page().surface(), blankPaper(page().rect().size()));
+    key(Qt::Key_Z, Qt::ControlModifier);
+    QCOMPARE(page().surface().pixel(150, 100), kBlack.rgb());
+    QCOMPARE(page().surface().pixel(150, 200), kBlack.rgb());
+}
+
+void tst_MainWindow::enablesUndoWhileThereIsSomething()
+{
+    QVERIFY(!action("undo")->isEnabled());
+    drag(QPoint(100, 100), QPoint(200, 100));
+    QVERIFY(action("undo")->isEnabled());
+    action("undo")->trigger();
+    QVERIFY(!action("undo")->isEnabled());
+}
+
+void tst_MainWindow::saysWhatCanBeDone()
+{
+    const auto *hint = m_window->findChild<QLabel *>(QStringLiteral("hint"));
+    QCOMPARE(hint->text(), QStringLiteral("Pencil: drag on the page to draw."));
+    key(Qt::Key_R);
+    QCOMPARE(hint->text(), QStringLiteral("Rectangle: drag on the page to draw."));
+    drag(QPoint(100, 100), QPoint(200, 160));
+    QCOMPARE(hint->text(), QStringLiteral("Drag a handle to change the object. Esc or a press beside it lets it go."));
+}
+
+void tst_MainWindow::everythingHasAKeyAndAName()
+{
+    QSet<QString> keys;
+    int count = 0;
+    for (const QAction *action : m_window->findChildren<QAction *>()) {
+        if (action->objectName().isEmpty())
+            continue; // not ours
+        keys.insert(action->shortcut().toString());
+        ++count;
+    }
+    for (const QShortcut *shortcut : m_window->findChildren<QShortcut *>()) {
+        keys.insert(shortcut->key().toString());
+        ++count;
+    }
+    QVERIFY(count >= 5 + 9 + 7); // tools, colours, actions
+    QCOMPARE(keys.size(), count);
+    QVERIFY(!keys.contains(QString()));
+
+    for (const QAbstractButton *button : m_window->findChildren<QAbstractButton *>()) {
+        QVERIFY(!button->accessibleName().isEmpty());
+        QVERIFY2(button->focusPolicy() & Qt::TabFocus, qPrintable(button->accessibleName()));
+        QVERIFY2(button->toolTip().contains(QLatin1Char('(')), qPrintable(button->accessibleName()));
+    }
+    QVERIFY(m_window->findChild<QSlider *>()->focusPolicy() & Qt::TabFocus);
+}
+
+void tst_MainWindow::exportsThePage()
+{
+    key(Qt::Key_R);
+    drag(QPoint(100, 100), QPoint(200, 160));
+    const QString file = m_folder.filePath(QStringLiteral("page.png"));
+    whenAsked<QFileDialog>([&](QFileDialog &dialog) {
+        dialog.selectFile(file);
+        QMetaObject::invokeMethod(&dialog, "accept");
+    });
+    key(Qt::Key_E, Qt::ControlModifier);
+
+    QVERIFY(!page().isBusy());
+    const QImage written(file);
+    QCOMPARE(written.convertToFormat(QImage::Format_RGB32), page().picture());
+    QCOMPARE(written.pixel(150, 100), kBlack.rgb());
+    QCOMPARE(m_window->findChild<QLabel *>(QStringLiteral("hint"))->text(), QStringLiteral("Saved as %1").arg(file));
+}
+
+void tst_MainWindow::saysWhyAnExportFailed()
+{
+    const QString file = m_folder.filePath(QStringLiteral("missing/page.png"));
+    QCOMPARE(m_window->exportPage(file), file + QStringLiteral(": cannot be written: No such file or directory"));
+}
+
+void tst_MainWindow::keepsTheOldFileWhenAnExportFails()
+{
+    QVERIFY(!m_window->exportPage(m_folder.path()).isEmpty()); // a folder is no file
+    QVERIFY(QFileInfo(m_folder.path()).isDir());
+}
+
+void tst_MainWindow::takesAColourOfItsOwn()
+{
+    whenAsked<QColorDialog>([](QColorDialog &dialog) {
+        dialog.setCurrentColor(QColor(1, 200, 3));
+        dialog.accept();
+    });
+    key(Qt::Key_9);
+    drag(QPoint(100, 100), QPoint(200, 100));
+    QCOMPARE(page().picture().pixel(150, 100), 0xFF01C803);
+}
+
+void tst_MainWindow::keepsTheColourWhenTheDialogIsLeft()
+{
+    key(Qt::Key_3);
+    whenAsked<QColorDialog>([](QColorDialog &dialog) { dialog.reject(); });
+    key(Qt::Key_9);
+    drag(QPoint(100, 100), QPoint(200, 100));
+    QCOMPARE(page().picture().pixel(150, 100), 0xFFD62839);
+    QString checked;
+    for (const ColorSwatch *swatch : m_window->findChildren<ColorSwatch *>()) {
+        if (swatch->isChecked())
+            checked += swatch->accessibleName();
+    }
+    QCOMPARE(checked, QStringLiteral("Red"));
+}
+
+void tst_MainWindow::closesABlankPageByKey()
+{
+    key(Qt::Key_Q, Qt::ControlModifier);
+    QTRY_VERIFY(!m_window->isVisible());
+}
+
+void tst_MainWindow::asksBeforeInkIsLost()
+{
+    int asked = 0;
+    const auto answer = [&](QMessageBox::StandardButton button) {
+        whenAsked<QMessageBox>([&asked, button](QMessageBox &box) {
+            ++asked;
+            box.button(button)->click();
+        });
+    };
+    key(Qt::Key_R);
+    drag(QPoint(100, 100), QPoint(200, 160)); // not even let go
+    answer(QMessageBox::Cancel);
+    QVERIFY(!m_window->close());
+    QCOMPARE(asked, 1);
+    QCOMPARE(page().picture().pixel(150, 100), kBlack.rgb());
+
+    answer(QMessageBox::Discard);
+    QVERIFY(m_window->close());
+    QCOMPARE(asked, 2);
+}
+
+void tst_MainWindow::doesNotAskForNothing()
+{
+    drag(QPoint(100, 100), QPoint(200, 100));
+    QCOMPARE(m_window->exportPage(m_folder.filePath(QStringLiteral("kept.png"))), QString());
+    QVERIFY(m_window->close());
+
+    m_window->show();
+    drag(QPoint(100, 200), QPoint(200, 200));
+    m_window->setAsksBeforeClosing(false);
+    QVERIFY(m_window->close());
+}
+
+QTEST_MAIN(tst_MainWindow)
+#include "tst_MainWindow.moc"

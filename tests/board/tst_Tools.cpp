@@ -1,0 +1,112 @@
+#include "ToolIcon.h"
+#include "Tools.h"
+
+#include "CInkGraph.h"
+
+#include <QtCore/QSet>
+#include <QtGui/QKeySequence>
+#include <QtTest/QtTest>
+
+using namespace Board;
+
+class tst_Tools : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void knowsThePencilTheLinesAndTheBoxes();
+    void findsAToolByItsName();
+    void givesEachToolItsOwnNameAndKey();
+    void preparesAnObject_data();
+    void preparesAnObject();
+    void paintsAnIconInTheToolsOwnInk_data();
+    void paintsAnIconInTheToolsOwnInk();
+
+private:
+    static void eachTool();
+};
+
+void tst_Tools::eachTool()
+{
+    QTest::addColumn<QString>("name");
+    for (const Tool &tool : tools())
+        QTest::newRow(tool.name) << QString::fromLatin1(tool.name);
+}
+
+void tst_Tools::knowsThePencilTheLinesAndTheBoxes()
+{
+    for (const char *name : {"pencil", "line", "arrow-line", "rectangle", "rounded-rectangle"}) {
+        QVERIFY2(findTool(QString::fromLatin1(name)), name);
+        QVERIFY2(toolNames().split(QStringLiteral(", ")).contains(QString::fromLatin1(name)), name);
+    }
+}
+
+void tst_Tools::findsAToolByItsName()
+{
+    const Tool *tool = findTool(QStringLiteral("rounded-rectangle"));
+    QVERIFY(tool);
+    QCOMPARE(tool->name, "rounded-rectangle");
+    QVERIFY(!findTool(QStringLiteral("Pencil")));
+    QVERIFY(!findTool(QString()));
+}
+
+void tst_Tools::givesEachToolItsOwnNameAndKey()
+{
+    QSet<QString> names;
+    QSet<QString> titles;
+    QSet<QString> keys;
+    for (const Tool &tool : tools()) {
+        names.insert(QString::fromLatin1(tool.name));
+        titles.insert(toolTitle(tool));
+        keys.insert(QKeySequence(QString::fromLatin1(tool.shortcut)).toString());
+    }
+    const int count = int(tools().size());
+    QCOMPARE(names.size(), count);
+    QCOMPARE(titles.size(), count);
+    QCOMPARE(keys.size(), count);
+    QVERIFY(!keys.contains(QString()));
+}
+
+void tst_Tools::preparesAnObject_data()
+{
+    eachTool();
+}
+
+void tst_Tools::preparesAnObject()
+{
+    QFETCH(QString, name);
+    const auto object = createObject(*findTool(name), {QColor(10, 20, 30), 9}, QSize(100, 100));
+    QCOMPARE(object->m_color, QColor(10, 20, 30));
+    QCOMPARE(object->m_nWidth, 9);
+    QCOMPARE(object->m_nOwnerIP, 0x7F000001u);
+    QCOMPARE(object->m_nDrawerIP, 0x7F000001u);
+    QCOMPARE(object->m_bFinished, 0);
+}
+
+void tst_Tools::paintsAnIconInTheToolsOwnInk_data()
+{
+    eachTool();
+}
+
+// Some ink in the colour asked for, no handles, and none on the rim, where it would look cut off.
+void tst_Tools::paintsAnIconInTheToolsOwnInk()
+{
+    QFETCH(QString, name);
+    const QImage ink = sampleInk(*findTool(name), {Qt::red, 3});
+    QCOMPARE(ink.size(), QSize(32, 32));
+    int pixels = 0;
+    for (int y = 0; y < 32; ++y) {
+        for (int x = 0; x < 32; ++x) {
+            const QColor color = ink.pixelColor(x, y);
+            if (color.alpha() == 0)
+                continue;
+            ++pixels;
+            QVERIFY(color.red() > 0 && color.green() == 0 && color.blue() == 0);
+            QVERIFY2(x > 0 && y > 0 && x < 31 && y < 31, qPrintable(QStringLiteral("%1,%2").arg(x).arg(y)));
+        }
+    }
+    QVERIFY2(pixels > 50, qPrintable(QString::number(pixels)));
+}
+
+QTEST_MAIN(tst_Tools)
+#include "tst_Tools.moc"
