@@ -4,6 +4,7 @@
 #include <QtGui/QPainterPath>
 #include <QtGui/QPixmap>
 
+#include <cmath>
 #include <optional>
 
 namespace Board {
@@ -72,7 +73,7 @@ QCursor cursorFor(ModifyType type, float angle)
     const std::optional<int> direction = directionOf(type);
     if (!direction)
         return Qt::CrossCursor;
-    const int eighths = int(angle / 45.0f + 0.5f);
+    const long eighths = std::lround(angle / 45.0f);
     return kArrows[(*direction + eighths) % 4];
 }
 

@@ -8,6 +8,7 @@
 #include "WidthControl.h"
 
 #include <QtGui/QCloseEvent>
+#include <QtGui/QScreen>
 #include <QtWidgets/QAction>
 #include <QtWidgets/QFileDialog>
 #include <QtWidgets/QFrame>
@@ -62,7 +63,7 @@ MainWindow::MainWindow(const QSize &pageSize)
     connectControls();
     showState();
     m_canvas->setFocus(); // so that no button starts with the ring of the keyboard around it
-    resize(sizeHint());   // without this Qt takes no more than two thirds of the screen
+    resize(sizeHint().boundedTo(screen()->availableSize())); // Qt alone takes two thirds of the screen at most
 }
 
 QAction *MainWindow::addAction(const char *name, const QString &title, const QString &shortcut)

@@ -27,7 +27,7 @@ QRect Page::feed(int code, const QPoint &pt)
     QRect update;
     m_object->AddPoint(code, pt, update);
     const QRect reach = update | m_object->GetUpdateRect();
-    return m_object->m_bFinished ? commit(reach) : show(reach);
+    return m_object->m_bFinished ? commit(reach) : paint(reach);
 }
 
 QRect Page::finish()
@@ -52,7 +52,7 @@ float Page::angle() const
     return m_object ? m_object->GetRotateAngle() : 0.0f;
 }
 
-QRect Page::show(const QRect &reach)
+QRect Page::paint(const QRect &reach)
 {
     const QRect area = onPage(reach);
     m_touched |= area;
@@ -61,7 +61,7 @@ QRect Page::show(const QRect &reach)
     return area;
 }
 
-// The one Draw that also puts the object on the page and into the ink.
+// The painting of a committed object also puts it on the page and into the ink.
 QRect Page::commit(const QRect &reach)
 {
     const QRect area = onPage(reach);
@@ -71,11 +71,10 @@ QRect Page::commit(const QRect &reach)
                               : std::make_pair(m_layers.page().copy(area), m_layers.ink().copy(area));
     };
     const auto before = layers();
-    m_layers.showPage(area);
-    m_layers.draw(*m_object, area);
+    paint(reach);
     if (layers() != before)
         m_steps.push_back({std::move(m_object), reach});
-    return area | drop();
+    return drop();
 }
 
 // Forgets the object in progress and what it has left on the surface. A thick stroke is clipped to a tighter
@@ -128,7 +127,7 @@ void Page::replay()
         m_layers.draw(*step->object, onPage(step->reach));
     m_layers.showPage(rect());
     if (m_object)
-        show(rect());
+        paint(rect());
 }
 
 } // namespace Board

@@ -62,7 +62,7 @@ private:
     };
 
     QRect onPage(const QRect &reach) const { return reach & rect(); }
-    QRect show(const QRect &reach);
+    QRect paint(const QRect &reach);
     QRect commit(const QRect &reach);
     QRect drop();
     void replay();

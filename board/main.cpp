@@ -14,7 +14,7 @@ namespace {
 
 constexpr int kFailed = 2;
 
-// Makes do without a display and without a session, for a script or a service.
+// Makes do without a display and without a desktop, for a script or a service.
 class Offscreen
 {
 public:

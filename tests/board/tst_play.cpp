@@ -70,7 +70,7 @@ Result tst_play::run(const QStringList &arguments)
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     for (const char *name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM", "XDG_RUNTIME_DIR"})
         environment.remove(QString::fromLatin1(name));
-    // A window runs in a session.
+    // A window runs on a desktop, which gives it this directory.
     if (arguments.contains(QStringLiteral("-platform")))
         environment.insert(QStringLiteral("XDG_RUNTIME_DIR"), m_folder->path());
     QProcess process;
