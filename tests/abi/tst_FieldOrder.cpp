@@ -1,7 +1,13 @@
 // Hosts read and set public fields: their offsets are part of the binary interface. Offsets are bytes on x86-64.
 
 #include "CInk1ArrowLine.h"
+#include "CInkBeZier.h"
+#include "CInkDiamond.h"
+#include "CInkEllipse.h"
+#include "CInkITriangle.h"
+#include "CInkLTriangle.h"
 #include "CInkPencil.h"
+#include "CInkPolygon.h"
 #include "CInkRoundRect.h"
 
 #include <gtest/gtest.h>
@@ -77,6 +83,27 @@ TEST(FieldOrder, boxes)
     EXPECT_EQ(offset(box, box.m_penStyle), 472);
     EXPECT_EQ(sizeof(CInkRectangle), 480u);
     EXPECT_EQ(sizeof(CInkRoundRect), 480u);
+}
+
+TEST(FieldOrder, ellipse)
+{
+    const CInkEllipse ellipse;
+    EXPECT_EQ(offset(ellipse, ellipse.m_penStyle), 472);
+    EXPECT_EQ(sizeof(CInkEllipse), 480u);
+}
+
+TEST(FieldOrder, shapesOnTheBox)
+{
+    const CInkPolygon polygon;
+    const CInkBeZier curve(Qt::FlatCap, Qt::RoundCap, Qt::SolidLine);
+    EXPECT_EQ(offset(polygon, polygon.m_bFinishOnRelease), 476);
+    EXPECT_EQ(sizeof(CInkPolygon), 480u);
+    EXPECT_EQ(offset(curve, curve.m_capStyleBegin), 476);
+    EXPECT_EQ(offset(curve, curve.m_capStyleEnd), 480);
+    EXPECT_EQ(sizeof(CInkBeZier), 488u);
+    EXPECT_EQ(sizeof(CInkITriangle), 480u);
+    EXPECT_EQ(sizeof(CInkLTriangle), 480u);
+    EXPECT_EQ(sizeof(CInkDiamond), 480u);
 }
 
 TEST(FieldOrder, flagsAreInts)

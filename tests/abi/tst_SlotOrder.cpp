@@ -135,7 +135,8 @@ const std::vector<std::string> kPenSlots = appended(derived(kGraphSlots, "CInkPe
                                                     {"__cxa_pure_virtual", // GetDisIconRect
                                                      "CInkPenGraph::FormGraphData(int, QPoint, QRect&)"});
 
-constexpr size_t kGetDisIconRect = 24;
+constexpr size_t kFormGraphData = 24;  // of the boxes
+constexpr size_t kGetDisIconRect = 24; // of the pens
 
 // No object has an abstract class's own table at its destruction, so the compiler leaves these slots empty.
 std::vector<std::string> abstract(std::vector<std::string> slots)
@@ -169,4 +170,30 @@ TEST(SlotOrder, boxes)
 {
     EXPECT_EQ(slotsOf("CInkRectangle"), kRectangleSlots);
     EXPECT_EQ(slotsOf("CInkRoundRect"), derived(kRectangleSlots, "CInkRoundRect", {{Draw, "Draw(QPainter&, QRect&)"}}));
+}
+
+TEST(SlotOrder, ellipse)
+{
+    EXPECT_EQ(slotsOf("CInkEllipse"), derived(kGraphSlots, "CInkEllipse",
+                                              {{Draw, "Draw(QPainter&, QRect&)"},
+                                               {SetWidth, "SetWidth(int)"},
+                                               {GetPointCount, "GetPointCount()"},
+                                               {FinishGraph, "FinishGraph()"},
+                                               {GetUpdateRect, "GetUpdateRect()"},
+                                               {AddPoint, "AddPoint(int, QPoint, QRect&)"}}));
+}
+
+TEST(SlotOrder, shapesOnTheBox)
+{
+    for (const char *name : {"CInkITriangle", "CInkLTriangle", "CInkDiamond"}) {
+        EXPECT_EQ(slotsOf(name),
+                  derived(kRectangleSlots, name,
+                          {{Draw, "Draw(QPainter&, QRect&)"}, {kFormGraphData, "FormGraphData(int, QPoint, QRect&)"}}));
+    }
+    for (const char *name : {"CInkPolygon", "CInkBeZier"}) {
+        EXPECT_EQ(slotsOf(name), derived(kRectangleSlots, name,
+                                         {{Draw, "Draw(QPainter&, QRect&)"},
+                                          {GetUpdateRect, "GetUpdateRect()"},
+                                          {kFormGraphData, "FormGraphData(int, QPoint, QRect&)"}}));
+    }
 }

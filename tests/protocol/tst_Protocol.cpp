@@ -1,8 +1,14 @@
 // What every tool keeps of the protocol between host and object. A tool that differs is named where it does.
 
 #include "CInk1ArrowLine.h"
+#include "CInkBeZier.h"
+#include "CInkDiamond.h"
+#include "CInkEllipse.h"
+#include "CInkITriangle.h"
+#include "CInkLTriangle.h"
 #include "CInkLine.h"
 #include "CInkPencil.h"
+#include "CInkPolygon.h"
 #include "CInkRectangle.h"
 #include "CInkRoundRect.h"
 #include "Canvas.h"
@@ -29,14 +35,30 @@ Tool tool(const char *name)
     return {name, [] { return Graph(new Class); }};
 }
 
+template <typename Class>
+Tool styled(const char *name)
+{
+    return {name, [] { return Graph(new Class(Qt::DashLine)); }};
+}
+
 const Tool kTools[] = {
     tool<CInkPencil>("CInkPencil"),
     tool<CInkLine>("CInkLine"),
     tool<CInk1ArrowLine>("CInk1ArrowLine"),
     tool<CInkRectangle>("CInkRectangle"),
     tool<CInkRoundRect>("CInkRoundRect"),
-    {"CInkRectangle_penStyle", [] { return Graph(new CInkRectangle(Qt::DashLine)); }},
-    {"CInkRoundRect_penStyle", [] { return Graph(new CInkRoundRect(Qt::DashLine)); }},
+    tool<CInkEllipse>("CInkEllipse"),
+    tool<CInkITriangle>("CInkITriangle"),
+    tool<CInkLTriangle>("CInkLTriangle"),
+    tool<CInkDiamond>("CInkDiamond"),
+    tool<CInkPolygon>("CInkPolygon"),
+    {"CInkBeZier", [] { return Graph(new CInkBeZier(Qt::FlatCap, Qt::FlatCap, Qt::SolidLine)); }},
+    styled<CInkRectangle>("CInkRectangle_penStyle"),
+    styled<CInkRoundRect>("CInkRoundRect_penStyle"),
+    styled<CInkEllipse>("CInkEllipse_penStyle"),
+    styled<CInkITriangle>("CInkITriangle_penStyle"),
+    styled<CInkLTriangle>("CInkLTriangle_penStyle"),
+    styled<CInkDiamond>("CInkDiamond_penStyle"),
 };
 
 class Protocol : public ::testing::TestWithParam<Tool>

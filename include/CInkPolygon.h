@@ -1,0 +1,22 @@
+#pragma once
+
+#include "CInkRectangle.h"
+
+// Polygon set vertex by vertex: each release sets one, and a rubber-band edge follows the pointer to the next.
+//
+// Released within 5.0 pixels of its first vertex, or after a double click, it is complete and enters editing. A first
+// release within 2.0 pixels of its first vertex abandons it. While forming, the list holds m_nPointCount vertices and
+// the rubber-band point behind them.
+class INK_EXPORT CInkPolygon : public CInkRectangle
+{
+public:
+    CInkPolygon();
+    ~CInkPolygon() override;
+
+    using CInkGraph::Draw;
+    void Draw(QPainter &painter, QRect &rect) override;
+    QRect GetUpdateRect() override;
+    QRect FormGraphData(int code, QPoint pt, QRect &update) override;
+
+    int m_bFinishOnRelease{0}; // set by a double click: the next release completes the polygon as it stands
+};
