@@ -1,8 +1,14 @@
 #include "Tools.h"
 
 #include "CInk1ArrowLine.h"
+#include "CInkBeZier.h"
+#include "CInkDiamond.h"
+#include "CInkEllipse.h"
+#include "CInkITriangle.h"
+#include "CInkLTriangle.h"
 #include "CInkLine.h"
 #include "CInkPencil.h"
+#include "CInkPolygon.h"
 #include "CInkRectangle.h"
 #include "CInkRoundRect.h"
 
@@ -21,6 +27,11 @@ template <typename Object>
 std::unique_ptr<CInkGraph> plain(const QSize & /*canvas*/)
 {
     return std::make_unique<Object>();
+}
+
+std::unique_ptr<CInkGraph> curve(const QSize & /*canvas*/)
+{
+    return std::make_unique<CInkBeZier>(Qt::RoundCap, Qt::RoundCap, Qt::SolidLine);
 }
 
 std::vector<Tool> makeTable()
@@ -43,6 +54,24 @@ std::vector<Tool> makeTable()
          "U",
          plain<CInkRoundRect>,
          {{{4, 4}, {27, 27}}}},
+        {"ellipse", QT_TRANSLATE_NOOP("Board::Tool", "Ellipse"), "E", plain<CInkEllipse>, {{{4, 6}, {27, 25}}}},
+        {"triangle", QT_TRANSLATE_NOOP("Board::Tool", "Triangle"), "T", plain<CInkITriangle>, {{{4, 5}, {27, 26}}}},
+        {"right-triangle",
+         QT_TRANSLATE_NOOP("Board::Tool", "Right triangle"),
+         "Shift+T",
+         plain<CInkLTriangle>,
+         {{{5, 5}, {27, 26}}}},
+        {"diamond", QT_TRANSLATE_NOOP("Board::Tool", "Diamond"), "D", plain<CInkDiamond>, {{{4, 4}, {28, 28}}}},
+        {"polygon",
+         QT_TRANSLATE_NOOP("Board::Tool", "Polygon"),
+         "G",
+         plain<CInkPolygon>,
+         {{{5, 13}, {18, 4}}, {{18, 4}, {28, 14}}, {{28, 14}, {22, 28}}, {{22, 28}, {8, 26}}, {{8, 26}, {5, 13}}}},
+        {"curve",
+         QT_TRANSLATE_NOOP("Board::Tool", "Curve"),
+         "C",
+         curve,
+         {{{4, 26}, {28, 6}}, {{4, 26}, {8, -14}}, {{28, 6}, {24, 46}}}},
     };
 }
 

@@ -14,7 +14,7 @@ class tst_Tools : public QObject
     Q_OBJECT
 
 private slots:
-    void knowsThePencilTheLinesAndTheBoxes();
+    void knowsEveryToolByName();
     void findsAToolByItsName();
     void givesEachToolItsOwnNameAndKey();
     void preparesAnObject_data();
@@ -33,9 +33,10 @@ void tst_Tools::eachTool()
         QTest::newRow(tool.name) << QString::fromLatin1(tool.name);
 }
 
-void tst_Tools::knowsThePencilTheLinesAndTheBoxes()
+void tst_Tools::knowsEveryToolByName()
 {
-    for (const char *name : {"pencil", "line", "arrow-line", "rectangle", "rounded-rectangle"}) {
+    for (const char *name : {"pencil", "line", "arrow-line", "rectangle", "rounded-rectangle", "ellipse", "triangle",
+                             "right-triangle", "diamond", "polygon", "curve"}) {
         QVERIFY2(findTool(QString::fromLatin1(name)), name);
         QVERIFY2(toolNames().split(QStringLiteral(", ")).contains(QString::fromLatin1(name)), name);
     }
