@@ -89,6 +89,12 @@ inline qint64 height(const QRect &rect)
     return qint64(rect.bottom()) - rect.top() + 1;
 }
 
+// QRectF(rect), whose width does not wrap.
+inline QRectF real(const QRect &rect)
+{
+    return {double(rect.left()), double(rect.top()), double(width(rect)), double(height(rect))};
+}
+
 inline QRect grown(const QRect &rect, qint64 margin)
 {
     return grown(rect, margin, margin);

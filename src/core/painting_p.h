@@ -49,10 +49,11 @@ inline QRect clipUnlessFormed(CInkGraph &graph, const QRect &rect)
 
 // Paints an outline in the object's frame, over the handles while they are shown.
 template <typename PaintOutline>
-void paintOverHandles(CInkGraph &graph, QPainter &painter, const QPen &pen, const PaintOutline &paintOutline)
+void paintOverHandles(CInkGraph &graph, QPainter &painter, const QPen &pen, const PaintOutline &paintOutline,
+                      QPainter::RenderHints hints = QPainter::Antialiasing)
 {
     const PainterStateScope scope(painter);
-    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setRenderHints(hints);
     painter.setWorldTransform(objectFrame(graph));
     painter.setPen(pen);
     if (showsHandles(graph))

@@ -38,6 +38,5 @@ void CInkRoundRect::DrawRoundRect(QPainter &painter, QRect box)
 {
     const PainterStateScope scope(painter);
     painter.setBrush(Qt::NoBrush);
-    painter.drawRoundedRect(QRectF(box.left(), box.top(), double(width(box)), double(height(box))), kRoundness,
-                            kRoundness, Qt::RelativeSize);
+    painter.drawRoundedRect(real(box), kRoundness, kRoundness, Qt::RelativeSize);
 }

@@ -4,6 +4,7 @@
 #include "CInkBeZier.h"
 #include "CInkDiamond.h"
 #include "CInkEllipse.h"
+#include "CInkErro.h"
 #include "CInkITriangle.h"
 #include "CInkLTriangle.h"
 #include "CInkPencil.h"
@@ -90,6 +91,16 @@ TEST(FieldOrder, ellipse)
     const CInkEllipse ellipse;
     EXPECT_EQ(offset(ellipse, ellipse.m_penStyle), 472);
     EXPECT_EQ(sizeof(CInkEllipse), 480u);
+}
+
+TEST(FieldOrder, stencils)
+{
+    const CInkErro stencil;
+    EXPECT_EQ(offset(stencil, stencil.m_nOutlinePointCount), 472);
+    EXPECT_EQ(offset(stencil, stencil.m_penStyle), 476);
+    EXPECT_EQ(offset(stencil, stencil.m_previewData), 480);
+    EXPECT_EQ(sizeof(CInkSignGraph), 488u);
+    EXPECT_EQ(sizeof(CInkErro), 488u);
 }
 
 TEST(FieldOrder, shapesOnTheBox)

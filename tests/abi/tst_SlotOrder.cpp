@@ -135,8 +135,19 @@ const std::vector<std::string> kPenSlots = appended(derived(kGraphSlots, "CInkPe
                                                     {"__cxa_pure_virtual", // GetDisIconRect
                                                      "CInkPenGraph::FormGraphData(int, QPoint, QRect&)"});
 
-constexpr size_t kFormGraphData = 24;  // of the boxes
-constexpr size_t kGetDisIconRect = 24; // of the pens
+const std::vector<std::string> kStencilSlots =
+    appended(derived(kGraphSlots, "CInkSignGraph",
+                     {{Draw, "Draw(QPainter&, QRect&)"},
+                      {SetWidth, "SetWidth(int)"},
+                      {GetPointCount, "GetPointCount()"},
+                      {FinishGraph, "FinishGraph()"},
+                      {GetUpdateRect, "GetUpdateRect()"},
+                      {AddPoint, "AddPoint(int, QPoint, QRect&)"}}),
+             {"CInkSignGraph::FormGraphData(int, QPoint, QRect&)", "__cxa_pure_virtual"}); // NormalizeGraphData
+
+constexpr size_t kNormalizeGraphData = 25; // of the stencils
+constexpr size_t kFormGraphData = 24;      // of the boxes
+constexpr size_t kGetDisIconRect = 24;     // of the pens
 
 // No object has an abstract class's own table at its destruction, so the compiler leaves these slots empty.
 std::vector<std::string> abstract(std::vector<std::string> slots)
@@ -181,6 +192,22 @@ TEST(SlotOrder, ellipse)
                                                {FinishGraph, "FinishGraph()"},
                                                {GetUpdateRect, "GetUpdateRect()"},
                                                {AddPoint, "AddPoint(int, QPoint, QRect&)"}}));
+}
+
+TEST(SlotOrder, stencils)
+{
+    EXPECT_EQ(slotsOf("CInkSignGraph"), abstract(kStencilSlots));
+    for (const char *name :
+         {"CInk4Stars", "CInk5Side", "CInk5Stars", "CInk6Side", "CInk6Stars", "CInkBoom1", "CInkBoom2", "CInkDownArrow",
+          "CInkErro", "_H", "CInkLighting", "CInkRight", "CInkRightArrow", "CInkUpArrow"}) {
+        EXPECT_EQ(slotsOf(name),
+                  derived(kStencilSlots, name, {{kNormalizeGraphData, "NormalizeGraphData(QVector<QPointF>&)"}}));
+    }
+    for (const char *name : {"CInkCloudLabel", "CInkEllipseLabel", "CInkLove", "CInkRoundRectLabel"}) {
+        EXPECT_EQ(slotsOf(name), derived(kStencilSlots, name,
+                                         {{Draw, "Draw(QPainter&, QRect&)"},
+                                          {kNormalizeGraphData, "NormalizeGraphData(QVector<QPointF>&)"}}));
+    }
 }
 
 TEST(SlotOrder, shapesOnTheBox)

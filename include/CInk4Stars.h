@@ -1,0 +1,18 @@
+#pragma once
+
+#include "CInkSignGraph.h"
+
+// Star with four tips.
+class INK_EXPORT CInk4Stars : public CInkSignGraph
+{
+public:
+    CInk4Stars();
+
+    // Never forms a shape; see ink-stencil-pen-style.
+    explicit CInk4Stars(Qt::PenStyle style);
+    ~CInk4Stars() override;
+    void NormalizeGraphData(QVector<QPointF> &points) override;
+
+    // Writes the template into the list.
+    void InitGraphData();
+};

@@ -1,0 +1,19 @@
+#pragma once
+
+#include "CInkSignGraph.h"
+
+// Regular pentagon, apex up. Its leftmost point lies a little inside the dragged box, and the far side sticks out as
+// much.
+class INK_EXPORT CInk5Side : public CInkSignGraph
+{
+public:
+    CInk5Side();
+
+    // Never forms a shape; see ink-stencil-pen-style.
+    explicit CInk5Side(Qt::PenStyle style);
+    ~CInk5Side() override;
+    void NormalizeGraphData(QVector<QPointF> &points) override;
+
+    // Writes the template into the list.
+    void InitGraphData();
+};

@@ -1,0 +1,18 @@
+#pragma once
+
+#include "CInkSignGraph.h"
+
+// Explosion burst with 14 spikes.
+class INK_EXPORT CInkBoom2 : public CInkSignGraph
+{
+public:
+    CInkBoom2();
+
+    // Never forms a shape; see ink-stencil-pen-style.
+    explicit CInkBoom2(Qt::PenStyle style);
+    ~CInkBoom2() override;
+    void NormalizeGraphData(QVector<QPointF> &points) override;
+
+    // Writes the template into the list.
+    void InitGraphData();
+};

@@ -1,0 +1,18 @@
+#pragma once
+
+#include "CInkSignGraph.h"
+
+// Lightning bolt.
+class INK_EXPORT CInkLighting : public CInkSignGraph
+{
+public:
+    CInkLighting();
+
+    // Never forms a shape; see ink-stencil-pen-style.
+    explicit CInkLighting(Qt::PenStyle style);
+    ~CInkLighting() override;
+    void NormalizeGraphData(QVector<QPointF> &points) override;
+
+    // Writes the template into the list.
+    void InitGraphData();
+};

@@ -1,0 +1,18 @@
+#pragma once
+
+#include "CInkSignGraph.h"
+
+// Block arrow pointing up. While the pointer has not left the press it is previewed at 80 x 30.
+class INK_EXPORT CInkUpArrow : public CInkSignGraph
+{
+public:
+    CInkUpArrow();
+
+    // Never forms a shape; see ink-stencil-pen-style.
+    explicit CInkUpArrow(Qt::PenStyle style);
+    ~CInkUpArrow() override;
+    void NormalizeGraphData(QVector<QPointF> &points) override;
+
+    // Writes the template into the list.
+    void InitGraphData();
+};

@@ -1,0 +1,18 @@
+#pragma once
+
+#include "CInkSignGraph.h"
+
+// Block arrow pointing left.
+class INK_EXPORT _H : public CInkSignGraph // NOLINT(bugprone-reserved-identifier): the name is part of the interface
+{
+public:
+    _H();
+
+    // Never forms a shape; see ink-stencil-pen-style.
+    explicit _H(Qt::PenStyle style);
+    ~_H() override;
+    void NormalizeGraphData(QVector<QPointF> &points) override;
+
+    // Writes the template into the list.
+    void InitGraphData();
+};
