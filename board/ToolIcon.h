@@ -6,7 +6,7 @@
 
 namespace Board {
 
-// The tool's own ink: its sample gesture drawn by an object of the tool, on transparency.
+// The tool's own ink: its sample gestures drawn by an object of the tool, on transparency.
 QImage sampleInk(const Tool &tool, const Ink &ink);
 
 // With a lighter picture for the button that is switched on.

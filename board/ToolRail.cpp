@@ -6,62 +6,95 @@
 #include <QtWidgets/QAction>
 #include <QtWidgets/QActionGroup>
 #include <QtWidgets/QGridLayout>
+#include <QtWidgets/QLabel>
+#include <QtWidgets/QScrollBar>
 #include <QtWidgets/QToolButton>
 
 namespace Board {
 
 namespace {
 
-constexpr int kTitledRows = 8; // more tools than this go without their titles, in several columns
-constexpr int kPlainRows = 10;
-constexpr QSize kTitledButton{84, 64};
-constexpr QSize kPlainButton{52, 52};
-
-QToolButton *makeButton(QAction *action, bool titled, QWidget *parent)
-{
-    auto *button = new QToolButton(parent);
-    button->setDefaultAction(action);
-    button->setToolButtonStyle(titled ? Qt::ToolButtonTextUnderIcon : Qt::ToolButtonIconOnly);
-    button->setIconSize(QSize(kSampleSide, kSampleSide));
-    button->setFixedSize(titled ? kTitledButton : kPlainButton);
-    button->setFocusPolicy(Qt::TabFocus);
-    button->setAccessibleName(action->text());
-    return button;
-}
+constexpr int kColumns = 3;
+constexpr QSize kButton{48, 48}; // large enough for a finger
 
 } // namespace
 
 ToolRail::ToolRail(QWidget *parent)
-    : QFrame(parent)
+    : QScrollArea(parent)
     , m_actions(new QActionGroup(this))
 {
     setObjectName(QStringLiteral("rail"));
-    auto *grid = new QGridLayout(this);
-    grid->setContentsMargins(6, 10, 6, 10);
-    grid->setSpacing(4);
+    setFrameShape(QFrame::NoFrame);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setFocusPolicy(Qt::NoFocus);                             // the buttons take it
+    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Ignored); // the page decides how high the window is
 
-    const int count = int(tools().size());
-    const bool titled = count <= kTitledRows;
-    const int columns = titled ? 1 : (count + kPlainRows - 1) / kPlainRows;
-    for (int i = 0; i < count; ++i) {
-        const Tool &tool = tools()[std::size_t(i)];
-        const QString title = toolTitle(tool);
-        const QString shortcut = QLatin1String(tool.shortcut);
-        QAction *action = m_actions->addAction(toolIcon(tool), title);
-        action->setObjectName(QLatin1String(tool.name));
-        action->setCheckable(true);
-        action->setShortcut(QKeySequence(shortcut));
-        action->setToolTip(QStringLiteral("%1 (%2)").arg(title, shortcut));
-        connect(action, &QAction::triggered, this, [this, &tool] { emit chosen(tool); });
-        grid->addWidget(makeButton(action, titled, this), i / columns, i % columns);
-    }
-    grid->setRowStretch(grid->rowCount(), 1);
+    auto *content = new QWidget;
+    content->setObjectName(QStringLiteral("tools"));
+    auto *grid = new QGridLayout(content);
+    grid->setContentsMargins(6, 6, 6, 10);
+    grid->setSpacing(4);
+    fill(*grid);
+    setWidget(content); // which takes it over
+    setWidgetResizable(true);
     m_actions->actions().constFirst()->setChecked(true);
+}
+
+void ToolRail::fill(QGridLayout &grid)
+{
+    int row = -1;
+    int column = 0;
+    const char *group = nullptr;
+    for (const Tool &tool : tools()) {
+        if (tool.group != group) {
+            group = tool.group;
+            auto *heading = new QLabel(groupTitle(tool));
+            heading->setProperty("heading", true);
+            grid.addWidget(heading, ++row, 0, 1, kColumns);
+            column = kColumns;
+        }
+        if (column == kColumns) {
+            column = 0;
+            ++row;
+        }
+        grid.addWidget(makeButton(tool), row, column++);
+    }
+    grid.setRowStretch(row + 1, 1);
+}
+
+QToolButton *ToolRail::makeButton(const Tool &tool)
+{
+    const QString title = toolTitle(tool);
+    const QKeySequence keys(QLatin1String(tool.shortcut));
+    QAction *action = m_actions->addAction(toolIcon(tool), title);
+    action->setObjectName(QLatin1String(tool.name));
+    action->setCheckable(true);
+    action->setShortcut(keys);
+    action->setToolTip(QStringLiteral("%1 (%2)").arg(title, keys.toString(QKeySequence::NativeText)));
+
+    auto *button = new QToolButton;
+    button->setDefaultAction(action);
+    button->setToolButtonStyle(Qt::ToolButtonIconOnly);
+    button->setIconSize(QSize(kSampleSide, kSampleSide));
+    button->setFixedSize(kButton);
+    button->setFocusPolicy(Qt::TabFocus);
+    button->setAccessibleName(title);
+    connect(action, &QAction::triggered, this, [this, &tool, button] {
+        ensureWidgetVisible(button);
+        emit chosen(tool);
+    });
+    return button;
 }
 
 void ToolRail::choose(const Tool &tool)
 {
     findChild<QAction *>(QLatin1String(tool.name))->trigger();
+}
+
+// With room for the scroll bar, so that the page stays where it is when the bar comes.
+QSize ToolRail::sizeHint() const
+{
+    return widget()->sizeHint() + QSize(verticalScrollBar()->sizeHint().width(), 0);
 }
 
 } // namespace Board

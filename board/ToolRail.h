@@ -1,15 +1,18 @@
 #pragma once
 
-#include <QtWidgets/QFrame>
+#include <QtWidgets/QScrollArea>
 
 class QActionGroup;
+class QGridLayout;
+class QToolButton;
 
 namespace Board {
 
 struct Tool;
 
-// The palette of tools: one large button each, one of them switched on.
-class ToolRail : public QFrame
+// The palette of tools: a button each under the heading of its group, one of them switched on. It scrolls where the
+// window is too low for all of them.
+class ToolRail : public QScrollArea
 {
     Q_OBJECT
 
@@ -18,10 +21,15 @@ public:
 
     void choose(const Tool &tool);
 
+    QSize sizeHint() const override;
+
 signals:
     void chosen(const Tool &tool);
 
 private:
+    void fill(QGridLayout &grid);
+    QToolButton *makeButton(const Tool &tool);
+
     QActionGroup *m_actions; // owned by this widget
 };
 

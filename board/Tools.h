@@ -29,6 +29,8 @@ struct Tool
     const char *shortcut; // as QKeySequence reads it
     std::unique_ptr<CInkGraph> (*create)(const QSize &canvas);
     std::vector<Gesture> sample; // draws the icon, on a square of kSampleSide pixels
+    const char *group{""};       // its heading in the palette; the tools of a group follow each other
+    bool iconWhileEdited{};      // the icon shows the object before it is let go
 };
 
 constexpr int kSampleSide = 32;
@@ -44,6 +46,9 @@ QString toolNames();
 
 // Translated.
 QString toolTitle(const Tool &tool);
+
+// Translated.
+QString groupTitle(const Tool &tool);
 
 // A fresh object of the tool, owned and drawn by the participant at this board.
 std::unique_ptr<CInkGraph> createObject(const Tool &tool, const Ink &ink, const QSize &canvas);

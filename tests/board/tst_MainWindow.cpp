@@ -2,6 +2,8 @@
 #include "ColorRow.h"
 #include "MainWindow.h"
 #include "Paper.h"
+#include "ToolRail.h"
+#include "Tools.h"
 #include "WidthControl.h"
 
 #include <QtCore/QSet>
@@ -55,6 +57,7 @@ private slots:
     void choosesToolsByKey_data();
     void choosesToolsByKey();
     void lightsOneToolAtATime();
+    void scrollsToTheChosenTool();
     void drawsWithTheToolThatIsChosen();
     void picksColoursByKey();
     void setsTheWidthByKey();
@@ -114,7 +117,7 @@ void tst_MainWindow::drag(const QPoint &from, const QPoint &to)
 void tst_MainWindow::startsWithAPageOfTheAskedSize()
 {
     QVERIFY(page().rect().contains(QRect(QPoint(), kSize)));
-    QVERIFY(page().rect().height() == 500);
+    QCOMPARE(page().rect().height(), 500);
     QCOMPARE(page().picture(), blankPaper(page().rect().size()));
 }
 
@@ -123,11 +126,10 @@ void tst_MainWindow::choosesToolsByKey_data()
     QTest::addColumn<int>("key");
     QTest::addColumn<QString>("tool");
 
-    QTest::newRow("pencil") << int(Qt::Key_P) << QStringLiteral("pencil");
-    QTest::newRow("line") << int(Qt::Key_L) << QStringLiteral("line");
-    QTest::newRow("arrow line") << int(Qt::Key_A) << QStringLiteral("arrow-line");
-    QTest::newRow("rectangle") << int(Qt::Key_R) << QStringLiteral("rectangle");
-    QTest::newRow("rounded rectangle") << int(Qt::Key_U) << QStringLiteral("rounded-rectangle");
+    for (const Tool &tool : tools()) {
+        const int keys = QKeySequence(QString::fromLatin1(tool.shortcut))[0];
+        QTest::newRow(tool.name) << keys << QString::fromLatin1(tool.name);
+    }
 }
 
 void tst_MainWindow::choosesToolsByKey()
@@ -136,7 +138,7 @@ void tst_MainWindow::choosesToolsByKey()
     QFETCH(QString, tool);
     m_window->chooseTool(*findTool(tool == QLatin1String("line") ? QStringLiteral("pencil") : QStringLiteral("line")));
     QVERIFY(!m_window->findChild<QAction *>(tool)->isChecked());
-    this->key(key);
+    this->key(key & ~Qt::KeyboardModifierMask, Qt::KeyboardModifiers(key & Qt::KeyboardModifierMask));
     QVERIFY(m_window->findChild<QAction *>(tool)->isChecked());
 }
 
@@ -149,6 +151,23 @@ void tst_MainWindow::lightsOneToolAtATime()
     QVERIFY(!action("pencil")->isChecked());
     key(Qt::Key_L); // again: stays on
     QVERIFY(action("line")->isChecked());
+}
+
+void tst_MainWindow::scrollsToTheChosenTool()
+{
+    const auto *rail = m_window->findChild<ToolRail *>();
+    const auto shown = [&](const char *name) {
+        const QWidget *button = action(name)->associatedWidgets().constFirst();
+        const QWidget *viewport = rail->viewport();
+        return viewport->rect().contains(QRect(button->mapTo(viewport, QPoint()), button->size()));
+    };
+    QVERIFY(shown("pencil"));
+    QVERIFY(!shown("heart")); // the window is too low for all of them
+    key(Qt::Key_H, Qt::ControlModifier);
+    QVERIFY(shown("heart"));
+    QVERIFY(!shown("pencil"));
+    key(Qt::Key_P);
+    QVERIFY(shown("pencil"));
 }
 
 void tst_MainWindow::drawsWithTheToolThatIsChosen()

@@ -17,10 +17,12 @@ private slots:
     void knowsEveryToolByName();
     void findsAToolByItsName();
     void givesEachToolItsOwnNameAndKey();
+    void keepsTheToolsOfAGroupTogether();
     void preparesAnObject_data();
     void preparesAnObject();
     void paintsAnIconInTheToolsOwnInk_data();
     void paintsAnIconInTheToolsOwnInk();
+    void showsTheHandlesOfAHeart();
 
 private:
     static void eachTool();
@@ -35,8 +37,12 @@ void tst_Tools::eachTool()
 
 void tst_Tools::knowsEveryToolByName()
 {
-    for (const char *name : {"pencil", "line", "arrow-line", "rectangle", "rounded-rectangle", "ellipse", "triangle",
-                             "right-triangle", "diamond", "polygon", "curve"}) {
+    for (const char *name : {"pencil",        "line",          "arrow-line",     "rectangle",   "rounded-rectangle",
+                             "ellipse",       "triangle",      "right-triangle", "diamond",     "polygon",
+                             "curve",         "check-mark",    "cross-mark",     "right-arrow", "left-arrow",
+                             "up-arrow",      "down-arrow",    "star-4",         "star-5",      "star-6",
+                             "pentagon",      "hexagon",       "lightning",      "burst-12",    "burst-14",
+                             "ellipse-label", "rounded-label", "cloud-label",    "heart"}) {
         QVERIFY2(findTool(QString::fromLatin1(name)), name);
         QVERIFY2(toolNames().split(QStringLiteral(", ")).contains(QString::fromLatin1(name)), name);
     }
@@ -68,6 +74,16 @@ void tst_Tools::givesEachToolItsOwnNameAndKey()
     QVERIFY(!keys.contains(QString()));
 }
 
+void tst_Tools::keepsTheToolsOfAGroupTogether()
+{
+    QStringList headings;
+    for (const Tool &tool : tools()) {
+        if (headings.isEmpty() || headings.constLast() != groupTitle(tool))
+            headings.append(groupTitle(tool));
+    }
+    QCOMPARE(headings, (QStringList{QStringLiteral("Pens"), QStringLiteral("Shapes"), QStringLiteral("Stencils")}));
+}
+
 void tst_Tools::preparesAnObject_data()
 {
     eachTool();
@@ -86,7 +102,11 @@ void tst_Tools::preparesAnObject()
 
 void tst_Tools::paintsAnIconInTheToolsOwnInk_data()
 {
-    eachTool();
+    QTest::addColumn<QString>("name");
+    for (const Tool &tool : tools()) {
+        if (!tool.iconWhileEdited)
+            QTest::newRow(tool.name) << QString::fromLatin1(tool.name);
+    }
 }
 
 // Some ink in the colour asked for, no handles, and none on the rim, where it would look cut off.
@@ -107,6 +127,23 @@ void tst_Tools::paintsAnIconInTheToolsOwnInk()
         }
     }
     QVERIFY2(pixels > 50, qPrintable(QString::number(pixels)));
+}
+
+// The heart has no ink of its own: it is known by its frame, dashed in blue with green handles.
+void tst_Tools::showsTheHandlesOfAHeart()
+{
+    const QImage icon = sampleInk(*findTool(QStringLiteral("heart")), {Qt::red, 3});
+    QCOMPARE(icon.size(), QSize(32, 32));
+    int green = 0;
+    for (int y = 0; y < 32; ++y) {
+        for (int x = 0; x < 32; ++x) {
+            const QColor color = icon.pixelColor(x, y);
+            QVERIFY(color.red() <= 64);
+            green += color.green() > 200 && color.blue() < 50;
+        }
+    }
+    QVERIFY2(green > 50, qPrintable(QString::number(green)));
+    QCOMPARE(icon.pixelColor(16, 16).alpha(), 0);
 }
 
 QTEST_MAIN(tst_Tools)
