@@ -2,14 +2,22 @@
 
 #include "CInk1ArrowLine.h"
 #include "CInkBeZier.h"
+#include "CInkBrush.h"
+#include "CInkColorBrush.h"
+#include "CInkCrayon.h"
 #include "CInkDiamond.h"
 #include "CInkEllipse.h"
+#include "CInkEraser.h"
 #include "CInkErro.h"
+#include "CInkFlatBrush.h"
+#include "CInkHighLightPen.h"
 #include "CInkITriangle.h"
 #include "CInkLTriangle.h"
 #include "CInkPencil.h"
 #include "CInkPolygon.h"
 #include "CInkRoundRect.h"
+#include "CInkSprayGun.h"
+#include "CInkWaterColorPen.h"
 
 #include <gtest/gtest.h>
 
@@ -65,6 +73,49 @@ TEST(FieldOrder, pens)
     EXPECT_EQ(offset(pencil, pencil.m_nCapStyle), 476);
     EXPECT_EQ(offset(pencil, pencil.m_nPenStyle), 480);
     EXPECT_EQ(sizeof(CInkPencil), 488u);
+}
+
+TEST(FieldOrder, vectorPens)
+{
+    const CInkBrush brush;
+    EXPECT_EQ(offset(brush, brush.m_nPenParam), 472);
+    EXPECT_EQ(offset(brush, brush.m_nCapStyle), 476);
+    EXPECT_EQ(offset(brush, brush.m_nPenStyle), 480);
+    EXPECT_EQ(sizeof(CInkBrush), 488u);
+    const CInkFlatBrush flat;
+    EXPECT_EQ(offset(flat, flat.m_fNibAngle), 472);
+    EXPECT_EQ(sizeof(CInkFlatBrush), 480u);
+    const CInkHighLightPen marker;
+    EXPECT_EQ(offset(marker, marker.m_nAlpha), 472);
+    EXPECT_EQ(sizeof(CInkHighLightPen), 480u);
+}
+
+TEST(FieldOrder, texturedPens)
+{
+    const CInkColorBrush brush({10, 10});
+    EXPECT_EQ(offset(brush, brush.m_ptPrevPoint), 472);
+    EXPECT_EQ(offset(brush, brush.m_rcCanvas), 488);
+    EXPECT_EQ(sizeof(CInkColorBrush), 504u);
+    const CInkCrayon crayon({10, 10});
+    EXPECT_EQ(offset(crayon, crayon.m_ptPrevPoint), 472);
+    EXPECT_EQ(offset(crayon, crayon.m_rcCanvas), 488);
+    EXPECT_EQ(sizeof(CInkCrayon), 504u);
+    const CInkWaterColorPen water({10, 10});
+    EXPECT_EQ(offset(water, water.m_ptPrevPoint), 472);
+    EXPECT_EQ(offset(water, water.m_rcCanvas), 488);
+    EXPECT_EQ(sizeof(CInkWaterColorPen), 504u);
+}
+
+TEST(FieldOrder, sprayGunAndEraser)
+{
+    const CInkSprayGun spray({10, 10});
+    EXPECT_EQ(offset(spray, spray.m_rcDirty), 472);
+    EXPECT_EQ(offset(spray, spray.m_rcCanvas), 488);
+    EXPECT_EQ(sizeof(CInkSprayGun), 504u);
+    const CInkEraser eraser;
+    EXPECT_EQ(offset(eraser, eraser.m_pEraseBrush), 488);
+    EXPECT_EQ(offset(eraser, eraser.m_pErasePen), 496);
+    EXPECT_EQ(sizeof(CInkEraser), 504u);
 }
 
 TEST(FieldOrder, lines)

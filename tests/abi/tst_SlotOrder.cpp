@@ -73,7 +73,9 @@ const std::vector<std::string> kGraphSlots = {
 };
 
 enum Slot : size_t {
+    LayeredDraw = 2,
     Draw = 3,
+    SetCanvasSize = 4,
     SetWidth = 5,
     GetPointCount = 7,
     FinishGraph = 8,
@@ -148,6 +150,7 @@ const std::vector<std::string> kStencilSlots =
 constexpr size_t kNormalizeGraphData = 25; // of the stencils
 constexpr size_t kFormGraphData = 24;      // of the boxes
 constexpr size_t kGetDisIconRect = 24;     // of the pens
+constexpr size_t kFormStroke = 25;         // of the pens
 
 // No object has an abstract class's own table at its destruction, so the compiler leaves these slots empty.
 std::vector<std::string> abstract(std::vector<std::string> slots)
@@ -169,6 +172,48 @@ TEST(SlotOrder, pens)
     EXPECT_EQ(
         slotsOf("CInkPencil"),
         derived(kPenSlots, "CInkPencil", {{Draw, "Draw(QPainter&, QRect&)"}, {kGetDisIconRect, "GetDisIconRect()"}}));
+}
+
+TEST(SlotOrder, vectorPens)
+{
+    for (const char *name : {"CInkBrush", "CInkFlatBrush", "CInkHighLightPen"}) {
+        EXPECT_EQ(slotsOf(name),
+                  derived(kPenSlots, name, {{Draw, "Draw(QPainter&, QRect&)"}, {kGetDisIconRect, "GetDisIconRect()"}}));
+    }
+}
+
+TEST(SlotOrder, texturedPens)
+{
+    for (const char *name : {"CInkColorBrush", "CInkCrayon", "CInkWaterColorPen"}) {
+        EXPECT_EQ(slotsOf(name), derived(kPenSlots, name,
+                                         {{Draw, "Draw(QPainter&, QRect&)"},
+                                          {SetCanvasSize, "SetCanvasSize(QSize)"},
+                                          {kGetDisIconRect, "GetDisIconRect()"},
+                                          {kFormStroke, "FormGraphData(int, QPoint, QRect&)"}}));
+    }
+}
+
+TEST(SlotOrder, sprayGun)
+{
+    EXPECT_EQ(slotsOf("CInkSprayGun"), derived(kGraphSlots, "CInkSprayGun",
+                                               {{Draw, "Draw(QPainter&, QRect&)"},
+                                                {SetCanvasSize, "SetCanvasSize(QSize)"},
+                                                {GetPointCount, "GetPointCount()"},
+                                                {FinishGraph, "FinishGraph()"},
+                                                {GetUpdateRect, "GetUpdateRect()"},
+                                                {AddPoint, "AddPoint(int, QPoint, QRect&)"}}));
+}
+
+TEST(SlotOrder, eraser)
+{
+    const std::vector<std::string> pencil =
+        derived(kPenSlots, "CInkPencil", {{Draw, "Draw(QPainter&, QRect&)"}, {kGetDisIconRect, "GetDisIconRect()"}});
+    EXPECT_EQ(slotsOf("CInkEraser"),
+              derived(pencil, "CInkEraser",
+                      {{LayeredDraw, "Draw(QPainter&, QPainter&, QPainter&, QPainter&, QRect, int, int)"},
+                       {SetWidth, "SetWidth(int)"},
+                       {GetUpdateRect, "GetUpdateRect()"},
+                       {AddPoint, "AddPoint(int, QPoint, QRect&)"}}));
 }
 
 TEST(SlotOrder, lines)

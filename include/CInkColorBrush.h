@@ -1,0 +1,30 @@
+#pragma once
+
+#include "CInkPenGraph.h"
+
+// Soft brush of four concentric translucent lines, a quarter of the width apart.
+//
+// The path is resampled into evenly spaced points and rendered into m_pImage, which has the canvas's size at the first
+// Draw, as they come. Neither editing nor a new canvas size changes what has been rendered.
+class INK_EXPORT CInkColorBrush : public CInkPenGraph
+{
+public:
+    // `canvas` in pixels. Width 20, colour (0, 200, 100).
+    explicit CInkColorBrush(QSize canvas);
+    ~CInkColorBrush() override;
+
+    using CInkGraph::Draw;
+    void Draw(QPainter &painter, QRect &rect) override;
+    void SetCanvasSize(QSize size) override;
+    QRect GetDisIconRect() override;
+    QRect FormGraphData(int code, QPoint pt, QRect &update) override;
+
+    // Appends points `step` pixels apart from the last one towards `position`; nothing before the first point.
+    void MakeColorBrushPoint(QPointF position, float step);
+
+    // Renders what is new and paints the rendered stroke. Leaves the alpha of m_color at 60.
+    void DrawColorBrushGraph(QPainter &painter);
+
+    QPointF m_ptPrevPoint; // last collected point
+    QRect m_rcCanvas;      // (0, 0) to (width - 1, height - 1)
+};

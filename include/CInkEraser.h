@@ -1,0 +1,34 @@
+#pragma once
+
+#include "CInkPencil.h"
+
+class QBrush;
+class QPen;
+
+// Paints the background picture back over a freehand stroke.
+//
+// While the stroke grows it covers the working surface `p2`; once finished it covers the page `p1` where that has ink
+// or paper, and makes the ink layer `p4` transparent. `p3` must paint into a QImage, the background; with any other
+// device nothing is painted over.
+class INK_EXPORT CInkEraser : public CInkPencil
+{
+public:
+    CInkEraser();
+    ~CInkEraser() override;
+
+    using CInkPencil::Draw;
+
+    // A non-zero `rebuildPen` takes a new copy of the background, after it has changed or the width was set.
+    void Draw(QPainter &p1, QPainter &p2, QPainter &p3, QPainter &p4, QRect rc, int rebuildPen, int skip) override;
+
+    // Takes effect once the pen is rebuilt. Frees m_pWidthCache.
+    void SetWidth(int width) override;
+    QRect GetUpdateRect() override;
+    void AddPoint(int code, QPoint pt, QRect &update) override;
+
+    // Makes the erasing brush and pen from a copy of the image that `background` paints into.
+    void FormErasePen(QPainter &background);
+
+    QBrush *m_pEraseBrush{nullptr}; // owned; the background as a texture
+    QPen *m_pErasePen{nullptr};     // owned; strokes with m_pEraseBrush
+};

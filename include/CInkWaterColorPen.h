@@ -1,0 +1,29 @@
+#pragma once
+
+#include "CInkPenGraph.h"
+
+// Collects and resamples like the other textured pens, half the width apart, and paints nothing.
+//
+// m_pImage has the canvas's size at the first Draw and stays transparent.
+class INK_EXPORT CInkWaterColorPen : public CInkPenGraph
+{
+public:
+    // `canvas` in pixels. Width 1, black.
+    explicit CInkWaterColorPen(QSize canvas);
+    ~CInkWaterColorPen() override;
+
+    using CInkGraph::Draw;
+    void Draw(QPainter &painter, QRect &rect) override;
+    void SetCanvasSize(QSize size) override;
+    QRect GetDisIconRect() override;
+    QRect FormGraphData(int code, QPoint pt, QRect &update) override;
+
+    // Appends points `step` pixels apart from the last one towards `position`; nothing before the first point.
+    void MakeWaterColoePoint(QPointF position, float step);
+
+    // Paints nothing; see ink-watercolor-invisible.
+    void DrawWaterColorGraph(QPainter &painter);
+
+    QPointF m_ptPrevPoint; // last collected point
+    QRect m_rcCanvas;      // (0, 0) to (width - 1, height - 1)
+};

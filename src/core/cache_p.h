@@ -1,0 +1,18 @@
+#pragma once
+
+// Canvas-sized pixels that a tool renders into as it goes, kept in CInkGraph::m_pImage.
+
+#include "CInkGraph.h"
+
+class QPainter;
+
+namespace InkInternal {
+
+// (0, 0) to (width - 1, height - 1).
+QRect canvasRect(const QSize &size);
+
+// Makes m_pImage, transparent, unless it is there. False when there is no image: a canvas of no or of an impossible
+// size.
+bool ensureCache(CInkGraph &graph, const QRect &canvas);
+
+} // namespace InkInternal

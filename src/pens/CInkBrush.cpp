@@ -1,0 +1,29 @@
+#include "CInkBrush.h"
+
+#include "core/painting_p.h"
+#include "pens/stroke_p.h"
+
+using namespace InkInternal;
+
+CInkBrush::CInkBrush() = default;
+CInkBrush::~CInkBrush() = default;
+
+void CInkBrush::Draw(QPainter &painter, QRect &rect)
+{
+    if (m_graphData.isEmpty())
+        return;
+
+    // [ink-clip-outlives-draw] Set before the state is saved: the host finds it afterwards.
+    // [ink-brush-clip-united] United with the host's rectangle when finished, too.
+    painter.setClipRect(rect | GetUpdateRect(), Qt::ReplaceClip);
+
+    const PainterStateScope scope(painter);
+    setHighQualityAntialiasing(painter);
+    painter.setPen(solidPen(*this, Qt::RoundCap));
+    painter.drawPath(strokePath(m_graphData));
+}
+
+QRect CInkBrush::GetDisIconRect()
+{
+    return iconRectOnTip(m_graphData);
+}

@@ -1,0 +1,97 @@
+#include "CInkCrayon.h"
+
+#include "core/cache_p.h"
+#include "core/life_p.h"
+#include "core/painting_p.h"
+#include "pens/stroke_p.h"
+#include "pens/textured_p.h"
+
+#include <QtGui/QPainterPath>
+#include <QtGui/QRadialGradient>
+
+#include <algorithm>
+
+using namespace InkInternal;
+
+namespace {
+
+constexpr int kReservedPoints = 10;
+constexpr int kDefaultWidth = 20;
+constexpr int kAlpha = 150;
+
+} // namespace
+
+CInkCrayon::CInkCrayon(QSize canvas)
+    : m_rcCanvas(canvasRect(canvas))
+{
+    m_graphData.reserve(kReservedPoints);
+    m_nWidth = kDefaultWidth;
+    m_color = QColor(100, 200, 150);
+}
+
+CInkCrayon::~CInkCrayon() = default;
+
+void CInkCrayon::Draw(QPainter &painter, QRect &rect)
+{
+    if (m_graphData.size() < 2 || !ensureCache(*this, m_rcCanvas))
+        return;
+
+    const PainterStateScope scope(painter);
+    // [ink-textured-clip-restored] Set after the state is saved, unlike the colour brush's.
+    painter.setClipRect(m_bFinished ? GetUpdateRect() : rect | GetUpdateRect(), Qt::ReplaceClip);
+    DrawCrayonGraph(painter);
+}
+
+void CInkCrayon::SetCanvasSize(QSize size)
+{
+    m_rcCanvas = canvasRect(size);
+}
+
+QRect CInkCrayon::GetDisIconRect()
+{
+    return iconRectOnTip(m_graphData);
+}
+
+QRect CInkCrayon::FormGraphData(int code, QPoint pt, QRect &update)
+{
+    return collectStroke(*this, code, pt, update,
+                         [this](const QPointF &position) { MakecrayonPoint(position, collectDistance(*this)); });
+}
+
+void CInkCrayon::MakecrayonPoint(QPointF position, float step)
+{
+    resample(*this, position, step);
+}
+
+void CInkCrayon::DrawCrayonGraph(QPainter &painter)
+{
+    if (!ensureCache(*this, m_rcCanvas))
+        return;
+    // [ink-crayon-alpha] The object's colour keeps this alpha.
+    m_color.setAlpha(kAlpha);
+    QColor clear = m_color;
+    clear.setAlpha(0);
+
+    const QVector<QPointF> &points = m_graphData;
+    const double width = m_nWidth;
+    QPainter cache(m_pImage);
+    for (int i = std::max(m_nDrawnCount, 0); i < points.size(); m_nDrawnCount = ++i) {
+        const QPointF point = points.at(i);
+        QPainterPath discs;
+        discs.setFillRule(Qt::WindingFill);
+        // [ink-crayon-corner] The point is the disc's top left corner, not its centre.
+        discs.addEllipse(QRectF(point.x(), point.y(), width, width));
+        // [ink-crayon-newest] The newest point is rendered without the disc towards a point that comes later.
+        if (i + 1 < points.size()) {
+            const QPointF middle = (point + points.at(i + 1)) * 0.5;
+            discs.addEllipse(QRectF(middle.x(), middle.y(), width, width));
+        }
+        QRadialGradient gradient(point, width);
+        gradient.setColorAt(0.0, clear);
+        gradient.setColorAt(0.5, m_color);
+        gradient.setColorAt(1.0, clear);
+        cache.fillPath(discs, gradient);
+    }
+    cache.end();
+    paintCache(*this, m_rcCanvas, painter);
+}
