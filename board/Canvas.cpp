@@ -15,6 +15,8 @@ namespace Board {
 
 namespace {
 
+constexpr int kScatterInterval = 16; // milliseconds, about sixty times a second
+
 // A mouse event that the window system made up from a pen or a finger, which has come as itself already.
 bool isCopy(const QMouseEvent &event)
 {
@@ -33,6 +35,7 @@ Canvas::Canvas(const QSize &pageSize, QWidget *parent)
     , m_pageSize(pageSize)
     , m_page(pageSize)
     , m_tool(&tools().front())
+    , m_scatter(QRandomGenerator::global()->generate())
 {
     setAttribute(Qt::WA_AcceptTouchEvents);
     setAttribute(Qt::WA_OpaquePaintEvent);
@@ -41,27 +44,54 @@ Canvas::Canvas(const QSize &pageSize, QWidget *parent)
     setFocusPolicy(Qt::StrongFocus);
     setCursor(Qt::CrossCursor);
     setAccessibleName(tr("Page"));
+    m_scattering.setInterval(kScatterInterval);
+    connect(&m_scattering, &QTimer::timeout, this, &Canvas::scatter);
 }
 
 void Canvas::setTool(const Tool &tool)
 {
+    endDrawing(); // as a drawing of the tool before
     m_tool = &tool;
+    takeCursor();
     finish();
+}
+
+void Canvas::setInkWidth(int width)
+{
+    m_ink.width = width;
+    takeCursor();
+    if (!m_page.isBusy())
+        setCursor(m_cursor);
+}
+
+void Canvas::takeCursor()
+{
+    m_cursor = m_tool->cursorShowsWidth ? circleCursor(m_ink.width) : QCursor(Qt::CrossCursor);
 }
 
 void Canvas::finish()
 {
+    endDrawing();
     repaintPage(m_page.finish());
-    setCursor(Qt::CrossCursor);
+    setCursor(m_cursor);
+}
+
+// Lets go what is still being drawn as if the device did, for not every object can be finished without a release.
+void Canvas::endDrawing()
+{
+    if (m_device != Device::None && m_page.isBusy())
+        endGesture(m_last);
 }
 
 void Canvas::undo()
 {
+    endDrawing();
     repaintPage(m_page.undo());
 }
 
 void Canvas::clear()
 {
+    endDrawing();
     repaintPage(m_page.clear());
 }
 
@@ -74,8 +104,14 @@ bool Canvas::press(Device device, const QPointF &pos)
     m_device = device;
     m_last = pixelAt(pos);
     if (!m_page.isBusy())
-        m_page.begin(createObject(*m_tool, m_ink, m_page.rect().size()));
+        m_page.begin(createObject(*m_tool, m_ink, m_page.rect().size()),
+                     m_tool->movesAsItGrows ? Page::Reach::Everywhere : Page::Reach::Reported);
     repaintPage(m_page.feed(PT_DOWN, m_last));
+    m_tapping = true;
+    if (m_tool->scatters) {
+        m_scattering.start();
+        scatter();
+    }
     return true;
 }
 
@@ -85,8 +121,27 @@ void Canvas::move(Device device, const QPointF &pos)
         showHandle(pixelAt(pos));
     if (m_device != device)
         return;
-    m_last = pixelAt(pos);
-    repaintPage(m_page.feed(PT_MOVE, m_last));
+    const QPoint pt = pixelAt(pos);
+    m_tapping = m_tapping && pt == m_last;
+    m_last = pt;
+    if (m_tapping && m_tool->tapsWithOnePoint)
+        return;
+    if (m_tool->scatters)
+        scatter();
+    else
+        repaintPage(m_page.feed(PT_MOVE, m_last));
+}
+
+void Canvas::scatter()
+{
+    repaintPage(m_page.feed(PT_MOVE, m_scatter.around(m_last, m_ink.width)));
+}
+
+void Canvas::endGesture(const QPoint &pt)
+{
+    m_scattering.stop();
+    const bool tapped = m_tool->tapsWithOnePoint && m_tapping && pt == m_last;
+    repaintPage(tapped ? m_page.finish() : m_page.feed(PT_UP, pt));
 }
 
 void Canvas::release(Device device, const QPointF &pos)
@@ -94,14 +149,15 @@ void Canvas::release(Device device, const QPointF &pos)
     if (m_device != device)
         return;
     m_device = Device::None;
-    repaintPage(m_page.feed(PT_UP, pixelAt(pos)));
+    endGesture(pixelAt(pos));
     showHandle(pixelAt(pos));
 }
 
 // Never during a drag: asking an object what lies under the pointer moves the point that its drag starts from.
 void Canvas::showHandle(const QPoint &pt)
 {
-    setCursor(cursorFor(m_page.handleAt(pt), m_page.angle()));
+    const ModifyType handle = m_page.handleAt(pt);
+    setCursor(handle == MT_NONE ? m_cursor : cursorFor(handle, m_page.angle()));
 }
 
 void Canvas::repaintPage(const QRect &area)

@@ -1,8 +1,11 @@
 #pragma once
 
 #include "Page.h"
+#include "Scatter.h"
 #include "Tools.h"
 
+#include <QtCore/QTimer>
+#include <QtGui/QCursor>
 #include <QtWidgets/QWidget>
 
 class QTouchEvent;
@@ -24,7 +27,11 @@ public:
     // A new tool lets the object in progress go. Colour and width are those of the next object.
     void setTool(const Tool &tool);
     void setColor(const QColor &color) { m_ink.color = color; }
-    void setInkWidth(int width) { m_ink.width = width; }
+    void setInkWidth(int width);
+    void setInkOption(std::optional<int> option) { m_ink.option = option; }
+
+    // The dots of a tool that scatters are the same after the same seed.
+    void setSeed(quint32 seed) { m_scatter = Scatter(seed); }
 
     void finish();
     void undo();
@@ -55,6 +62,10 @@ private:
     void release(Device device, const QPointF &pos);
 
     void touch(const QTouchEvent &event);
+    void endGesture(const QPoint &pt);
+    void endDrawing();
+    void scatter();
+    void takeCursor();
     void showHandle(const QPoint &pt);
     void repaintPage(const QRect &area);
 
@@ -65,6 +76,10 @@ private:
     Device m_device{Device::None};
     QPoint m_last; // of the device that draws
     int m_finger{-1};
+    bool m_tapping{};                  // pressed and not moved since
+    QCursor m_cursor{Qt::CrossCursor}; // beside an object
+    Scatter m_scatter;
+    QTimer m_scattering;
 };
 
 } // namespace Board

@@ -4,6 +4,7 @@
 #include <QtGui/QPainterPath>
 #include <QtGui/QPixmap>
 
+#include <algorithm>
 #include <cmath>
 #include <optional>
 
@@ -75,6 +76,37 @@ QCursor cursorFor(ModifyType type, float angle)
         return Qt::CrossCursor;
     const long eighths = std::lround(angle / 45.0f);
     return kArrows[(*direction + eighths) % 4];
+}
+
+QCursor circleCursor(int diameter)
+{
+    constexpr int kSmall = 12; // such a circle is too easily lost
+    constexpr int kGap = 2;
+    constexpr int kTick = 5;
+    const bool isSmall = diameter < kSmall;
+    const int reach = diameter / 2 + (isSmall ? kGap + kTick : 0);
+    const int middle = reach + 2;
+    QPixmap pixmap(2 * middle, 2 * middle);
+    pixmap.fill(Qt::transparent);
+    QPainter painter(&pixmap);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.translate(middle, middle);
+
+    // Both rings within the true size, the dark one along it.
+    const double radius = diameter / 2.0;
+    const double dark = std::max(radius - 0.5, 0.5);
+    const double light = std::max(radius - 1.5, 0.5);
+    painter.setPen(QPen(Qt::white, 1));
+    painter.drawEllipse(QPointF(), light, light);
+    painter.setPen(QPen(Qt::black, 1));
+    painter.drawEllipse(QPointF(), dark, dark);
+    for (int quarter = 0; isSmall && quarter < 4; ++quarter) {
+        painter.rotate(90);
+        painter.fillRect(reach - kTick, -1, kTick, 1, Qt::black);
+        painter.fillRect(reach - kTick, 0, kTick, 1, Qt::white);
+    }
+    painter.end();
+    return QCursor(pixmap, middle, middle);
 }
 
 } // namespace Board

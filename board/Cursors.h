@@ -10,4 +10,7 @@ namespace Board {
 // corners turn with the object, in steps of 45 degrees.
 QCursor cursorFor(ModifyType type, float angle);
 
+// A circle of that many pixels across, seen on white and on black. Ticks point at a small one.
+QCursor circleCursor(int diameter);
+
 } // namespace Board

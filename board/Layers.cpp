@@ -79,13 +79,13 @@ void Layers::showPage(const QRect &area)
     surface.drawImage(area.topLeft(), m_page, area);
 }
 
-void Layers::draw(CInkGraph &object, const QRect &area)
+void Layers::draw(CInkGraph &object, const QRect &area, Background background)
 {
     LayerPainter page(m_page);
     LayerPainter surface(m_surface);
-    LayerPainter background(m_background);
+    LayerPainter under(m_background);
     LayerPainter ink(m_ink);
-    object.Draw(page, surface, background, ink, area, 0, 0);
+    object.Draw(page, surface, under, ink, area, background == Background::New ? 1 : 0, 0);
 }
 
 } // namespace Board

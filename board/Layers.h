@@ -7,6 +7,9 @@ class CInkGraph;
 
 namespace Board {
 
+// Whether the background is the one that the object was painted over before.
+enum class Background { Same, New };
+
 // The four images that an object paints on, all of one size and in page pixels.
 class Layers
 {
@@ -28,7 +31,7 @@ public:
     void showPage(const QRect &area);
 
     // Lets the object paint itself once. `area` is what is to be repainted; it may be empty.
-    void draw(CInkGraph &object, const QRect &area);
+    void draw(CInkGraph &object, const QRect &area, Background background = Background::Same);
 
 private:
     QImage m_page;

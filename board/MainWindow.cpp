@@ -2,6 +2,7 @@
 
 #include "Canvas.h"
 #include "ColorRow.h"
+#include "OptionControl.h"
 #include "PictureFile.h"
 #include "Style.h"
 #include "ToolRail.h"
@@ -39,12 +40,17 @@ MainWindow::MainWindow(const QSize &pageSize)
     , m_rail(new ToolRail(this))
     , m_colors(new ColorRow(this))
     , m_width(new WidthControl(this))
+    , m_option(new OptionControl(this))
     , m_hint(new QLabel(this))
     , m_toolTitle(toolTitle(tools().front()))
 {
     setWindowTitle(tr("Inkboard"));
     m_hint->setObjectName(QStringLiteral("hint"));
     m_hint->setFixedHeight(kHintHeight);
+    auto *foot = new QHBoxLayout(m_hint); // the bar above has no room to spare in a small window
+    foot->setContentsMargins(0, 0, 16, 0);
+    foot->addStretch(1);
+    foot->addWidget(m_option);
     setStyleSheet(windowStyle());
     addActions();
 
@@ -93,6 +99,10 @@ void MainWindow::addActions()
             [this] { m_width->setInkWidth(m_width->inkWidth() - 1); });
     connect(addAction("thicker", tr("Thicker"), QStringLiteral("]")), &QAction::triggered, this,
             [this] { m_width->setInkWidth(m_width->inkWidth() + 1); });
+    connect(addAction("less", tr("Less of the tool's option"), QStringLiteral(",")), &QAction::triggered, this,
+            [this] { m_option->step(-1); });
+    connect(addAction("more", tr("More of the tool's option"), QStringLiteral(".")), &QAction::triggered, this,
+            [this] { m_option->step(1); });
 }
 
 QWidget *MainWindow::makeBar(QWidget *parent)
@@ -125,12 +135,15 @@ void MainWindow::connectControls()
     connect(m_rail, &ToolRail::chosen, this, [this](const Tool &tool) {
         m_toolTitle = toolTitle(tool);
         m_canvas->setTool(tool);
+        m_option->setTool(tool);
+        m_canvas->setInkOption(m_option->value());
     });
     connect(m_colors, &ColorRow::picked, this, [this](const QColor &color) {
         m_canvas->setColor(color);
         m_width->setColor(color);
     });
     connect(m_width, &WidthControl::picked, m_canvas, &Canvas::setInkWidth);
+    connect(m_option, &OptionControl::picked, m_canvas, &Canvas::setInkOption);
     connect(m_canvas, &Canvas::changed, this, &MainWindow::showState);
     m_canvas->setColor(m_colors->color());
     m_canvas->setInkWidth(m_width->inkWidth());

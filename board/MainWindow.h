@@ -9,6 +9,7 @@ namespace Board {
 
 class Canvas;
 class ColorRow;
+class OptionControl;
 class ToolRail;
 class WidthControl;
 struct Tool;
@@ -46,6 +47,7 @@ private:
     ToolRail *m_rail;
     ColorRow *m_colors;
     WidthControl *m_width;
+    OptionControl *m_option;
     QLabel *m_hint; // what can be done next
     QAction *m_undo{};
     QString m_toolTitle;

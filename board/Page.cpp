@@ -13,21 +13,32 @@ Page::Page(const QSize &size)
 
 Page::~Page() = default;
 
-QRect Page::begin(std::unique_ptr<CInkGraph> object)
+QRect Page::begin(std::unique_ptr<CInkGraph> object, Reach reach)
 {
     const QRect changed = finish();
+    m_reach = reach;
     m_object = std::move(object);
     return changed;
 }
 
 QRect Page::feed(int code, const QPoint &pt)
 {
+    return feed(code, std::vector<QPoint>{pt});
+}
+
+QRect Page::feed(int code, const std::vector<QPoint> &pts)
+{
     if (!m_object)
         return {};
-    QRect update;
-    m_object->AddPoint(code, pt, update);
-    const QRect reach = update | m_object->GetUpdateRect();
-    return m_object->m_bFinished ? commit(reach) : paint(reach);
+    QRect reach;
+    for (const QPoint &pt : pts) {
+        QRect update; // fresh: some objects assign it
+        m_object->AddPoint(code, pt, update);
+        reach |= update | m_object->GetUpdateRect();
+    }
+    if (m_object->m_bFinished)
+        return commit(reach);
+    return paint(m_reach == Reach::Everywhere ? rect() : reach);
 }
 
 QRect Page::finish()
@@ -52,12 +63,12 @@ float Page::angle() const
     return m_object ? m_object->GetRotateAngle() : 0.0f;
 }
 
-QRect Page::paint(const QRect &reach)
+QRect Page::paint(const QRect &reach, Background background)
 {
     const QRect area = onPage(reach);
     m_touched |= area;
     m_layers.showPage(area);
-    m_layers.draw(*m_object, area);
+    m_layers.draw(*m_object, area, background);
     return area;
 }
 
@@ -115,19 +126,19 @@ void Page::grow(const QSize &size)
     if (layers.isNull())
         return; // a smaller page is better than none
     m_layers = std::move(layers);
-    replay();
+    replay(Background::New);
 }
 
-void Page::replay()
+void Page::replay(Background background)
 {
     m_layers.reset();
     const auto cleared = std::find_if(m_steps.rbegin(), m_steps.rend(), [](const Step &step) { return !step.object; });
     // Each in the area of its commit, so that its clip, and with it every pixel, is the same again.
     for (auto step = cleared.base(); step != m_steps.end(); ++step)
-        m_layers.draw(*step->object, onPage(step->reach));
+        m_layers.draw(*step->object, onPage(step->reach), background);
     m_layers.showPage(rect());
     if (m_object)
-        paint(rect());
+        paint(rect(), background);
 }
 
 } // namespace Board

@@ -28,12 +28,18 @@ public:
     const QImage &picture() const { return m_layers.page(); }
     const QImage &ink() const { return m_layers.ink(); }
 
+    // Where an object in progress paints: in what it reports, or anywhere.
+    enum class Reach { Reported, Everywhere };
+
     // Takes the object that the next events go to; one in progress is finished first.
-    QRect begin(std::unique_ptr<CInkGraph> object);
+    QRect begin(std::unique_ptr<CInkGraph> object, Reach reach = Reach::Reported);
 
     // Hands one PointerEvent to the object in progress. An event that commits it also ends its progress. Without
     // such an object the event is lost.
     QRect feed(int code, const QPoint &pt);
+
+    // Hands over several at once, and paints once.
+    QRect feed(int code, const std::vector<QPoint> &pts);
 
     // Commits the object in progress. One that paints nothing is forgotten.
     QRect finish();
@@ -62,15 +68,16 @@ private:
     };
 
     QRect onPage(const QRect &reach) const { return reach & rect(); }
-    QRect paint(const QRect &reach);
+    QRect paint(const QRect &reach, Background background = Background::Same);
     QRect commit(const QRect &reach);
     QRect drop();
-    void replay();
+    void replay(Background background = Background::Same);
 
     Layers m_layers;
     std::vector<Step> m_steps;
     std::unique_ptr<CInkGraph> m_object;
-    QRect m_touched; // where the object in progress has been painted so far
+    Reach m_reach{Reach::Reported}; // of the object in progress
+    QRect m_touched;                // where the object in progress has been painted so far
 };
 
 } // namespace Board

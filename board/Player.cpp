@@ -3,12 +3,26 @@
 #include "Page.h"
 #include "PageSize.h"
 #include "PictureFile.h"
+#include "Scatter.h"
 
 #include "PointerEvent.h"
 
 #include <QtCore/QCoreApplication>
 
+#include <algorithm>
+
 namespace Board {
+
+namespace {
+
+constexpr quint32 kSeed = 1;
+
+bool isTap(const Gesture &gesture)
+{
+    return std::all_of(gesture.begin(), gesture.end(), [&](const QPoint &pt) { return pt == gesture.front(); });
+}
+
+} // namespace
 
 void playGesture(const Gesture &gesture, Page &page)
 {
@@ -21,7 +35,12 @@ void playGesture(const Gesture &gesture, Page &page)
 void playStroke(const Stroke &stroke, const Tool &tool, Page &page)
 {
     page.begin(createObject(tool, {stroke.color, stroke.width}, page.rect().size()));
-    playGesture(stroke.points, page);
+    if (tool.tapsWithOnePoint && isTap(stroke.points))
+        page.feed(PT_DOWN, stroke.points.front());
+    else if (tool.scatters)
+        playGesture(Scatter(kSeed).along(stroke.points, stroke.width), page);
+    else
+        playGesture(stroke.points, page);
     page.finish();
 }
 

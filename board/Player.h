@@ -12,7 +12,7 @@ class Page;
 // Draws one gesture with the object in progress: press, moves, release.
 void playGesture(const Gesture &gesture, Page &page);
 
-// Draws the stroke as one object of the tool, committed.
+// Draws the stroke as one object of the tool, committed. What scatters does so in the same way each time.
 void playStroke(const Stroke &stroke, const Tool &tool, Page &page);
 
 // What --play is asked to do.

@@ -14,17 +14,39 @@ namespace Board {
 
 namespace {
 
-constexpr int kIconPen = 3; // pixels
 constexpr QSize kSampleSize(kSampleSide, kSampleSide);
+
+bool isBlank(const QImage &ink)
+{
+    QImage blank(ink.size(), ink.format());
+    blank.fill(Qt::transparent);
+    return ink == blank;
+}
+
+// Where a tool that leaves no mark has been.
+QImage trace(const Tool &tool, const QColor &color)
+{
+    QImage image(kSampleSize, QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::transparent);
+    QPainter painter(&image);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(color, 1.5, Qt::DotLine));
+    for (const Gesture &gesture : tool.sample)
+        painter.drawPolyline(gesture.data(), int(gesture.size()));
+    return image;
+}
 
 QPixmap picture(const Tool &tool, const QColor &color)
 {
-    return QPixmap::fromImage(sampleInk(tool, {color, kIconPen}));
+    const QImage ink = sampleInk(tool, color);
+    return QPixmap::fromImage(isBlank(ink) ? trace(tool, color) : ink);
 }
 
 QImage committedSample(const Tool &tool, const Ink &ink)
 {
     Page page(kSampleSize);
+    if (tool.sampleOnInk)
+        playStroke({ink.color, kSampleSide / 2, {{10, 16}, {22, 16}}}, tools().front(), page);
     page.begin(createObject(tool, ink, kSampleSize));
     for (const Gesture &gesture : tool.sample)
         playGesture(gesture, page);
@@ -51,8 +73,9 @@ QImage editedSample(const Tool &tool, const Ink &ink)
 
 } // namespace
 
-QImage sampleInk(const Tool &tool, const Ink &ink)
+QImage sampleInk(const Tool &tool, const QColor &color)
 {
+    const Ink ink{color, tool.sampleWidth};
     return tool.iconWhileEdited ? editedSample(tool, ink) : committedSample(tool, ink);
 }
 

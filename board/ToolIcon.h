@@ -7,9 +7,9 @@
 namespace Board {
 
 // The tool's own ink: its sample gestures drawn by an object of the tool, on transparency.
-QImage sampleInk(const Tool &tool, const Ink &ink);
+QImage sampleInk(const Tool &tool, const QColor &color);
 
-// With a lighter picture for the button that is switched on.
+// With a lighter picture for the button that is switched on. A tool that leaves no mark shows a dotted line.
 QIcon toolIcon(const Tool &tool);
 
 } // namespace Board

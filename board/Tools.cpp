@@ -59,12 +59,19 @@ QString groupTitle(const Tool &tool)
     return QCoreApplication::translate("Board::Tool", tool.group);
 }
 
+QString optionTitle(const InkOption &option)
+{
+    return QCoreApplication::translate("Board::Tool", option.title);
+}
+
 std::unique_ptr<CInkGraph> createObject(const Tool &tool, const Ink &ink, const QSize &canvas)
 {
     std::unique_ptr<CInkGraph> object = tool.create(canvas);
     object->SetCanvasSize(canvas);
     object->SetColor(ink.color);
     object->SetWidth(ink.width);
+    if (tool.option)
+        tool.option->apply(*object, ink.option.value_or(tool.option->value));
     // Equal addresses: the object shows its handles instead of the shade over somebody else's work.
     object->SetOwnerIP(kLoopback);
     object->SetDrawerIP(kLoopback);

@@ -6,6 +6,7 @@
 #include <QtGui/QColor>
 
 #include <memory>
+#include <optional>
 #include <vector>
 
 class CInkGraph;
@@ -17,6 +18,18 @@ struct Ink
 {
     QColor color{Qt::black};
     int width{4};
+    std::optional<int> option{}; // of a tool with an option of its own; by default that option's first value
+};
+
+// What can be set for one tool beside colour and width.
+struct InkOption
+{
+    const char *title;
+    const char *unit;
+    int min;
+    int max;
+    int value; // the first
+    void (*apply)(CInkGraph &object, int value);
 };
 
 using Gesture = std::vector<QPoint>; // from the press to the release
@@ -30,7 +43,14 @@ struct Tool
     std::unique_ptr<CInkGraph> (*create)(const QSize &canvas);
     std::vector<Gesture> sample; // draws the icon, on a square of kSampleSide pixels
     const char *group{""};       // its heading in the palette; the tools of a group follow each other
+    int sampleWidth{3};          // of the pen that draws the icon
     bool iconWhileEdited{};      // the icon shows the object before it is let go
+    bool sampleOnInk{};          // the icon shows what the tool does to ink
+    bool movesAsItGrows{};       // each point moves what has been painted already
+    bool scatters{};             // its points are strewn around the pointer for as long as that is held
+    bool cursorShowsWidth{};     // the pointer is a circle as wide as the pen
+    bool tapsWithOnePoint{};     // a tap is a single point, finished: a second one in the same place would spoil it
+    std::optional<InkOption> option{};
 };
 
 constexpr int kSampleSide = 32;
@@ -44,11 +64,10 @@ const Tool *findTool(const QString &name);
 // The names of all tools, for messages: "pencil, line, ...".
 QString toolNames();
 
-// Translated.
+// All translated.
 QString toolTitle(const Tool &tool);
-
-// Translated.
 QString groupTitle(const Tool &tool);
+QString optionTitle(const InkOption &option);
 
 // A fresh object of the tool, owned and drawn by the participant at this board.
 std::unique_ptr<CInkGraph> createObject(const Tool &tool, const Ink &ink, const QSize &canvas);

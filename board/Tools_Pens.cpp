@@ -1,24 +1,138 @@
 #include "Tools_p.h"
 
+#include "Scatter.h"
+
+#include "CInkBrush.h"
+#include "CInkColorBrush.h"
+#include "CInkCrayon.h"
+#include "CInkEraser.h"
+#include "CInkFlatBrush.h"
+#include "CInkHighLightPen.h"
 #include "CInkPencil.h"
+#include "CInkSprayGun.h"
+#include "CInkWaterColorPen.h"
 
 namespace Board {
 
 namespace {
 
-constexpr const char *kPens = QT_TRANSLATE_NOOP("Board::Tool", "Pens");
+template <typename Object>
+std::unique_ptr<CInkGraph> onCanvas(const QSize &canvas)
+{
+    return std::make_unique<Object>(canvas);
+}
+
+void setOpacity(CInkGraph &object, int percent)
+{
+    static_cast<CInkHighLightPen &>(object).m_nAlpha = percent * 255 / 100;
+}
+
+void setNibAngle(CInkGraph &object, int degrees)
+{
+    static_cast<CInkFlatBrush &>(object).m_fNibAngle = float(degrees);
+}
+
+Tool pen(const char *name, const char *title, const char *shortcut, decltype(Tool::create) create, Gesture sample)
+{
+    return {name, title, shortcut, create, {std::move(sample)}, QT_TRANSLATE_NOOP("Board::Tool", "Pens")};
+}
+
+Gesture scribble()
+{
+    return {{4, 22}, {6, 15}, {9, 10}, {12, 9}, {14, 12}, {14, 18}, {15, 22}, {18, 23}, {22, 20}, {25, 14}, {28, 8}};
+}
+
+Gesture broadScribble()
+{
+    return {{7, 22}, {9, 15}, {12, 10}, {15, 12}, {16, 18}, {18, 21}, {21, 18}, {23, 13}, {25, 9}};
+}
+
+Tool brush()
+{
+    Tool tool = pen("brush", QT_TRANSLATE_NOOP("Board::Tool", "Brush"), "B", plain<CInkBrush>, broadScribble());
+    tool.sampleWidth = 6;
+    return tool;
+}
+
+Tool flatBrush()
+{
+    // The nib turns what is drawn about its upper left corner, and squashes it.
+    const Gesture sample{{14, 3}, {28, 3}, {12, 10}, {30, 10}, {16, 18}};
+    Tool tool = pen("flat-brush", QT_TRANSLATE_NOOP("Board::Tool", "Flat brush"), "F", plain<CInkFlatBrush>, sample);
+    tool.movesAsItGrows = true;
+    tool.option = InkOption{QT_TRANSLATE_NOOP("Board::Tool", "Nib"), "°", 0, 180, 45, setNibAngle};
+    return tool;
+}
+
+Tool highlighter()
+{
+    const Gesture sample{{8, 16}, {24, 16}};
+    Tool tool =
+        pen("highlighter", QT_TRANSLATE_NOOP("Board::Tool", "Highlighter"), "H", plain<CInkHighLightPen>, sample);
+    tool.sampleWidth = 12;
+    tool.option = InkOption{QT_TRANSLATE_NOOP("Board::Tool", "Opacity"), "%", 10, 90, 40, setOpacity};
+    return tool;
+}
+
+Tool colorBrush()
+{
+    Tool tool = pen("color-brush", QT_TRANSLATE_NOOP("Board::Tool", "Colour brush"), "Shift+B",
+                    onCanvas<CInkColorBrush>, broadScribble());
+    tool.sampleWidth = 9;
+    return tool;
+}
+
+Tool crayon()
+{
+    // A disc hangs at its point by its upper left corner.
+    const Gesture sample{{4, 19}, {6, 12}, {9, 6}, {12, 7}, {13, 14}, {15, 18}, {18, 15}, {20, 9}, {21, 5}};
+    Tool tool = pen("crayon", QT_TRANSLATE_NOOP("Board::Tool", "Crayon"), "K", onCanvas<CInkCrayon>, sample);
+    tool.sampleWidth = 8;
+    return tool;
+}
+
+Tool waterColorPen()
+{
+    return pen("water-color-pen", QT_TRANSLATE_NOOP("Board::Tool", "Water-colour pen (leaves no mark)"), "W",
+               onCanvas<CInkWaterColorPen>, scribble());
+}
+
+Tool sprayGun()
+{
+    constexpr quint32 kSeed = 1;
+    constexpr int kWidth = 6;
+    const Gesture centre(20, QPoint(16, 16));
+    Tool tool = pen("spray-gun", QT_TRANSLATE_NOOP("Board::Tool", "Spray gun"), "S", onCanvas<CInkSprayGun>,
+                    Scatter(kSeed).along(centre, kWidth));
+    tool.scatters = true;
+    return tool;
+}
+
+Tool eraser()
+{
+    const Gesture sample{{8, 20}, {14, 12}, {18, 20}, {24, 12}};
+    Tool tool = pen("eraser", QT_TRANSLATE_NOOP("Board::Tool", "Eraser"), "X", plain<CInkEraser>, sample);
+    tool.sampleWidth = 5;
+    tool.sampleOnInk = true;
+    tool.cursorShowsWidth = true;
+    tool.tapsWithOnePoint = true;
+    return tool;
+}
 
 } // namespace
 
 std::vector<Tool> pens()
 {
     return {
-        {"pencil",
-         QT_TRANSLATE_NOOP("Board::Tool", "Pencil"),
-         "P",
-         plain<CInkPencil>,
-         {{{4, 22}, {6, 15}, {9, 10}, {12, 9}, {14, 12}, {14, 18}, {15, 22}, {18, 23}, {22, 20}, {25, 14}, {28, 8}}},
-         kPens},
+        pen("pencil", QT_TRANSLATE_NOOP("Board::Tool", "Pencil"), "P", plain<CInkPencil>, scribble()),
+        brush(),
+        flatBrush(),
+        highlighter(),
+        colorBrush(),
+        crayon(),
+        waterColorPen(),
+        sprayGun(),
+        eraser(),
     };
 }
 

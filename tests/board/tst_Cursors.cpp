@@ -13,6 +13,9 @@ private slots:
     void turnsWithTheObject();
     void doesNotTurnInside();
     void paintsItsOwnForTheKnob();
+    void circlesTheTrueSize_data();
+    void circlesTheTrueSize();
+    void pointsAtASmallCircle();
 };
 
 void tst_Cursors::turnsWithTheObject_data()
@@ -64,6 +67,51 @@ void tst_Cursors::paintsItsOwnForTheKnob()
     QCOMPARE(cursor.shape(), Qt::BitmapCursor);
     QCOMPARE(cursor.pixmap().size(), QSize(24, 24));
     QCOMPARE(cursor.hotSpot(), QPoint(12, 12));
+}
+
+void tst_Cursors::circlesTheTrueSize_data()
+{
+    QTest::addColumn<int>("diameter");
+    for (const int diameter : {12, 14, 20, 40})
+        QTest::addRow("%d", diameter) << diameter;
+}
+
+// Dark ink from edge to edge along the middle row, light ink right inside, and nothing around.
+void tst_Cursors::circlesTheTrueSize()
+{
+    QFETCH(int, diameter);
+    const QCursor cursor = circleCursor(diameter);
+    const QImage image = cursor.pixmap().toImage();
+    const QPoint middle = cursor.hotSpot();
+    QRect ink;
+    bool dark = false;
+    bool light = false;
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) {
+            const QColor color = image.pixelColor(x, y);
+            if (color.alpha() < 100)
+                continue;
+            ink |= QRect(x, y, 1, 1);
+            dark = dark || color.lightness() < 80;
+            light = light || color.lightness() > 160;
+        }
+    }
+    QVERIFY(dark && light);
+    const int half = diameter / 2;
+    QCOMPARE(ink, QRect(middle - QPoint(half, half), QSize(2 * half, 2 * half)));
+}
+
+// Four pixels across; the ticks begin two pixels beside it and are five long.
+void tst_Cursors::pointsAtASmallCircle()
+{
+    const QCursor cursor = circleCursor(4);
+    const QImage image = cursor.pixmap().toImage();
+    const QPoint middle = cursor.hotSpot();
+    for (const QPoint &end : {QPoint(8, 0), QPoint(-9, 0), QPoint(0, 8), QPoint(0, -9)}) {
+        QVERIFY(image.pixelColor(middle + end).alpha() == 255);
+        QVERIFY(image.pixelColor(middle + end * 3 / 8).alpha() == 0);
+    }
+    QVERIFY(image.pixelColor(middle + QPoint(1, 0)).alpha() > 0);
 }
 
 QTEST_MAIN(tst_Cursors)

@@ -61,6 +61,7 @@ private slots:
     void drawsWithTheToolThatIsChosen();
     void picksColoursByKey();
     void setsTheWidthByKey();
+    void showsTheOptionOfTheChosenTool();
     void finishesWithEsc();
     void letsGoWhenTheToolChanges();
     void undoesByKey();
@@ -212,6 +213,37 @@ void tst_MainWindow::setsTheWidthByKey()
     for (int i = 0; i < 50; ++i)
         key(Qt::Key_BracketRight);
     QCOMPARE(width->inkWidth(), 40);
+}
+
+void tst_MainWindow::showsTheOptionOfTheChosenTool()
+{
+    auto *slider = m_window->findChild<QSlider *>(QStringLiteral("option"));
+    QVERIFY(!slider->isVisible());
+    key(Qt::Key_H);
+    QVERIFY(slider->isVisible());
+    QCOMPARE(slider->accessibleName(), QStringLiteral("Opacity"));
+    QCOMPARE(slider->value(), 40);
+    key(Qt::Key_3); // red: 214, 40, 57
+    drag(QPoint(100, 100), QPoint(200, 100));
+    slider->setValue(90);
+    drag(QPoint(100, 150), QPoint(200, 150));
+    // 102 of 255 and 229 of 255 of the colour over white
+    const auto green = [&](int y) { return page().picture().pixelColor(150, y).green(); };
+    QVERIFY2(std::abs(green(100) - 169) <= 2, qPrintable(QString::number(green(100))));
+    QVERIFY2(std::abs(green(150) - 62) <= 2, qPrintable(QString::number(green(150))));
+
+    key(Qt::Key_Comma);
+    QCOMPARE(slider->value(), 86);
+    key(Qt::Key_F);
+    QCOMPARE(slider->accessibleName(), QStringLiteral("Nib"));
+    QCOMPARE(slider->value(), 45);
+    key(Qt::Key_Period);
+    QCOMPARE(slider->value(), 54);
+    key(Qt::Key_P);
+    QVERIFY(!slider->isVisible());
+    key(Qt::Key_Period); // nothing to set
+    key(Qt::Key_H);
+    QCOMPARE(slider->value(), 86);
 }
 
 void tst_MainWindow::finishesWithEsc()

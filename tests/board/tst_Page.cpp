@@ -71,6 +71,27 @@ private:
     bool m_finishes;
 };
 
+// Keeps what each painting says about the background.
+class Listening : public Filling
+{
+public:
+    explicit Listening(std::vector<int> &news)
+        : Filling(true)
+        , m_news(news)
+    {
+    }
+
+    using Filling::Draw;
+    void Draw(QPainter &p1, QPainter &p2, QPainter &p3, QPainter &p4, QRect rc, int newBackground, int skip) override
+    {
+        m_news.push_back(newBackground);
+        Filling::Draw(p1, p2, p3, p4, rc, newBackground, skip);
+    }
+
+private:
+    std::vector<int> &m_news;
+};
+
 QStringList s_messages;
 
 void keepMessage(QtMsgType type, const QMessageLogContext & /*context*/, const QString &text)
@@ -108,6 +129,7 @@ private slots:
     void replaysTheSamePixels();
     void undoesAClear();
     void keepsInkWhenItGrows();
+    void tellsOfANewBackground();
     void showsTheObjectInProgressWhenItGrows();
     void neverShrinks();
     void tellsAHandle();
@@ -450,6 +472,25 @@ void tst_Page::undoesAClear()
     page.undo();
     QVERIFY(isBlank(page));
     QVERIFY(!page.canUndo());
+}
+
+// Both the committed object and the one in progress, and only after the page has grown.
+void tst_Page::tellsOfANewBackground()
+{
+    Page page(kSize);
+    std::vector<int> news;
+    page.begin(std::make_unique<Listening>(news));
+    drag(page, QPoint(10, 10), QPoint(20, 20));
+    page.begin(std::make_unique<Listening>(news));
+    page.feed(PT_DOWN, QPoint(10, 10));
+    QCOMPARE(news, (std::vector<int>{0, 0, 0, 0}));
+    news.clear();
+    page.grow(QSize(500, 400));
+    QCOMPARE(news, (std::vector<int>{1, 1}));
+    news.clear();
+    page.feed(PT_MOVE, QPoint(15, 15));
+    page.undo();
+    QCOMPARE(news, (std::vector<int>{0, 0}));
 }
 
 void tst_Page::keepsInkWhenItGrows()

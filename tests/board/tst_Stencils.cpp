@@ -1,6 +1,7 @@
 #include "Canvas.h"
 #include "Paper.h"
 
+#include <QtGui/QMouseEvent>
 #include <QtTest/QtTest>
 
 using namespace Board;
@@ -83,8 +84,10 @@ void tst_Stencils::eachStencil()
 void tst_Stencils::drag(const QPoint &from, const QPoint &to)
 {
     QTest::mousePress(m_canvas.get(), Qt::LeftButton, Qt::NoModifier, from);
-    QTest::mouseMove(m_canvas.get(), (from + to) / 2);
-    QTest::mouseMove(m_canvas.get(), to);
+    for (const QPoint &pos : {(from + to) / 2, to}) {
+        QMouseEvent event(QEvent::MouseMove, pos, Qt::NoButton, Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(m_canvas.get(), &event);
+    }
     QTest::mouseRelease(m_canvas.get(), Qt::LeftButton, Qt::NoModifier, to);
 }
 

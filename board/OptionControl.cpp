@@ -1,0 +1,79 @@
+#include "OptionControl.h"
+
+#include "Tools.h"
+
+#include <QtWidgets/QHBoxLayout>
+#include <QtWidgets/QLabel>
+#include <QtWidgets/QSlider>
+
+namespace Board {
+
+namespace {
+
+constexpr int kSteps = 20; // of the keys, from one end of the slider to the other
+constexpr int kSliderHeight = 32;
+constexpr int kSliderWidth = 90;
+
+} // namespace
+
+OptionControl::OptionControl(QWidget *parent)
+    : QWidget(parent)
+    , m_title(new QLabel(this))
+    , m_slider(new QSlider(Qt::Horizontal, this))
+    , m_text(new QLabel(this))
+{
+    m_slider->setObjectName(QStringLiteral("option"));
+    m_slider->setFixedSize(kSliderWidth, kSliderHeight);
+    m_text->setFixedWidth(m_text->fontMetrics().horizontalAdvance(QStringLiteral("000 %")) + 4);
+
+    auto *row = new QHBoxLayout(this);
+    row->setContentsMargins(0, 0, 0, 0);
+    row->setSpacing(8);
+    row->addWidget(m_title);
+    row->addWidget(m_slider);
+    row->addWidget(m_text);
+    hide();
+
+    connect(m_slider, &QSlider::valueChanged, this, [this](int value) {
+        m_values[m_tool] = value;
+        showValue(value);
+        emit picked(value);
+    });
+}
+
+void OptionControl::setTool(const Tool &tool)
+{
+    m_tool = &tool;
+    setVisible(tool.option.has_value());
+    if (!tool.option)
+        return;
+    const int value = m_values.value(&tool, tool.option->value);
+    const QString title = optionTitle(*tool.option);
+    m_title->setText(title);
+    m_slider->setAccessibleName(title);
+    m_slider->setToolTip(tr("%1 (, less, . more)").arg(title));
+    {
+        const QSignalBlocker blocker(m_slider); // the new range may move the old value
+        m_slider->setRange(tool.option->min, tool.option->max);
+        m_slider->setValue(value);
+    }
+    showValue(value);
+}
+
+std::optional<int> OptionControl::value() const
+{
+    return m_tool && m_tool->option ? std::make_optional(m_slider->value()) : std::nullopt;
+}
+
+void OptionControl::step(int steps)
+{
+    if (m_tool && m_tool->option)
+        m_slider->setValue(m_slider->value() + steps * (m_slider->maximum() - m_slider->minimum()) / kSteps);
+}
+
+void OptionControl::showValue(int value)
+{
+    m_text->setText(QStringLiteral("%1 %2").arg(value).arg(QString::fromUtf8(m_tool->option->unit)));
+}
+
+} // namespace Board
