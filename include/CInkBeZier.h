@@ -18,6 +18,6 @@ public:
     QRect GetUpdateRect() override;
     QRect FormGraphData(int code, QPoint pt, QRect &update) override;
 
-    Qt::PenCapStyle m_capStyleBegin; // stored only
-    Qt::PenCapStyle m_capStyleEnd;   // stored only
+    Qt::PenCapStyle m_capStyleBegin{Qt::SquareCap}; // stored only
+    Qt::PenCapStyle m_capStyleEnd{Qt::SquareCap};   // stored only
 };

@@ -2,7 +2,7 @@
 
 #include "CInkPenGraph.h"
 
-// Soft brush of four concentric translucent lines, a quarter of the width apart.
+// Soft brush: four concentric translucent lines through points a quarter of the width apart.
 //
 // The path is resampled into evenly spaced points and rendered into m_pImage, which has the canvas's size at the first
 // Draw, as they come. Neither editing nor a new canvas size changes what has been rendered.
@@ -19,7 +19,8 @@ public:
     QRect GetDisIconRect() override;
     QRect FormGraphData(int code, QPoint pt, QRect &update) override;
 
-    // Appends points `step` pixels apart from the last one towards `position`; nothing before the first point.
+    // Appends points `step` pixels apart from the last one towards `position`, at most 65 536 a call; nothing before
+    // the first point.
     void MakeColorBrushPoint(QPointF position, float step);
 
     // Renders what is new and paints the rendered stroke. Leaves the alpha of m_color at 60.

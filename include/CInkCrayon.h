@@ -19,7 +19,8 @@ public:
     QRect GetDisIconRect() override;
     QRect FormGraphData(int code, QPoint pt, QRect &update) override;
 
-    // Appends points `step` pixels apart from the last one towards `position`; nothing before the first point.
+    // Appends points `step` pixels apart from the last one towards `position`, at most 65 536 a call; nothing before
+    // the first point.
     void MakecrayonPoint(QPointF position, float step);
 
     // Renders what is new and paints the rendered stroke. Leaves the alpha of m_color at 150.

@@ -21,7 +21,8 @@ public:
     // A non-zero `rebuildPen` takes a new copy of the background, after it has changed or the width was set.
     void Draw(QPainter &p1, QPainter &p2, QPainter &p3, QPainter &p4, QRect rc, int rebuildPen, int skip) override;
 
-    // Takes effect once the pen is rebuilt. Frees m_pWidthCache.
+    // The texture's pen takes the width once it is rebuilt; the disc, the ink layer and the rectangles take it at once.
+    // Frees m_pWidthCache.
     void SetWidth(int width) override;
     QRect GetUpdateRect() override;
     void AddPoint(int code, QPoint pt, QRect &update) override;

@@ -36,7 +36,7 @@ need_packages() {
     missing=
     local package
     for package in "$@"; do
-        dpkg-query -W -f '${db:Status-Abbrev}' "$package" 2>/dev/null | grep -q '^ii' || missing="$missing $package"
+        dpkg-query -W -f '${db:Status-Abbrev}' "$package" 2>/dev/null | grep -q '^.i' || missing="$missing $package"
     done
     [ -n "$missing" ] || return 0
     step "installing$missing" install_missing

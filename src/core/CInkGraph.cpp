@@ -1,10 +1,10 @@
 #include "CInkGraph.h"
 
+#include "decode_p.h"
 #include "geometry_p.h"
 
 #include <QtCore/QBuffer>
 #include <QtGui/QImage>
-#include <QtGui/QImageReader>
 
 #include <algorithm>
 #include <cmath>
@@ -13,27 +13,12 @@ using namespace InkInternal;
 
 namespace {
 
-constexpr qint64 kMaxDecodedPixels = 256'000'000; // far above any canvas, a quarter of what a small bomb can claim
-
 void storeName(ushort (&field)[32], const QString &name)
 {
     // [ink-name-cut] A name of 32 units or more fills the field and has no terminator.
     const int length = std::min(name.size(), 32);
     const ushort *units = name.utf16();
     std::fill(std::copy(units, units + length, field), field + 32, ushort(0));
-}
-
-QImage decoded(const QByteArray &bytes)
-{
-    const auto fits = [](const QSize &size) { return qint64(size.width()) * size.height() <= kMaxDecodedPixels; };
-    QBuffer buffer;
-    buffer.setData(bytes);
-    buffer.open(QIODevice::ReadOnly);
-    QImageReader reader(&buffer);
-    if (!fits(reader.size()))
-        return {};
-    const QImage image = reader.read();
-    return fits(image.size()) ? image : QImage();
 }
 
 } // namespace
@@ -157,5 +142,8 @@ QImage *CInkGraph::ImageFromMem(void *data, int len)
 {
     if (!data || len <= 0)
         return new QImage;
-    return new QImage(decoded(QByteArray::fromRawData(static_cast<const char *>(data), len)));
+    QBuffer buffer;
+    buffer.setData(QByteArray::fromRawData(static_cast<const char *>(data), len));
+    buffer.open(QIODevice::ReadOnly);
+    return new QImage(decoded(&buffer));
 }

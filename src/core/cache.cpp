@@ -1,8 +1,7 @@
 #include "cache_p.h"
 
 #include "geometry_p.h"
-
-#include <QtGui/QImage>
+#include "pixels_p.h"
 
 #include <memory>
 
@@ -13,12 +12,20 @@ QRect InkInternal::canvasRect(const QSize &size)
     return edges(0, 0, qint64(size.width()) - 1, qint64(size.height()) - 1);
 }
 
+QImage InkInternal::blankPixels(const QRect &canvas)
+{
+    const QSize size(saturated(width(canvas)), saturated(height(canvas)));
+    if (!fitsIntoMemory(size))
+        return {};
+    QImage image(size, QImage::Format_ARGB32);
+    image.fill(0);
+    return image;
+}
+
 bool InkInternal::ensureCache(CInkGraph &graph, const QRect &canvas)
 {
     if (!graph.m_pImage) {
-        auto image =
-            std::make_unique<QImage>(saturated(width(canvas)), saturated(height(canvas)), QImage::Format_ARGB32);
-        image->fill(0);
+        auto image = std::make_unique<QImage>(blankPixels(canvas));
         if (!image->isNull())
             graph.m_pImage = image.release();
     }

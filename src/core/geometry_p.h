@@ -68,10 +68,12 @@ inline QRect sized(const QPoint &topLeft, const QSize &size)
     return sized(topLeft.x(), topLeft.y(), size.width(), size.height());
 }
 
-// The drawer's icon, 30 x 30 around the pointer.
+constexpr int kIconSide = 30; // of the drawer's icon, canvas pixels
+
+// The drawer's icon around the pointer.
 inline QRect iconRectAround(const QPoint &tip)
 {
-    return sized(qint64(tip.x()) - 15, qint64(tip.y()) - 15, 30, 30);
+    return sized(qint64(tip.x()) - kIconSide / 2, qint64(tip.y()) - kIconSide / 2, kIconSide, kIconSide);
 }
 
 inline QRect grown(const QRect &rect, qint64 dx, qint64 dy)

@@ -38,6 +38,26 @@ inline void pressInEdit(CInkGraph &graph, const QPoint &pt)
         graph.m_ptLast = widened(pt);
 }
 
+// One event of a box or a stencil that is being edited.
+inline void editEvent(CInkGraph &graph, int code, const QPoint &pt, QRect &update)
+{
+    const QRect before = graph.GetUpdateRect();
+    if (code == PT_DOWN) {
+        pressInEdit(graph, pt);
+    } else if (code == PT_UP || code == PT_MOVE) {
+        graph.ModifyGraph(pt, ModifyType(graph.m_modifyType));
+        graph.m_bSparePoint = code == PT_MOVE;
+    }
+    update = update | (before | graph.GetUpdateRect());
+}
+
+// What an edited object covers, its name label at the corner of its frame included.
+inline QRect coveredInEdit(CInkGraph &graph)
+{
+    graph.m_rcName = graph.m_bShowDrawerName ? sized(graph.m_rcHot.topLeft(), graph.m_sizeName) : QRect();
+    return graph.GetRotateUpDateRect() | graph.m_rcName;
+}
+
 inline bool showsHandles(const CInkGraph &graph)
 {
     return !graph.m_bFinished && graph.m_bEditMode && !graph.m_bHideHotShape;

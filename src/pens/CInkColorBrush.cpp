@@ -1,7 +1,6 @@
 #include "CInkColorBrush.h"
 
 #include "core/cache_p.h"
-#include "core/life_p.h"
 #include "core/painting_p.h"
 #include "pens/stroke_p.h"
 #include "pens/textured_p.h"
@@ -81,14 +80,12 @@ void CInkColorBrush::DrawColorBrushGraph(QPainter &painter)
     QPainter cache(m_pImage);
     setHighQualityAntialiasing(cache);
     cache.setRenderHint(QPainter::SmoothPixmapTransform);
-    QPen pen = solidPen(*this, Qt::RoundCap);
     QColor color = m_color;
     for (int i = std::max(m_nDrawnCount, 0); i < points.size() - 1; m_nDrawnCount = ++i) {
         for (const auto &pass : kPasses) {
             color.setAlpha(pass.alpha);
-            pen.setColor(color);
-            pen.setWidth(truncated(double(pass.width * float(m_nWidth))));
-            cache.setPen(pen);
+            const int width = truncated(double(pass.width * float(m_nWidth)));
+            cache.setPen(QPen(color, width, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
             cache.drawLine(points.at(i), points.at(i + 1));
         }
     }

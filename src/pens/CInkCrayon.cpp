@@ -1,7 +1,6 @@
 #include "CInkCrayon.h"
 
 #include "core/cache_p.h"
-#include "core/life_p.h"
 #include "core/painting_p.h"
 #include "pens/stroke_p.h"
 #include "pens/textured_p.h"

@@ -2,6 +2,7 @@
 
 #include "core/geometry_p.h"
 #include "core/life_p.h"
+#include "pens/stroke_p.h"
 
 #include <algorithm>
 
@@ -9,7 +10,6 @@ using namespace InkInternal;
 
 namespace {
 
-constexpr int kFrameMargin = 32;      // canvas pixels between a finished stroke and its frame
 constexpr int kMinSegmentMargin = 20; // around the newest segment
 
 // The name label hangs at `corner`. [ink-pen-name-doubled] Its far edges count the corner's coordinates twice.
@@ -22,7 +22,7 @@ QRect nameRectCornerTwice(const QPoint &corner, const QSize &size)
 void endStroke(CInkPenGraph &pen)
 {
     pen.m_bEditMode = 1;
-    pen.SetHotData(kFrameMargin, kFrameMargin);
+    pen.SetHotData(kStrokeFrameMargin, kStrokeFrameMargin);
     commit(pen);
 }
 
@@ -74,7 +74,7 @@ QRect CInkPenGraph::FormGraphData(int code, QPoint pt, QRect &update)
     m_bSparePoint = 0;
     const QRect before = GetUpdateRect();
     m_graphData.append(widened(pt));
-    ++m_nPointCount;
+    m_nPointCount = saturated(qint64(m_nPointCount) + 1);
     if (code == PT_UP)
         endStroke(*this);
     update = update | (before | GetUpdateRect());

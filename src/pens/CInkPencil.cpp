@@ -5,9 +5,15 @@
 
 using namespace InkInternal;
 
+namespace {
+
+constexpr int kReservedPoints = 10;
+
+} // namespace
+
 CInkPencil::CInkPencil()
 {
-    m_graphData.reserve(10);
+    m_graphData.reserve(kReservedPoints);
 }
 
 CInkPencil::~CInkPencil() = default;

@@ -104,5 +104,5 @@ void CInkSprayGun::DrawSprayGraph(QPainter &painter)
         if (m_pImage->valid(dot))
             m_pImage->setPixel(dot, m_color.rgba());
     }
-    painter.drawImage(QRectF(m_rcCanvas), *m_pImage, QRectF(m_rcCanvas));
+    painter.drawImage(real(m_rcCanvas), *m_pImage, real(m_rcCanvas));
 }

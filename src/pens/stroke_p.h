@@ -9,6 +9,8 @@
 
 namespace InkInternal {
 
+constexpr int kStrokeFrameMargin = 32; // canvas pixels between a finished stroke and its frame
+
 // A path through at least one point. Each segment is a quadTo with its start as control point: Qt flattens it
 // differently from a lineTo, so the pixels differ too.
 inline QPainterPath strokePath(const QVector<QPointF> &points)
@@ -19,13 +21,13 @@ inline QPainterPath strokePath(const QVector<QPointF> &points)
     return path;
 }
 
-// The drawer's icon, 30 x 30, stands on the pen's last position and extends to its right.
+// The drawer's icon stands on the pen's last position and extends to its right.
 inline QRect iconRectOnTip(const QVector<QPointF> &points)
 {
     if (points.isEmpty())
         return {};
     const QPoint tip = truncated(points.last());
-    return sized(tip.x(), qint64(tip.y()) - 30, 30, 30);
+    return sized(tip.x(), qint64(tip.y()) - kIconSide, kIconSide, kIconSide);
 }
 
 inline void setHighQualityAntialiasing(QPainter &painter)

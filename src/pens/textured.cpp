@@ -1,5 +1,4 @@
 #include "core/geometry_p.h"
-#include "core/life_p.h"
 #include "pens/textured_p.h"
 
 #include <QtGui/QPainter>
@@ -40,5 +39,5 @@ float InkInternal::collectDistance(const CInkPenGraph &pen)
 
 void InkInternal::paintCache(const CInkPenGraph &pen, const QRect &canvas, QPainter &painter)
 {
-    painter.drawImage(QRectF(canvas), *pen.m_pImage, QRectF(0, 0, canvas.width(), canvas.height()));
+    painter.drawImage(real(canvas), *pen.m_pImage, QRectF(0, 0, double(width(canvas)), double(height(canvas))));
 }

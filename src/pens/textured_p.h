@@ -3,6 +3,8 @@
 // What the textured pens share: evenly spaced points, and a rendered stroke laid over the painter.
 
 #include "CInkPenGraph.h"
+#include "core/life_p.h"
+#include "pens/stroke_p.h"
 
 namespace InkInternal {
 
@@ -17,8 +19,6 @@ float collectDistance(const CInkPenGraph &pen);
 template <typename Pen, typename Collect>
 QRect collectStroke(Pen &pen, int code, const QPoint &pt, QRect &update, const Collect &collect)
 {
-    constexpr int kFrameMargin = 32; // canvas pixels between a finished stroke and its frame
-
     const QRect before = pen.GetUpdateRect();
     const QPointF position = widened(pt);
     if (code == PT_DOWN && pen.m_graphData.isEmpty()) {
@@ -27,7 +27,7 @@ QRect collectStroke(Pen &pen, int code, const QPoint &pt, QRect &update, const C
     } else if (code == PT_UP) {
         // [ink-textured-release] The release position is not collected, and the frame needs three points.
         if (pen.m_graphData.size() > 2)
-            pen.SetHotData(kFrameMargin, kFrameMargin);
+            pen.SetHotData(kStrokeFrameMargin, kStrokeFrameMargin);
         commit(pen);
     } else if (!pen.m_graphData.isEmpty()) {
         pen.m_ptPrevPoint = pen.m_graphData.constLast();

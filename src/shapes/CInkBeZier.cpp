@@ -37,7 +37,7 @@ void endDrag(CInkBeZier &curve)
         commit(curve);
         return;
     }
-    ++curve.m_nPointCount;
+    curve.m_nPointCount = saturated(qint64(curve.m_nPointCount) + 1);
     if (curve.m_nPointCount == PointCount) {
         curve.m_bEditMode = 1;
         curve.SetHotData(kFrameMargin, kFrameMargin);
@@ -73,10 +73,8 @@ void CInkBeZier::Draw(QPainter &painter, QRect &rect)
 
 QRect CInkBeZier::GetUpdateRect()
 {
-    if (m_bEditMode) {
-        m_rcName = m_bShowDrawerName ? sized(m_rcHot.topLeft(), m_sizeName) : QRect();
-        return GetRotateUpDateRect() | m_rcName;
-    }
+    if (m_bEditMode)
+        return coveredInEdit(*this);
     if (m_graphData.size() < PointCount)
         return {};
     const QPoint tip = truncated(m_graphData.at(followingPoint(m_nPointCount)));

@@ -52,10 +52,8 @@ bool CInkEllipse::FinishGraph()
 QRect CInkEllipse::GetUpdateRect()
 {
     const qint64 width = m_nWidth;
-    if (m_bEditMode) {
-        m_rcName = m_bShowDrawerName ? sized(m_rcHot.topLeft(), m_sizeName) : QRect();
-        return GetRotateUpDateRect() | m_rcName;
-    }
+    if (m_bEditMode)
+        return coveredInEdit(*this);
     if (m_graphData.size() < 2)
         return {};
     if (m_nPointCount == 2) {

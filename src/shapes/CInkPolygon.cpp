@@ -80,10 +80,8 @@ QRect CInkPolygon::GetUpdateRect()
 {
     if (m_graphData.isEmpty())
         return {};
-    if (m_bEditMode) {
-        m_rcName = m_bShowDrawerName ? sized(m_rcHot.topLeft(), m_sizeName) : QRect();
-        return GetRotateUpDateRect() | m_rcName;
-    }
+    if (m_bEditMode)
+        return coveredInEdit(*this);
     const QPoint tip = truncated(m_graphData.constLast());
     m_rcName = m_bShowDrawerName ? sized(tip, m_sizeName) : QRect();
     m_rcIcon = m_bShowDrawerIcon ? iconRectAround(tip) : QRect();

@@ -113,25 +113,10 @@ void CInkRectangle::AddPoint(int code, QPoint pt, QRect &update)
     if (m_bFinished)
         return;
     m_bSparePoint = 0;
-    if (!m_bEditMode) {
+    if (m_bEditMode)
+        editEvent(*this, code, pt, update);
+    else
         FormGraphData(code, pt, update);
-        return;
-    }
-
-    const QRect before = GetUpdateRect();
-    switch (code) {
-    case PT_DOWN:
-        pressInEdit(*this, pt);
-        break;
-    case PT_UP:
-        ModifyGraph(pt, ModifyType(m_modifyType));
-        break;
-    case PT_MOVE:
-        ModifyGraph(pt, ModifyType(m_modifyType));
-        m_bSparePoint = 1;
-        break;
-    }
-    update = update | (before | GetUpdateRect());
 }
 
 QRect CInkRectangle::FormGraphData(int code, QPoint pt, QRect &update)

@@ -37,6 +37,7 @@ void CInkRoundRect::Draw(QPainter &painter, QRect &rect)
 void CInkRoundRect::DrawRoundRect(QPainter &painter, QRect box)
 {
     const PainterStateScope scope(painter);
+    // [ink-round-rect-unfilled] Whatever brush the painter carries.
     painter.setBrush(Qt::NoBrush);
     painter.drawRoundedRect(real(box), kRoundness, kRoundness, Qt::RelativeSize);
 }

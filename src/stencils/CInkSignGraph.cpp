@@ -70,10 +70,8 @@ bool CInkSignGraph::FinishGraph()
 
 QRect CInkSignGraph::GetUpdateRect()
 {
-    if (m_bEditMode) {
-        m_rcName = m_bShowDrawerName ? sized(m_rcHot.topLeft(), m_sizeName) : QRect();
-        return normalized(GetRotateUpDateRect() | m_rcName);
-    }
+    if (m_bEditMode)
+        return normalized(coveredInEdit(*this));
     const int size = m_graphData.size();
     if (size < 2)
         return {};
@@ -99,25 +97,10 @@ void CInkSignGraph::AddPoint(int code, QPoint pt, QRect &update)
     if (m_bFinished)
         return;
     m_bSparePoint = 0;
-    if (!m_bEditMode) {
+    if (m_bEditMode)
+        editEvent(*this, code, pt, update);
+    else
         FormGraphData(code, pt, update);
-        return;
-    }
-
-    const QRect before = GetUpdateRect();
-    switch (code) {
-    case PT_DOWN:
-        pressInEdit(*this, pt);
-        break;
-    case PT_UP:
-        ModifyGraph(pt, ModifyType(m_modifyType));
-        break;
-    case PT_MOVE:
-        ModifyGraph(pt, ModifyType(m_modifyType));
-        m_bSparePoint = 1;
-        break;
-    }
-    update = update | (before | GetUpdateRect());
 }
 
 QRect CInkSignGraph::FormGraphData(int code, QPoint pt, QRect &update)

@@ -1,6 +1,7 @@
 // The colour brush as it is painted. How it collects is in tst_textured_pens.cpp.
 
 #include "CInkColorBrush.h"
+#include "MessageLog.h"
 #include "PenStroke.h"
 
 #include <gtest/gtest.h>
@@ -305,4 +306,14 @@ TEST(CInkColorBrush, strokeOutsideTheCanvasIsCut)
     QImage inside = rendered(kPath, QColor(0, 200, 100), {20, 16, 12, 8}).copy(0, 0, 150, 100);
     EXPECT_TRUE(samePixels(*brush.m_pImage, inside));
     EXPECT_EQ(image.pixel(150, 50), 0u);
+}
+
+TEST(CInkColorBrush, hugeWidthIsPaintedWithoutAWarning)
+{
+    CInkColorBrush brush(QSize(60, 60));
+    brush.SetWidth(40000);
+    brush.m_graphData = {{10, 10}, {30, 30}};
+    const MessageLog log;
+    drawn(brush, {60, 60});
+    EXPECT_TRUE(log.lines.isEmpty());
 }

@@ -1,6 +1,7 @@
 // The base of the freehand pens: how a stroke grows, how it ends and what it covers.
 
 #include "CInkPenGraph.h"
+#include "CInkPencil.h"
 #include "Canvas.h"
 #include "Exact.h"
 
@@ -520,4 +521,12 @@ TEST(CInkPenGraph, extremeCoordinatesAndWidthsAreSurvived)
             }
         }
     }
+}
+
+TEST(CInkPenGraph, counterStopsAtTheLargestInt)
+{
+    CInkPencil pencil;
+    pencil.m_nPointCount = INT_MAX;
+    feed(pencil, PT_DOWN, 10, 10);
+    EXPECT_EQ(pencil.m_nPointCount, 2147483647);
 }

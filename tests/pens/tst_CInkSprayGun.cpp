@@ -469,3 +469,23 @@ TEST(CInkSprayGun, hostileValuesAreSurvived)
         }
     }
 }
+
+TEST(CInkSprayGun, canvasOfMoreThan256MegapixelsHoldsNoImage)
+{
+    CInkSprayGun spray(QSize(16001, 16000));
+    feed(spray, PT_DOWN, 10, 10);
+    feed(spray, PT_MOVE, 20, 20);
+    EXPECT_TRUE(isBlank(drawn(spray)));
+    EXPECT_EQ(spray.m_pImage, nullptr);
+}
+
+TEST(CInkSprayGun, canvasAsWideAsTheIntsAfterwardsIsHarmless)
+{
+    CInkSprayGun spray(QSize(100, 100));
+    feed(spray, PT_DOWN, 10, 10);
+    feed(spray, PT_MOVE, 20, 20);
+    drawn(spray);
+    spray.m_rcCanvas.setCoords(INT_MIN, 0, INT_MAX, 10);
+    drawn(spray);
+    EXPECT_EQ(spray.m_pImage->width(), 100);
+}
