@@ -10,13 +10,18 @@
 #include "CInkEraser.h"
 #include "CInkErro.h"
 #include "CInkFlatBrush.h"
+#include "CInkFloodFill.h"
+#include "CInkFloodFillEx.h"
 #include "CInkHighLightPen.h"
 #include "CInkITriangle.h"
 #include "CInkLTriangle.h"
 #include "CInkPencil.h"
+#include "CInkPicTure.h"
 #include "CInkPolygon.h"
+#include "CInkRgnSelect.h"
 #include "CInkRoundRect.h"
 #include "CInkSprayGun.h"
+#include "CInkText.h"
 #include "CInkWaterColorPen.h"
 
 #include <gtest/gtest.h>
@@ -166,6 +171,40 @@ TEST(FieldOrder, shapesOnTheBox)
     EXPECT_EQ(sizeof(CInkITriangle), 480u);
     EXPECT_EQ(sizeof(CInkLTriangle), 480u);
     EXPECT_EQ(sizeof(CInkDiamond), 480u);
+}
+
+TEST(FieldOrder, fills)
+{
+    const CInkFloodFill fill;
+    EXPECT_EQ(offset(fill, fill.m_rcFillBounds), 472);
+    EXPECT_EQ(offset(fill, fill.m_rcCanvas), 488);
+    EXPECT_EQ(offset(fill, fill.m_bFilled), 504);
+    EXPECT_EQ(sizeof(CInkFloodFill), 512u);
+    const CInkFloodFillEx shared({10, 10});
+    EXPECT_EQ(offset(shared, shared.m_bBitmapGetted), 508);
+    EXPECT_EQ(offset(shared, shared.m_pLocalBitmap), 512);
+    EXPECT_EQ(sizeof(CInkFloodFillEx), 520u);
+}
+
+TEST(FieldOrder, imagesOnTheBox)
+{
+    const CInkRgnSelect select;
+    EXPECT_EQ(offset(select, select.m_selColor), 476);
+    EXPECT_EQ(sizeof(CInkRgnSelect), 496u);
+    const CInkPicTure picture(QString(), {0, 0});
+    EXPECT_EQ(offset(picture, picture.m_pPicture), 480);
+    EXPECT_EQ(offset(picture, picture.m_nImageWidth), 488);
+    EXPECT_EQ(offset(picture, picture.m_nImageHeight), 492);
+    EXPECT_EQ(sizeof(CInkPicTure), 496u);
+    const CInkText text;
+    EXPECT_EQ(offset(text, text.m_rcText), 476);
+    EXPECT_EQ(offset(text, text.m_rcImage), 492);
+    EXPECT_EQ(offset(text, text.m_rcMoveTab), 508);
+    EXPECT_EQ(offset(text, text.m_rcStretchCorner), 524);
+    EXPECT_EQ(offset(text, text.m_bClickOutside), 540);
+    EXPECT_EQ(offset(text, text.m_strText), 544);
+    EXPECT_EQ(offset(text, text.m_pTextImage), 552);
+    EXPECT_EQ(sizeof(CInkText), 560u);
 }
 
 TEST(FieldOrder, flagsAreInts)

@@ -82,11 +82,14 @@ enum Slot : size_t {
     GetUpdateRect = 9,
     GetModifyType = 10,
     AroundHotPts = 11,
+    ResetHotData = 12,
     AddPoint = 13,
     IsPtInModifyZone = 14,
     DecideModiFyType = 15,
     ModifyGraph = 16,
     StretchGraph = 17,
+    MoveGraph = 18,
+    SetHotData = 20,
     DrawHotShape = 22,
 };
 
@@ -253,6 +256,45 @@ TEST(SlotOrder, stencils)
                                          {{Draw, "Draw(QPainter&, QRect&)"},
                                           {kNormalizeGraphData, "NormalizeGraphData(QVector<QPointF>&)"}}));
     }
+}
+
+TEST(SlotOrder, fills)
+{
+    const std::string layered = "Draw(QPainter&, QPainter&, QPainter&, QPainter&, QRect, int, int)";
+    const std::vector<std::string> fill = derived(kGraphSlots, "CInkFloodFill",
+                                                  {{LayeredDraw, layered},
+                                                   {SetCanvasSize, "SetCanvasSize(QSize)"},
+                                                   {GetPointCount, "GetPointCount()"},
+                                                   {FinishGraph, "FinishGraph()"},
+                                                   {GetUpdateRect, "GetUpdateRect()"},
+                                                   {AddPoint, "AddPoint(int, QPoint, QRect&)"}});
+    EXPECT_EQ(slotsOf("CInkFloodFill"), fill);
+    EXPECT_EQ(slotsOf("CInkFloodFillEx"),
+              derived(fill, "CInkFloodFillEx", {{LayeredDraw, layered}, {AddPoint, "AddPoint(int, QPoint, QRect&)"}}));
+}
+
+TEST(SlotOrder, imagesOnTheBox)
+{
+    EXPECT_EQ(slotsOf("CInkRgnSelect"),
+              derived(kRectangleSlots, "CInkRgnSelect",
+                      {{LayeredDraw, "Draw(QPainter&, QPainter&, QPainter&, QPainter&, QRect, int, int)"},
+                       {AddPoint, "AddPoint(int, QPoint, QRect&)"}}));
+    EXPECT_EQ(slotsOf("CInkPicTure"), derived(kRectangleSlots, "CInkPicTure",
+                                              {{Draw, "Draw(QPainter&, QRect&)"},
+                                               {FinishGraph, "FinishGraph()"},
+                                               {GetUpdateRect, "GetUpdateRect()"}}));
+    EXPECT_EQ(slotsOf("CInkText"), derived(kRectangleSlots, "CInkText",
+                                           {{Draw, "Draw(QPainter&, QRect&)"},
+                                            {GetUpdateRect, "GetUpdateRect()"},
+                                            {ResetHotData, "ResetHotData(QRect)"},
+                                            {AddPoint, "AddPoint(int, QPoint, QRect&)"},
+                                            {IsPtInModifyZone, "IsPtInModifyZone(QPoint)"},
+                                            {DecideModiFyType, "DecideModiFyType(QPoint)"},
+                                            {StretchGraph, "StretchGraph(QPoint)"},
+                                            {MoveGraph, "MoveGraph(float, float)"},
+                                            {SetHotData, "SetHotData(int, int)"},
+                                            {DrawHotShape, "DrawHotShape(QPainter&)"},
+                                            {kFormGraphData, "FormGraphData(int, QPoint, QRect&)"}}));
 }
 
 TEST(SlotOrder, shapesOnTheBox)

@@ -1,0 +1,137 @@
+#include "CInkFloodFill.h"
+
+#include "core/cache_p.h"
+#include "core/geometry_p.h"
+#include "core/life_p.h"
+#include "raster/fill_p.h"
+#include "raster/layer_p.h"
+
+#include <algorithm>
+#include <vector>
+
+using namespace InkInternal;
+
+namespace {
+
+constexpr int kSeedPoints = 10;
+constexpr int kUpdateMargin = 10; // canvas pixels around what was filled
+
+} // namespace
+
+CInkFloodFill::CInkFloodFill() = default;
+
+CInkFloodFill::CInkFloodFill(QSize canvas)
+    : m_rcCanvas(canvasRect(canvas))
+{
+    m_graphData.resize(kSeedPoints);
+}
+
+CInkFloodFill::~CInkFloodFill() = default;
+
+void CInkFloodFill::Draw(QPainter &p1, QPainter &p2, QPainter & /*p3*/, QPainter &p4, QRect /*rc*/, int /*reserved*/,
+                         int skip)
+{
+    if (skip || m_nPointCount < 1 || !m_bFinished)
+        return;
+
+    // [ink-fill-every-draw] Filled anew each time, from what the page now is.
+    assignImage(m_pImage, blankPixels(m_rcCanvas));
+    FormFloodFillBmp(p1);
+    paintBitmap(*m_pImage, m_rcCanvas, {&p2, &p1, &p4});
+}
+
+void CInkFloodFill::SetCanvasSize(QSize size)
+{
+    m_rcCanvas = canvasRect(size);
+}
+
+int CInkFloodFill::GetPointCount()
+{
+    return m_nPointCount;
+}
+
+bool CInkFloodFill::FinishGraph()
+{
+    if (m_nPointCount < 1)
+        return false;
+    commit(*this);
+    return true;
+}
+
+QRect CInkFloodFill::GetUpdateRect()
+{
+    return m_bFilled ? grown(m_rcFillBounds, kUpdateMargin) : m_rcCanvas;
+}
+
+void CInkFloodFill::AddPoint(int code, QPoint pt, QRect &update)
+{
+    if (code != PT_DOWN)
+        return;
+    if (m_graphData.isEmpty())
+        m_graphData.resize(1);
+    m_graphData[0] = widened(pt);
+    m_nPointCount = 1;
+    commit(*this);
+    // [ink-fill-assigns-update] Not united with what the host has collected, and taken before the bounds are reset.
+    update = GetUpdateRect();
+    m_rcFillBounds = QRect(pt, pt);
+}
+
+QColor CInkFloodFill::GetPixel(int x, int y, QImage *img)
+{
+    // [ink-fill-drops-alpha] An empty pixel of a transparent layer equals opaque black.
+    return img && img->valid(x, y) ? QColor(img->pixel(x, y)) : QColor();
+}
+
+void CInkFloodFill::SetPixel(int x, int y, QColor color, QImage *img)
+{
+    for (QImage *image : {img, m_pImage}) {
+        if (image && image->valid(x, y))
+            image->setPixel(x, y, color.rgb());
+    }
+    m_rcFillBounds = edges(std::min(m_rcFillBounds.left(), x), std::min(m_rcFillBounds.top(), y),
+                           std::max(m_rcFillBounds.right(), x), std::max(m_rcFillBounds.bottom(), y));
+}
+
+void CInkFloodFill::FormFloodFillBmp(QPainter &layer)
+{
+    QImage *image = layerImage(layer);
+    if (!image || m_graphData.isEmpty())
+        return;
+    const QPoint seed = truncated(m_graphData.constFirst());
+    const QColor target = GetPixel(seed.x(), seed.y(), image);
+    // [ink-fill-same-color] The fill colour is compared with its alpha and its colour model, the pixel without.
+    if (m_color == target || !m_rcCanvas.contains(seed) || !image->valid(seed))
+        return;
+
+    // The canvas begins at the origin, but the field is public: the page's own pixels bound the region, too.
+    const QRect region = m_rcCanvas & image->rect();
+    const QSize size(region.right() + 1, region.bottom() + 1);
+    const auto isTarget = [&](int x, int y) { return (image->pixel(x, y) | 0xff000000U) == target.rgb(); };
+    // Each pixel once: the fill colour may read back as the target.
+    std::vector<bool> taken(std::size_t(size.width()) * std::size_t(size.height()));
+    const auto isOpen = [&](int x, int y) {
+        return !taken[std::size_t(y) * std::size_t(size.width()) + std::size_t(x)] && isTarget(x, y);
+    };
+    std::vector<QPoint> queue{seed};
+    for (std::size_t head = 0; head < queue.size(); ++head) {
+        const auto [x, y] = std::pair(queue[head].x(), queue[head].y());
+        if (!isOpen(x, y))
+            continue;
+        int left = x;
+        while (left > region.left() && isOpen(left - 1, y))
+            --left;
+        int right = x;
+        while (right < size.width() - 1 && isOpen(right + 1, y))
+            ++right;
+        for (int px = left; px <= right; ++px) {
+            SetPixel(px, y, m_color, image);
+            taken[std::size_t(y) * std::size_t(size.width()) + std::size_t(px)] = true;
+            if (y > region.top() && isOpen(px, y - 1))
+                queue.emplace_back(px, y - 1);
+            if (y < size.height() - 1 && isOpen(px, y + 1))
+                queue.emplace_back(px, y + 1);
+        }
+    }
+    m_bFilled = 1;
+}
