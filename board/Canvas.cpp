@@ -1,8 +1,14 @@
 #include "Canvas.h"
 
 #include "Cursors.h"
+#include "ObjectEditor.h"
+#include "PictureFile.h"
 
+#include "CInkPicTure.h"
 #include "PointerEvent.h"
+
+#include <QtCore/QMimeData>
+#include <QtGui/QDropEvent>
 
 #include <QtGui/QMouseEvent>
 #include <QtGui/QPaintEvent>
@@ -10,6 +16,9 @@
 #include <QtGui/QTabletEvent>
 #include <QtGui/QTouchDevice>
 #include <QtGui/QTouchEvent>
+#include <QtWidgets/QApplication>
+
+#include <utility>
 
 namespace Board {
 
@@ -39,6 +48,7 @@ Canvas::Canvas(const QSize &pageSize, QWidget *parent)
 {
     setAttribute(Qt::WA_AcceptTouchEvents);
     setAttribute(Qt::WA_OpaquePaintEvent);
+    setAcceptDrops(true);
     setMouseTracking(true);
     setTabletTracking(true);
     setFocusPolicy(Qt::StrongFocus);
@@ -54,6 +64,13 @@ void Canvas::setTool(const Tool &tool)
     m_tool = &tool;
     takeCursor();
     finish();
+}
+
+void Canvas::setColor(const QColor &color)
+{
+    m_ink.color = color;
+    if (m_editor)
+        m_editor->setColor(color);
 }
 
 void Canvas::setInkWidth(int width)
@@ -76,11 +93,57 @@ void Canvas::finish()
     setCursor(m_cursor);
 }
 
+void Canvas::insertPicture(const QImage &picture, const std::optional<QPoint> &center)
+{
+    finish();
+    const bool fits = rect().contains(picture.rect());
+    const QSize fitting = picture.size().scaled(size(), Qt::KeepAspectRatio).expandedTo(QSize(1, 1));
+    QImage shown = fits ? picture : picture.scaled(fitting, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+    m_edit = nullptr;
+    auto object = std::make_unique<CInkPicTure>(&shown, QPoint());
+    object->InitGraphData(center.value_or(QPoint(width() / 2, height() / 2)));
+    object->SetCanvasSize(m_page.rect().size());
+    setDrawnHere(*object);
+    repaintPage(m_page.insert(std::move(object)));
+}
+
 // Lets go what is still being drawn as if the device did, for not every object can be finished without a release.
 void Canvas::endDrawing()
 {
     if (m_device != Device::None && m_page.isBusy())
         endGesture(m_last);
+    closeEditor();
+}
+
+// The object has what was entered and is then let go like any other.
+void Canvas::closeEditor()
+{
+    if (!m_editor)
+        return;
+    const bool hadFocus = isAncestorOf(QApplication::focusWidget());
+    ObjectEditor *editor = std::exchange(m_editor, nullptr);
+    editor->finish();
+    editor->deleteLater(); // the key that ends it may be its own
+    if (hadFocus)
+        setFocus();
+}
+
+void Canvas::followObject()
+{
+    if (!m_edit || !m_page.isBusy() || m_page.isForming())
+        return;
+    if (m_editor) {
+        m_editor->follow();
+        if (m_editor->isLeft()) {
+            closeEditor();
+            repaintPage(m_page.finish());
+            setCursor(m_cursor);
+        }
+    } else {
+        m_editor = m_edit(*m_page.object(), this);
+        m_editor->show();
+        m_editor->setFocus();
+    }
 }
 
 void Canvas::undo()
@@ -103,10 +166,13 @@ bool Canvas::press(Device device, const QPointF &pos)
         return false;
     m_device = device;
     m_last = pixelAt(pos);
-    if (!m_page.isBusy())
+    if (!m_page.isBusy()) {
+        m_edit = m_tool->edit;
         m_page.begin(createObject(*m_tool, m_ink, m_page.rect().size()),
                      m_tool->movesAsItGrows ? Page::Reach::Everywhere : Page::Reach::Reported);
+    }
     repaintPage(m_page.feed(PT_DOWN, m_last));
+    followObject();
     m_tapping = true;
     if (m_tool->scatters) {
         m_scattering.start();
@@ -130,6 +196,7 @@ void Canvas::move(Device device, const QPointF &pos)
         scatter();
     else
         repaintPage(m_page.feed(PT_MOVE, m_last));
+    followObject();
 }
 
 void Canvas::scatter()
@@ -142,6 +209,7 @@ void Canvas::endGesture(const QPoint &pt)
     m_scattering.stop();
     const bool tapped = m_tool->tapsWithOnePoint && m_tapping && pt == m_last;
     repaintPage(tapped ? m_page.finish() : m_page.feed(PT_UP, pt));
+    followObject();
 }
 
 void Canvas::release(Device device, const QPointF &pos)
@@ -218,6 +286,22 @@ void Canvas::tabletEvent(QTabletEvent *event)
         press(Device::Pen, event->posF());
     else if (event->type() == QEvent::TabletRelease && event->button() == Qt::LeftButton)
         release(Device::Pen, event->posF());
+}
+
+void Canvas::dragEnterEvent(QDragEnterEvent *event)
+{
+    if (mayHoldPicture(*event->mimeData()))
+        event->acceptProposedAction();
+}
+
+void Canvas::dropEvent(QDropEvent *event)
+{
+    event->acceptProposedAction();
+    QString problem;
+    if (const auto picture = readPicture(*event->mimeData(), problem))
+        insertPicture(*picture, event->pos());
+    else
+        emit pictureRefused(problem);
 }
 
 bool Canvas::event(QEvent *event)

@@ -12,6 +12,8 @@ class QTouchEvent;
 
 namespace Board {
 
+class ObjectEditor;
+
 // Shows a page and draws on it with the mouse, a pen or a finger.
 //
 // The page is as large as the widget has ever been: ink beyond the edges of a smaller window is kept.
@@ -26,12 +28,16 @@ public:
 
     // A new tool lets the object in progress go. Colour and width are those of the next object.
     void setTool(const Tool &tool);
-    void setColor(const QColor &color) { m_ink.color = color; }
+    void setColor(const QColor &color);
     void setInkWidth(int width);
     void setInkOption(std::optional<int> option) { m_ink.option = option; }
 
     // The dots of a tool that scatters are the same after the same seed.
     void setSeed(quint32 seed) { m_scatter = Scatter(seed); }
+
+    // Puts a picture where it can be moved, stretched and turned: around a point, by default in the middle. One that is
+    // larger than what is seen of the page is made smaller.
+    void insertPicture(const QImage &picture, const std::optional<QPoint> &center = {});
 
     void finish();
     void undo();
@@ -43,6 +49,9 @@ signals:
     // Something was drawn, an object was let go, or the like.
     void changed();
 
+    // What was dropped is no picture; in one line.
+    void pictureRefused(const QString &problem);
+
 protected:
     bool event(QEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
@@ -52,6 +61,8 @@ protected:
     void mouseReleaseEvent(QMouseEvent *event) override;
     void mouseDoubleClickEvent(QMouseEvent *event) override;
     void tabletEvent(QTabletEvent *event) override;
+    void dragEnterEvent(QDragEnterEvent *event) override;
+    void dropEvent(QDropEvent *event) override;
 
 private:
     // One of them at a time draws; what the others do meanwhile is ignored.
@@ -64,6 +75,8 @@ private:
     void touch(const QTouchEvent &event);
     void endGesture(const QPoint &pt);
     void endDrawing();
+    void closeEditor();
+    void followObject();
     void scatter();
     void takeCursor();
     void showHandle(const QPoint &pt);
@@ -72,6 +85,8 @@ private:
     const QSize m_pageSize;
     Page m_page;
     const Tool *m_tool;
+    decltype(Tool::edit) m_edit{}; // of the object in progress
+    ObjectEditor *m_editor{};      // of the object in progress, owned by this widget; null while there is none
     Ink m_ink;
     Device m_device{Device::None};
     QPoint m_last; // of the device that draws

@@ -8,7 +8,10 @@
 #include "ToolRail.h"
 #include "WidthControl.h"
 
+#include <QtCore/QMimeData>
+#include <QtGui/QClipboard>
 #include <QtGui/QCloseEvent>
+#include <QtGui/QGuiApplication>
 #include <QtGui/QScreen>
 #include <QtWidgets/QAction>
 #include <QtWidgets/QFileDialog>
@@ -42,7 +45,7 @@ MainWindow::MainWindow(const QSize &pageSize)
     , m_width(new WidthControl(this))
     , m_option(new OptionControl(this))
     , m_hint(new QLabel(this))
-    , m_toolTitle(toolTitle(tools().front()))
+    , m_tool(&tools().front())
 {
     setWindowTitle(tr("Inkboard"));
     m_hint->setObjectName(QStringLiteral("hint"));
@@ -89,6 +92,10 @@ void MainWindow::addActions()
     connect(m_undo, &QAction::triggered, m_canvas, &Canvas::undo);
     connect(addAction("clear", tr("Clear"), QStringLiteral("Ctrl+Shift+Backspace")), &QAction::triggered, m_canvas,
             &Canvas::clear);
+    connect(addAction("picture", tr("Picture…"), QStringLiteral("Ctrl+O")), &QAction::triggered, this,
+            &MainWindow::askForPicture);
+    connect(addAction("paste", tr("Paste a picture"), QStringLiteral("Ctrl+V")), &QAction::triggered, this,
+            &MainWindow::pastePicture);
     connect(addAction("export", tr("Export…"), QStringLiteral("Ctrl+E")), &QAction::triggered, this,
             &MainWindow::askForExport);
     connect(addAction("quit", tr("Quit"), QStringLiteral("Ctrl+Q")), &QAction::triggered, this, &MainWindow::close);
@@ -119,7 +126,7 @@ QWidget *MainWindow::makeBar(QWidget *parent)
     row->addSpacing(kGap);
     row->addWidget(m_width);
     row->addStretch(1);
-    for (const char *name : {"undo", "clear", "export", "quit"}) {
+    for (const char *name : {"undo", "clear", "picture", "export", "quit"}) {
         auto *button = new QToolButton(bar);
         button->setDefaultAction(findChild<QAction *>(QLatin1String(name)));
         button->setToolButtonStyle(Qt::ToolButtonTextOnly);
@@ -133,7 +140,7 @@ QWidget *MainWindow::makeBar(QWidget *parent)
 void MainWindow::connectControls()
 {
     connect(m_rail, &ToolRail::chosen, this, [this](const Tool &tool) {
-        m_toolTitle = toolTitle(tool);
+        m_tool = &tool;
         m_canvas->setTool(tool);
         m_option->setTool(tool);
         m_canvas->setInkOption(m_option->value());
@@ -145,6 +152,8 @@ void MainWindow::connectControls()
     connect(m_width, &WidthControl::picked, m_canvas, &Canvas::setInkWidth);
     connect(m_option, &OptionControl::picked, m_canvas, &Canvas::setInkOption);
     connect(m_canvas, &Canvas::changed, this, &MainWindow::showState);
+    // Later: the program that the picture was dragged from waits for the end of the drop.
+    connect(m_canvas, &Canvas::pictureRefused, this, &MainWindow::refusePicture, Qt::QueuedConnection);
     m_canvas->setColor(m_colors->color());
     m_canvas->setInkWidth(m_width->inkWidth());
     m_width->setColor(m_colors->color());
@@ -161,7 +170,7 @@ void MainWindow::showState()
     m_undo->setEnabled(page.canUndo());
     const bool edited = page.isBusy() && !page.isForming();
     m_hint->setText(edited ? tr("Drag a handle to change the object. Esc or a press beside it lets it go.")
-                           : tr("%1: drag on the page to draw.").arg(m_toolTitle));
+                           : tr("%1: %2.").arg(toolTitle(*m_tool), toolUsage(*m_tool)));
 }
 
 QString MainWindow::exportPage(const QString &fileName)
@@ -171,6 +180,38 @@ QString MainWindow::exportPage(const QString &fileName)
     if (problem.isEmpty())
         m_exported = m_canvas->page().picture();
     return problem;
+}
+
+void MainWindow::askForPicture()
+{
+    const QString fileName = QFileDialog::getOpenFileName(this, tr("Put a picture on the page"));
+    if (fileName.isEmpty())
+        return;
+    QString problem;
+    const auto picture = readPicture(fileName, problem);
+    insertPicture(picture, problem);
+}
+
+void MainWindow::pastePicture()
+{
+    QString problem;
+    const QMimeData *pasted = QGuiApplication::clipboard()->mimeData();
+    const QMimeData nothing;
+    const auto picture = readPicture(pasted ? *pasted : nothing, problem);
+    insertPicture(picture, problem);
+}
+
+void MainWindow::insertPicture(const std::optional<QImage> &picture, const QString &problem)
+{
+    if (picture)
+        m_canvas->insertPicture(*picture);
+    else
+        refusePicture(problem);
+}
+
+void MainWindow::refusePicture(const QString &problem)
+{
+    QMessageBox::warning(this, tr("No picture was added"), problem);
 }
 
 bool MainWindow::askForExport()

@@ -3,6 +3,8 @@
 #include <QtGui/QImage>
 #include <QtWidgets/QMainWindow>
 
+#include <optional>
+
 class QLabel;
 
 namespace Board {
@@ -39,6 +41,10 @@ private:
     QAction *addAction(const char *name, const QString &title, const QString &shortcut);
     void addActions();
     void connectControls();
+    void askForPicture();
+    void pastePicture();
+    void insertPicture(const std::optional<QImage> &picture, const QString &problem);
+    void refusePicture(const QString &problem);
     bool askForExport(); // true once the page is written
     bool hasUnsavedInk() const;
     void showState();
@@ -50,7 +56,7 @@ private:
     OptionControl *m_option;
     QLabel *m_hint; // what can be done next
     QAction *m_undo{};
-    QString m_toolTitle;
+    const Tool *m_tool;
     QImage m_exported; // the page as it was last written
     bool m_asks{true};
 };

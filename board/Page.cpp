@@ -21,6 +21,12 @@ QRect Page::begin(std::unique_ptr<CInkGraph> object, Reach reach)
     return changed;
 }
 
+QRect Page::insert(std::unique_ptr<CInkGraph> object)
+{
+    const QRect changed = begin(std::move(object));
+    return changed | paint(m_object->GetUpdateRect());
+}
+
 QRect Page::feed(int code, const QPoint &pt)
 {
     return feed(code, std::vector<QPoint>{pt});
@@ -45,7 +51,8 @@ QRect Page::finish()
 {
     if (!m_object)
         return {};
-    return m_object->FinishGraph() ? commit(m_object->GetUpdateRect()) : drop();
+    // What its editor has committed is as it should be: a frame of text would be laid out anew.
+    return m_object->m_bFinished || m_object->FinishGraph() ? commit(m_object->GetUpdateRect()) : drop();
 }
 
 bool Page::isForming() const

@@ -34,6 +34,9 @@ public:
     // Takes the object that the next events go to; one in progress is finished first.
     QRect begin(std::unique_ptr<CInkGraph> object, Reach reach = Reach::Reported);
 
+    // Shows an object that is edited from the start.
+    QRect insert(std::unique_ptr<CInkGraph> object);
+
     // Hands one PointerEvent to the object in progress. An event that commits it also ends its progress. Without
     // such an object the event is lost.
     QRect feed(int code, const QPoint &pt);
@@ -45,6 +48,7 @@ public:
     QRect finish();
 
     bool isBusy() const { return bool(m_object); } // there is an object in progress
+    CInkGraph *object() { return m_object.get(); } // in progress, or null
     bool isForming() const;                        // ... and it is still being drawn
     ModifyType handleAt(const QPoint &pt);         // of the object in progress; not during a drag
     float angle() const;                           // of the object in progress, degrees clockwise

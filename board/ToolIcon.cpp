@@ -71,10 +71,22 @@ QImage editedSample(const Tool &tool, const Ink &ink)
     return image;
 }
 
+QImage paintedIcon(const Tool &tool, const QColor &color)
+{
+    QImage image(kSampleSize, QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::transparent);
+    QPainter painter(&image);
+    painter.setRenderHint(QPainter::Antialiasing);
+    tool.paintIcon(painter, color);
+    return image;
+}
+
 } // namespace
 
 QImage sampleInk(const Tool &tool, const QColor &color)
 {
+    if (tool.paintIcon)
+        return paintedIcon(tool, color);
     const Ink ink{color, tool.sampleWidth};
     return tool.iconWhileEdited ? editedSample(tool, ink) : committedSample(tool, ink);
 }

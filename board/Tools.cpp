@@ -19,7 +19,7 @@ constexpr unsigned int kLoopback = 0x7F000001; // 127.0.0.1
 std::vector<Tool> makeTable()
 {
     std::vector<Tool> table;
-    for (const auto group : {pens, shapes, stencils}) {
+    for (const auto group : {pens, shapes, stencils, rasterTools}) {
         std::vector<Tool> members = group();
         std::move(members.begin(), members.end(), std::back_inserter(table));
     }
@@ -54,6 +54,11 @@ QString toolTitle(const Tool &tool)
     return QCoreApplication::translate("Board::Tool", tool.title);
 }
 
+QString toolUsage(const Tool &tool)
+{
+    return QCoreApplication::translate("Board::Tool", tool.usage);
+}
+
 QString groupTitle(const Tool &tool)
 {
     return QCoreApplication::translate("Board::Tool", tool.group);
@@ -64,6 +69,12 @@ QString optionTitle(const InkOption &option)
     return QCoreApplication::translate("Board::Tool", option.title);
 }
 
+void setDrawnHere(CInkGraph &object)
+{
+    object.SetOwnerIP(kLoopback);
+    object.SetDrawerIP(kLoopback);
+}
+
 std::unique_ptr<CInkGraph> createObject(const Tool &tool, const Ink &ink, const QSize &canvas)
 {
     std::unique_ptr<CInkGraph> object = tool.create(canvas);
@@ -72,9 +83,7 @@ std::unique_ptr<CInkGraph> createObject(const Tool &tool, const Ink &ink, const 
     object->SetWidth(ink.width);
     if (tool.option)
         tool.option->apply(*object, ink.option.value_or(tool.option->value));
-    // Equal addresses: the object shows its handles instead of the shade over somebody else's work.
-    object->SetOwnerIP(kLoopback);
-    object->SetDrawerIP(kLoopback);
+    setDrawnHere(*object);
     return object;
 }
 

@@ -3,6 +3,7 @@
 #include <QtCore/QPoint>
 #include <QtCore/QSize>
 #include <QtCore/QString>
+#include <QtCore/QtGlobal>
 #include <QtGui/QColor>
 
 #include <memory>
@@ -10,8 +11,12 @@
 #include <vector>
 
 class CInkGraph;
+class QPainter;
+class QWidget;
 
 namespace Board {
+
+class ObjectEditor;
 
 // What the next object is drawn with. The width is in page pixels.
 struct Ink
@@ -51,6 +56,9 @@ struct Tool
     bool cursorShowsWidth{};     // the pointer is a circle as wide as the pen
     bool tapsWithOnePoint{};     // a tap is a single point, finished: a second one in the same place would spoil it
     std::optional<InkOption> option{};
+    const char *usage{QT_TRANSLATE_NOOP("Board::Tool", "drag on the page to draw")};
+    void (*paintIcon)(QPainter &painter, const QColor &color){}; // for a tool that no sample can show
+    ObjectEditor *(*edit)(CInkGraph &object, QWidget *parent){}; // for an object of which handles change a part only
 };
 
 constexpr int kSampleSide = 32;
@@ -66,8 +74,12 @@ QString toolNames();
 
 // All translated.
 QString toolTitle(const Tool &tool);
+QString toolUsage(const Tool &tool);
 QString groupTitle(const Tool &tool);
 QString optionTitle(const InkOption &option);
+
+// Makes the participant at this board the object's owner and drawer: equal addresses show handles, others a shade.
+void setDrawnHere(CInkGraph &object);
 
 // A fresh object of the tool, owned and drawn by the participant at this board.
 std::unique_ptr<CInkGraph> createObject(const Tool &tool, const Ink &ink, const QSize &canvas);

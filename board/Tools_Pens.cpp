@@ -16,12 +16,6 @@ namespace Board {
 
 namespace {
 
-template <typename Object>
-std::unique_ptr<CInkGraph> onCanvas(const QSize &canvas)
-{
-    return std::make_unique<Object>(canvas);
-}
-
 void setOpacity(CInkGraph &object, int percent)
 {
     static_cast<CInkHighLightPen &>(object).m_nAlpha = percent * 255 / 100;

@@ -1,12 +1,19 @@
 #include "Canvas.h"
 #include "Paper.h"
+#include "TextEditor.h"
 
 #include "PointerEvent.h"
 
+#include <QtCore/QMimeData>
+#include <QtCore/QTemporaryDir>
+#include <QtCore/QUrl>
+#include <QtGui/QDropEvent>
 #include <QtGui/QMouseEvent>
 #include <QtGui/QPaintEvent>
 #include <QtGui/QTabletEvent>
 #include <QtTest/QtTest>
+#include <QtWidgets/QSpinBox>
+#include <QtWidgets/QTextEdit>
 
 using namespace Board;
 
@@ -57,6 +64,31 @@ protected:
     }
 };
 
+QImage plainPicture(const QSize &size)
+{
+    QImage picture(size, QImage::Format_ARGB32);
+    picture.fill(Qt::green);
+    return picture;
+}
+
+// Of all pixels that are not white.
+QRect inkBounds(const QImage &picture)
+{
+    QRect bounds;
+    for (int y = 0; y < picture.height(); ++y) {
+        for (int x = 0; x < picture.width(); ++x) {
+            if (picture.pixel(x, y) != 0xFFFFFFFF)
+                bounds |= QRect(x, y, 1, 1);
+        }
+    }
+    return bounds;
+}
+
+QImage paperWithGreen(const QRect &area)
+{
+    return paper(kSize, [&](QPainter &painter) { painter.fillRect(area, Qt::green); });
+}
+
 } // namespace
 
 class tst_Canvas : public QObject
@@ -87,6 +119,17 @@ private slots:
     void repaintsNoMoreThanTheEventChanged();
     void showsTheSurface();
     void keepsInkInASmallerWindow();
+    void insertsAPictureInTheMiddle();
+    void makesALargePictureFit();
+    void takesADroppedPicture();
+    void takesADroppedFile();
+    void refusesADroppedText();
+    void typesTextOverItsFrame();
+    void movesAndStretchesTheTextsFrame();
+    void aPressOutsideLetsTextGo();
+    void anotherToolLetsTextGo();
+    void setsSizeAndColourOfText();
+    void forgetsEmptyText();
 
 private:
     void choose(const char *tool) { m_canvas->setTool(*findTool(QString::fromLatin1(tool))); }
@@ -94,6 +137,9 @@ private:
                Qt::MouseEventSource source = Qt::MouseEventNotSynthesized);
     void hover(const QPointF &pos) { mouse(QEvent::MouseMove, pos, Qt::NoButton); }
     void drag(const QPointF &from, const QPointF &to);
+    TextEditor *textEditor();
+    void type(const char *text) { QTest::keyClicks(textEditor()->findChild<QTextEdit *>(), QString::fromUtf8(text)); }
+    void drop(const QMimeData &data, const QPoint &pos);
     void pen(QEvent::Type type, const QPointF &pos, Qt::MouseButton button = Qt::LeftButton);
     QTest::QTouchEventSequence touch() { return QTest::touchEvent(m_canvas.get(), m_screen); }
 
@@ -410,6 +456,175 @@ void tst_Canvas::keepsInkInASmallerWindow()
     m_canvas->resize(500, 320);
     QTRY_COMPARE(m_canvas->page().rect(), QRect(0, 0, 500, 320));
     QCOMPARE(m_canvas->page().picture().copy(0, 0, 400, 300), picture);
+}
+
+// 100 x 60 pixels around (200,150), moved by (30,10).
+void tst_Canvas::insertsAPictureInTheMiddle()
+{
+    m_canvas->insertPicture(plainPicture({100, 60}));
+    QVERIFY(m_canvas->page().isBusy());
+    QVERIFY(!m_canvas->page().isForming());
+    QCOMPARE(m_canvas->page().surface().pixel(170, 130), 0xFF00FF00U);
+    QCOMPARE(m_canvas->page().picture(), blankPaper(kSize));
+
+    drag({200, 150}, {230, 160});
+    m_canvas->finish();
+    QCOMPARE(m_canvas->page().picture(), paperWithGreen({180, 130, 100, 60}));
+    QCOMPARE(m_canvas->page().surface(), m_canvas->page().picture());
+    m_canvas->undo();
+    QCOMPARE(m_canvas->page().picture(), blankPaper(kSize));
+}
+
+void tst_Canvas::makesALargePictureFit()
+{
+    m_canvas->insertPicture(plainPicture({800, 300}));
+    m_canvas->finish();
+    QCOMPARE(m_canvas->page().picture(), paperWithGreen({0, 75, 400, 150}));
+}
+
+void tst_Canvas::drop(const QMimeData &data, const QPoint &pos)
+{
+    QDragEnterEvent enter(pos, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(m_canvas.get(), &enter);
+    if (!enter.isAccepted())
+        return;
+    QDropEvent event(pos, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(m_canvas.get(), &event);
+}
+
+void tst_Canvas::takesADroppedPicture()
+{
+    QMimeData data;
+    data.setImageData(plainPicture({40, 20}));
+    drop(data, {100, 110});
+    QVERIFY(m_canvas->page().isBusy());
+    m_canvas->finish();
+    QCOMPARE(m_canvas->page().picture(), paperWithGreen({80, 100, 40, 20}));
+}
+
+void tst_Canvas::takesADroppedFile()
+{
+    const QTemporaryDir folder;
+    const QString good = folder.filePath(QStringLiteral("good.png"));
+    QVERIFY(plainPicture({40, 20}).save(good));
+    QMimeData data;
+    data.setUrls({QUrl::fromLocalFile(good)});
+    drop(data, {100, 110});
+    m_canvas->finish();
+    QCOMPARE(m_canvas->page().picture(), paperWithGreen({80, 100, 40, 20}));
+
+    QSignalSpy refused(m_canvas.get(), &Canvas::pictureRefused);
+    const QString missing = folder.filePath(QStringLiteral("missing.png"));
+    data.setUrls({QUrl::fromLocalFile(missing)});
+    drop(data, {100, 110});
+    QVERIFY(!m_canvas->page().isBusy());
+    QCOMPARE(refused.count(), 1);
+    QVERIFY(refused.constFirst().constFirst().toString().startsWith(missing + QStringLiteral(": cannot be shown: ")));
+}
+
+void tst_Canvas::refusesADroppedText()
+{
+    QMimeData data;
+    data.setText(QStringLiteral("words"));
+    drop(data, {100, 110});
+    QVERIFY(!m_canvas->page().isBusy());
+}
+
+// Null once the text is let go.
+TextEditor *tst_Canvas::textEditor()
+{
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    return m_canvas->findChild<TextEditor *>();
+}
+
+// The frame (50,60)-(250,200) has 16 rows for its corner below the text, which begins 5 pixels inside.
+void tst_Canvas::typesTextOverItsFrame()
+{
+    choose("text");
+    drag({50, 60}, {250, 200});
+    QVERIFY(textEditor());
+    QCOMPARE(textEditor()->geometry(), QRect(50, 60, 201, 125));
+    type("HH");
+    QCOMPARE(m_canvas->page().picture(), blankPaper(kSize));
+
+    m_canvas->finish();
+    QVERIFY(!textEditor());
+    const QImage picture = m_canvas->page().picture().copy();
+    QCOMPARE(m_canvas->page().surface(), picture);
+    const QRect one = inkBounds(picture);
+    QVERIFY(QRect(55, 65, 60, 40).contains(one));
+    QVERIFY(one.height() >= 12 && one.height() <= 24);
+    QVERIFY(m_canvas->page().canUndo());
+    m_canvas->undo();
+    QCOMPARE(m_canvas->page().picture(), blankPaper(kSize));
+    QVERIFY(!m_canvas->page().canUndo());
+}
+
+// By (30,20) with the tab at (128,200)-(172,223), then by its corner to (240,200).
+void tst_Canvas::movesAndStretchesTheTextsFrame()
+{
+    choose("text");
+    drag({50, 60}, {250, 200});
+    drag({150, 210}, {180, 230});
+    QCOMPARE(textEditor()->geometry(), QRect(80, 80, 201, 125));
+    drag({270, 210}, {240, 200});
+    QCOMPARE(textEditor()->geometry(), QRect(80, 80, 161, 105));
+    type("WWWW WWWW WWWW"); // more than fits into 151 pixels
+    m_canvas->finish();
+    const QRect ink = inkBounds(m_canvas->page().picture());
+    QVERIFY(QRect(85, 85, 151, 95).contains(ink));
+    QVERIFY(ink.height() > 40);
+}
+
+void tst_Canvas::aPressOutsideLetsTextGo()
+{
+    choose("text");
+    drag({50, 60}, {250, 200});
+    type("H");
+    drag({300, 250}, {380, 290});
+    QVERIFY(!textEditor());
+    QVERIFY(!m_canvas->page().isBusy());
+    QVERIFY(QRect(55, 65, 191, 115).contains(inkBounds(m_canvas->page().picture())));
+}
+
+void tst_Canvas::anotherToolLetsTextGo()
+{
+    choose("text");
+    drag({50, 60}, {250, 200});
+    type("H");
+    choose("line");
+    QVERIFY(!textEditor());
+    QVERIFY(!inkBounds(m_canvas->page().picture()).isEmpty());
+    drag({50, 250}, {150, 250});
+    QVERIFY(!textEditor());
+}
+
+void tst_Canvas::setsSizeAndColourOfText()
+{
+    choose("text");
+    drag({50, 60}, {350, 250});
+    type("H");
+    m_canvas->findChild<QSpinBox *>()->setValue(96);
+    m_canvas->setColor(Qt::blue);
+    m_canvas->finish();
+    const QRect ink = inkBounds(m_canvas->page().picture());
+    QVERIFY(ink.height() >= 60 && ink.height() <= 96);
+    bool blue = false;
+    for (int x = ink.left(); x <= ink.right(); ++x)
+        blue = blue || m_canvas->page().picture().pixel(x, ink.center().y()) == 0xFF0000FF;
+    QVERIFY(blue);
+}
+
+void tst_Canvas::forgetsEmptyText()
+{
+    choose("text");
+    drag({50, 60}, {250, 200});
+    type("  ");
+    m_canvas->finish();
+    QVERIFY(!textEditor());
+    QVERIFY(!m_canvas->page().canUndo());
+    QCOMPARE(m_canvas->page().picture(), blankPaper(kSize));
+    QCOMPARE(m_canvas->page().surface(), blankPaper(kSize));
 }
 
 QTEST_MAIN(tst_Canvas)

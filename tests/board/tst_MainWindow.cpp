@@ -6,18 +6,22 @@
 #include "Tools.h"
 #include "WidthControl.h"
 
+#include <QtCore/QMimeData>
 #include <QtCore/QSet>
 #include <QtCore/QTemporaryDir>
 #include <QtCore/QTimer>
+#include <QtGui/QClipboard>
 #include <QtTest/QtTest>
 #include <QtWidgets/QAction>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QColorDialog>
 #include <QtWidgets/QFileDialog>
 #include <QtWidgets/QLabel>
+#include <QtWidgets/QLineEdit>
 #include <QtWidgets/QMessageBox>
 #include <QtWidgets/QShortcut>
 #include <QtWidgets/QSlider>
+#include <QtWidgets/QTextEdit>
 #include <QtWidgets/QToolButton>
 
 using namespace Board;
@@ -77,6 +81,11 @@ private slots:
     void closesABlankPageByKey();
     void asksBeforeInkIsLost();
     void doesNotAskForNothing();
+    void opensAPicture();
+    void saysWhyAPictureWasNotAdded();
+    void pastesAPicture();
+    void saysThatThereIsNothingToPaste();
+    void typesLettersInsteadOfChoosingTools();
 
 private:
     void key(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
@@ -307,6 +316,8 @@ void tst_MainWindow::saysWhatCanBeDone()
 {
     const auto *hint = m_window->findChild<QLabel *>(QStringLiteral("hint"));
     QCOMPARE(hint->text(), QStringLiteral("Pencil: drag on the page to draw."));
+    key(Qt::Key_F, Qt::ShiftModifier);
+    QCOMPARE(hint->text(), QStringLiteral("Fill: press on the area to fill."));
     key(Qt::Key_R);
     QCOMPARE(hint->text(), QStringLiteral("Rectangle: drag on the page to draw."));
     drag(QPoint(100, 100), QPoint(200, 160));
@@ -432,6 +443,83 @@ void tst_MainWindow::doesNotAskForNothing()
     drag(QPoint(100, 200), QPoint(200, 200));
     m_window->setAsksBeforeClosing(false);
     QVERIFY(m_window->close());
+}
+
+void tst_MainWindow::opensAPicture()
+{
+    const QString file = m_folder.filePath(QStringLiteral("green.png"));
+    QImage picture(100, 60, QImage::Format_RGB32);
+    picture.fill(Qt::green);
+    QVERIFY(picture.save(file));
+    whenAsked<QFileDialog>([&](QFileDialog &dialog) {
+        dialog.findChild<QLineEdit *>()->setText(file);
+        QMetaObject::invokeMethod(&dialog, "accept");
+    });
+    key(Qt::Key_O, Qt::ControlModifier);
+    QVERIFY(page().isBusy());
+    action("finish")->trigger();
+    QVERIFY(!page().isBusy());
+    const QSize half = m_window->canvas().size() / 2;
+    QCOMPARE(page().picture().pixel(half.width(), half.height()), 0xFF00FF00U);
+}
+
+void tst_MainWindow::saysWhyAPictureWasNotAdded()
+{
+    const QString fileName = m_folder.filePath(QStringLiteral("words.png"));
+    QFile file(fileName);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write("no picture");
+    file.close();
+    whenAsked<QFileDialog>([&](QFileDialog &dialog) {
+        dialog.findChild<QLineEdit *>()->setText(fileName);
+        whenAsked<QMessageBox>([&](QMessageBox &box) {
+            QCOMPARE(box.text(), fileName + QStringLiteral(": cannot be shown: Unsupported image format"));
+            box.accept();
+        });
+        QMetaObject::invokeMethod(&dialog, "accept");
+    });
+    key(Qt::Key_O, Qt::ControlModifier);
+    QVERIFY(!page().isBusy());
+    QVERIFY(!page().canUndo());
+}
+
+void tst_MainWindow::pastesAPicture()
+{
+    QImage picture(100, 60, QImage::Format_RGB32);
+    picture.fill(Qt::green);
+    QApplication::clipboard()->setImage(picture);
+    key(Qt::Key_V, Qt::ControlModifier);
+    QVERIFY(page().isBusy());
+    action("finish")->trigger();
+    const QSize half = m_window->canvas().size() / 2;
+    QCOMPARE(page().picture().pixel(half.width(), half.height()), 0xFF00FF00U);
+}
+
+void tst_MainWindow::saysThatThereIsNothingToPaste()
+{
+    QApplication::clipboard()->setText(QStringLiteral("words"));
+    whenAsked<QMessageBox>([](QMessageBox &box) {
+        QCOMPARE(box.text(), QStringLiteral("there is no picture to paste"));
+        box.accept();
+    });
+    key(Qt::Key_V, Qt::ControlModifier);
+    QVERIFY(!page().isBusy());
+}
+
+void tst_MainWindow::typesLettersInsteadOfChoosingTools()
+{
+    m_window->chooseTool(*findTool(QStringLiteral("text")));
+    drag(QPoint(100, 100), QPoint(400, 300));
+    auto *edit = m_window->findChild<QTextEdit *>();
+    QVERIFY(edit);
+    QTRY_VERIFY(edit->hasFocus());
+    QTest::keyClicks(edit, QStringLiteral("Rope 1"));
+    QCOMPARE(edit->toPlainText(), QStringLiteral("Rope 1"));
+    QVERIFY(action("text")->isChecked());
+    QTest::keyClick(edit, Qt::Key_Escape);
+    QVERIFY(!page().isBusy());
+    QVERIFY(page().canUndo());
+    QVERIFY(m_window->canvas().hasFocus());
 }
 
 QTEST_MAIN(tst_MainWindow)

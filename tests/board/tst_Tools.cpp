@@ -41,14 +41,45 @@ void tst_Tools::eachTool()
 
 void tst_Tools::knowsEveryToolByName()
 {
-    for (const char *name : {"pencil",      "line",        "arrow-line",     "rectangle",       "rounded-rectangle",
-                             "ellipse",     "triangle",    "right-triangle", "brush",           "flat-brush",
-                             "highlighter", "color-brush", "crayon",         "water-color-pen", "spray-gun",
-                             "eraser",      "diamond",     "polygon",        "curve",           "check-mark",
-                             "cross-mark",  "right-arrow", "left-arrow",     "up-arrow",        "down-arrow",
-                             "star-4",      "star-5",      "star-6",         "pentagon",        "hexagon",
-                             "lightning",   "burst-12",    "burst-14",       "ellipse-label",   "rounded-label",
-                             "cloud-label", "heart"}) {
+    for (const char *name : {"pencil",
+                             "line",
+                             "arrow-line",
+                             "rectangle",
+                             "rounded-rectangle",
+                             "ellipse",
+                             "triangle",
+                             "right-triangle",
+                             "brush",
+                             "flat-brush",
+                             "highlighter",
+                             "color-brush",
+                             "crayon",
+                             "water-color-pen",
+                             "spray-gun",
+                             "eraser",
+                             "diamond",
+                             "polygon",
+                             "curve",
+                             "check-mark",
+                             "cross-mark",
+                             "right-arrow",
+                             "left-arrow",
+                             "up-arrow",
+                             "down-arrow",
+                             "star-4",
+                             "star-5",
+                             "star-6",
+                             "pentagon",
+                             "hexagon",
+                             "lightning",
+                             "burst-12",
+                             "burst-14",
+                             "ellipse-label",
+                             "rounded-label",
+                             "cloud-label",
+                             "heart",
+                             "fill",
+                             "text"}) {
         QVERIFY2(findTool(QString::fromLatin1(name)), name);
         QVERIFY2(toolNames().split(QStringLiteral(", ")).contains(QString::fromLatin1(name)), name);
     }
@@ -87,7 +118,8 @@ void tst_Tools::keepsTheToolsOfAGroupTogether()
         if (headings.isEmpty() || headings.constLast() != groupTitle(tool))
             headings.append(groupTitle(tool));
     }
-    QCOMPARE(headings, (QStringList{QStringLiteral("Pens"), QStringLiteral("Shapes"), QStringLiteral("Stencils")}));
+    QCOMPARE(headings, (QStringList{QStringLiteral("Pens"), QStringLiteral("Shapes"), QStringLiteral("Stencils"),
+                                    QStringLiteral("Tools")}));
 }
 
 void tst_Tools::preparesAnObject_data()

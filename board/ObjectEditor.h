@@ -1,0 +1,33 @@
+#pragma once
+
+#include <QtWidgets/QWidget>
+
+namespace Board {
+
+// Edits on the page what the handles of an object cannot: a widget over the object, in the pixels of the page.
+//
+// It is made once the object has its handles and keeps to it until finish(); the object outlives that call.
+class ObjectEditor : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit ObjectEditor(QWidget *parent)
+        : QWidget(parent)
+    {
+        setAttribute(Qt::WA_NoMousePropagation); // a press here is none on the page
+    }
+
+    virtual void setColor(const QColor &color) = 0;
+
+    // Keeps to the object, which was moved or stretched.
+    virtual void follow() = 0;
+
+    // The object was pressed where that lets it go.
+    virtual bool isLeft() const = 0;
+
+    // Gives the object what was entered, if anything. Nothing but the destructor is called afterwards.
+    virtual void finish() = 0;
+};
+
+} // namespace Board
