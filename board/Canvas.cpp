@@ -9,7 +9,6 @@
 
 #include <QtCore/QMimeData>
 #include <QtGui/QDropEvent>
-
 #include <QtGui/QMouseEvent>
 #include <QtGui/QPaintEvent>
 #include <QtGui/QPainter>
@@ -93,6 +92,14 @@ void Canvas::finish()
     setCursor(m_cursor);
 }
 
+void Canvas::discard()
+{
+    m_scattering.stop();
+    closeEditor(false);
+    repaintPage(m_page.discard());
+    setCursor(m_cursor);
+}
+
 void Canvas::insertPicture(const QImage &picture, const std::optional<QPoint> &center)
 {
     finish();
@@ -115,14 +122,16 @@ void Canvas::endDrawing()
     closeEditor();
 }
 
-// The object has what was entered and is then let go like any other.
-void Canvas::closeEditor()
+// The object has what was entered, if that is kept, and is then let go like any other.
+void Canvas::closeEditor(bool keeps)
 {
     if (!m_editor)
         return;
     const bool hadFocus = isAncestorOf(QApplication::focusWidget());
     ObjectEditor *editor = std::exchange(m_editor, nullptr);
-    editor->finish();
+    if (keeps)
+        editor->finish();
+    editor->hide();
     editor->deleteLater(); // the key that ends it may be its own
     if (hadFocus)
         setFocus();
@@ -169,7 +178,7 @@ bool Canvas::press(Device device, const QPointF &pos)
     if (!m_page.isBusy()) {
         m_edit = m_tool->edit;
         m_page.begin(createObject(*m_tool, m_ink, m_page.rect().size()),
-                     m_tool->movesAsItGrows ? Page::Reach::Everywhere : Page::Reach::Reported);
+                     m_tool->movesAsItGrows ? Page::Reach::Everywhere : Page::Reach::Reported, m_tool->lift);
     }
     repaintPage(m_page.feed(PT_DOWN, m_last));
     followObject();
@@ -245,6 +254,16 @@ void Canvas::paintEvent(QPaintEvent *event)
 void Canvas::resizeEvent(QResizeEvent * /*event*/)
 {
     m_page.grow(size());
+}
+
+// Not while text is entered: there, it ends a line.
+void Canvas::keyPressEvent(QKeyEvent *event)
+{
+    const bool enters = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (enters && !m_editor)
+        finish();
+    else
+        QWidget::keyPressEvent(event);
 }
 
 void Canvas::mousePressEvent(QMouseEvent *event)

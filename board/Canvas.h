@@ -40,6 +40,7 @@ public:
     void insertPicture(const QImage &picture, const std::optional<QPoint> &center = {});
 
     void finish();
+    void discard(); // the object in progress
     void undo();
     void clear();
 
@@ -56,6 +57,7 @@ protected:
     bool event(QEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
     void mouseMoveEvent(QMouseEvent *event) override;
     void mouseReleaseEvent(QMouseEvent *event) override;
@@ -75,7 +77,7 @@ private:
     void touch(const QTouchEvent &event);
     void endGesture(const QPoint &pt);
     void endDrawing();
-    void closeEditor();
+    void closeEditor(bool keeps = true);
     void followObject();
     void scatter();
     void takeCursor();

@@ -102,6 +102,8 @@ void MainWindow::addActions()
 
     connect(addAction("finish", tr("Finish the object"), QStringLiteral("Esc")), &QAction::triggered, m_canvas,
             &Canvas::finish);
+    connect(addAction("delete", tr("Delete the object"), QStringLiteral("Del")), &QAction::triggered, m_canvas,
+            &Canvas::discard);
     connect(addAction("thinner", tr("Thinner"), QStringLiteral("[")), &QAction::triggered, this,
             [this] { m_width->setInkWidth(m_width->inkWidth() - 1); });
     connect(addAction("thicker", tr("Thicker"), QStringLiteral("]")), &QAction::triggered, this,
@@ -169,7 +171,7 @@ void MainWindow::showState()
     const Page &page = m_canvas->page();
     m_undo->setEnabled(page.canUndo());
     const bool edited = page.isBusy() && !page.isForming();
-    m_hint->setText(edited ? tr("Drag a handle to change the object. Esc or a press beside it lets it go.")
+    m_hint->setText(edited ? tr("Drag a handle to change the object. Enter lets it go, Del deletes it.")
                            : tr("%1: %2.").arg(toolTitle(*m_tool), toolUsage(*m_tool)));
 }
 

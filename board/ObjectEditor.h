@@ -26,7 +26,7 @@ public:
     // The object was pressed where that lets it go.
     virtual bool isLeft() const = 0;
 
-    // Gives the object what was entered, if anything. Nothing but the destructor is called afterwards.
+    // Gives the object what was entered, if anything. The editor is then hidden and deleted.
     virtual void finish() = 0;
 };
 

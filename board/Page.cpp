@@ -13,10 +13,12 @@ Page::Page(const QSize &size)
 
 Page::~Page() = default;
 
-QRect Page::begin(std::unique_ptr<CInkGraph> object, Reach reach)
+QRect Page::begin(std::unique_ptr<CInkGraph> object, Reach reach, Successor successor)
 {
     const QRect changed = finish();
     m_reach = reach;
+    m_successor = successor;
+    m_succeeds = false;
     m_object = std::move(object);
     return changed;
 }
@@ -49,10 +51,13 @@ QRect Page::feed(int code, const std::vector<QPoint> &pts)
 
 QRect Page::finish()
 {
-    if (!m_object)
-        return {};
-    // What its editor has committed is as it should be: a frame of text would be laid out anew.
-    return m_object->m_bFinished || m_object->FinishGraph() ? commit(m_object->GetUpdateRect()) : drop();
+    QRect changed;
+    while (m_object) { // then its successor, which has none
+        // What its editor has committed is as it should be: a frame of text would be laid out anew.
+        const bool kept = m_object->m_bFinished || m_object->FinishGraph();
+        changed |= kept ? commit(m_object->GetUpdateRect()) : discard();
+    }
+    return changed;
 }
 
 bool Page::isForming() const
@@ -90,14 +95,22 @@ QRect Page::commit(const QRect &reach)
     };
     const auto before = layers();
     paint(reach);
-    if (layers() != before)
-        m_steps.push_back({std::move(m_object), reach});
-    return drop();
+    std::unique_ptr<CInkGraph> next;
+    if (layers() != before) {
+        next = m_successor ? m_successor(*m_object, rect().size()) : nullptr;
+        m_steps.push_back({std::move(m_object), reach, m_succeeds});
+    }
+    QRect changed = discard();
+    if (next) {
+        changed |= insert(std::move(next));
+        m_succeeds = true;
+    }
+    return changed;
 }
 
 // Forgets the object in progress and what it has left on the surface. A thick stroke is clipped to a tighter
 // rectangle once it is committed, so this is not only for abandoned objects.
-QRect Page::drop()
+QRect Page::discard()
 {
     m_object.reset();
     m_layers.showPage(m_touched);
@@ -109,6 +122,8 @@ QRect Page::undo()
     const QRect finished = finish();
     if (m_steps.empty())
         return finished;
+    while (m_steps.back().succeeds)
+        m_steps.pop_back();
     m_steps.pop_back();
     replay();
     return rect();

@@ -31,8 +31,11 @@ public:
     // Where an object in progress paints: in what it reports, or anywhere.
     enum class Reach { Reported, Everywhere };
 
+    // What is edited on in place of an object that was just committed, such as the pixels that it has lifted.
+    using Successor = std::unique_ptr<CInkGraph> (*)(CInkGraph &committed, const QSize &canvas);
+
     // Takes the object that the next events go to; one in progress is finished first.
-    QRect begin(std::unique_ptr<CInkGraph> object, Reach reach = Reach::Reported);
+    QRect begin(std::unique_ptr<CInkGraph> object, Reach reach = Reach::Reported, Successor successor = nullptr);
 
     // Shows an object that is edited from the start.
     QRect insert(std::unique_ptr<CInkGraph> object);
@@ -44,8 +47,11 @@ public:
     // Hands over several at once, and paints once.
     QRect feed(int code, const std::vector<QPoint> &pts);
 
-    // Commits the object in progress. One that paints nothing is forgotten.
+    // Commits the object in progress. One that paints nothing is forgotten and has no successor.
     QRect finish();
+
+    // Takes the object in progress away.
+    QRect discard();
 
     bool isBusy() const { return bool(m_object); } // there is an object in progress
     CInkGraph *object() { return m_object.get(); } // in progress, or null
@@ -53,7 +59,8 @@ public:
     ModifyType handleAt(const QPoint &pt);         // of the object in progress; not during a drag
     float angle() const;                           // of the object in progress, degrees clockwise
 
-    // Finishes the object in progress and takes back the last object, or the last clear().
+    // Finishes the object in progress and takes back the last object, or the last clear(). A successor goes together
+    // with the object that it came from.
     QRect undo();
     bool canUndo() const { return isBusy() || !m_steps.empty(); }
 
@@ -69,19 +76,21 @@ private:
     {
         std::unique_ptr<CInkGraph> object;
         QRect reach;
+        bool succeeds{}; // the object before
     };
 
     QRect onPage(const QRect &reach) const { return reach & rect(); }
     QRect paint(const QRect &reach, Background background = Background::Same);
     QRect commit(const QRect &reach);
-    QRect drop();
     void replay(Background background = Background::Same);
 
     Layers m_layers;
     std::vector<Step> m_steps;
     std::unique_ptr<CInkGraph> m_object;
-    Reach m_reach{Reach::Reported}; // of the object in progress
-    QRect m_touched;                // where the object in progress has been painted so far
+    Reach m_reach{Reach::Reported}; // all of the object in progress
+    Successor m_successor{};
+    bool m_succeeds{};
+    QRect m_touched; // where it has been painted so far
 };
 
 } // namespace Board

@@ -112,10 +112,14 @@ bool TextEditor::isLeft() const
     return m_text.m_bClickOutside;
 }
 
+void TextEditor::hideEvent(QHideEvent * /*event*/)
+{
+    if (m_bar)
+        m_bar->hide();
+}
+
 void TextEditor::finish()
 {
-    m_bar->hide();
-    hide();
     if (m_edit->toPlainText().trimmed().isEmpty())
         return;
     QImage image = rendered();

@@ -26,6 +26,9 @@ public:
     bool isLeft() const override;
     void finish() override;
 
+protected:
+    void hideEvent(QHideEvent *event) override;
+
 private:
     void makeBar();
     void placeBar();

@@ -59,6 +59,7 @@ struct Tool
     const char *usage{QT_TRANSLATE_NOOP("Board::Tool", "drag on the page to draw")};
     void (*paintIcon)(QPainter &painter, const QColor &color){}; // for a tool that no sample can show
     ObjectEditor *(*edit)(CInkGraph &object, QWidget *parent){}; // for an object of which handles change a part only
+    std::unique_ptr<CInkGraph> (*lift)(CInkGraph &committed, const QSize &canvas){}; // what is then edited in its place
 };
 
 constexpr int kSampleSide = 32;

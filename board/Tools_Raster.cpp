@@ -3,6 +3,8 @@
 #include "TextEditor.h"
 
 #include "CInkFloodFill.h"
+#include "CInkPicTure.h"
+#include "CInkRgnSelect.h"
 #include "CInkText.h"
 
 #include <QtGui/QPainter>
@@ -37,6 +39,27 @@ void paintLetter(QPainter &painter, const QColor &color)
     painter.drawLine(12, 25, 20, 25);
 }
 
+// A dashed frame with handles at its corners.
+void paintSelection(QPainter &painter, const QColor &color)
+{
+    const QRect frame(6, 8, 20, 16);
+    painter.setPen(QPen(color, 2, Qt::DotLine, Qt::FlatCap, Qt::MiterJoin));
+    painter.drawRect(frame);
+    for (const QPoint &corner : {frame.topLeft(), frame.topRight(), frame.bottomLeft(), frame.bottomRight()})
+        painter.fillRect(QRect(corner - QPoint(3, 3), QSize(6, 6)), color);
+}
+
+// The lifted pixels where they were, as a picture that can be moved, stretched and turned.
+std::unique_ptr<CInkGraph> liftedPicture(CInkGraph &selection, const QSize &canvas)
+{
+    if (!selection.m_pImage)
+        return nullptr;
+    auto picture = std::make_unique<CInkPicTure>(selection.m_pImage, selection.m_rcHot.topLeft());
+    picture->SetCanvasSize(canvas);
+    setDrawnHere(*picture);
+    return picture;
+}
+
 ObjectEditor *editText(CInkGraph &object, QWidget *parent)
 {
     return new TextEditor(static_cast<CInkText &>(object), parent);
@@ -57,6 +80,15 @@ Tool fill()
     return row;
 }
 
+Tool select()
+{
+    Tool row =
+        tool("select", QT_TRANSLATE_NOOP("Board::Tool", "Select"), "Shift+S", plain<CInkRgnSelect>, paintSelection);
+    row.usage = QT_TRANSLATE_NOOP("Board::Tool", "drag a frame around the ink to move");
+    row.lift = liftedPicture;
+    return row;
+}
+
 Tool text()
 {
     Tool row = tool("text", QT_TRANSLATE_NOOP("Board::Tool", "Text"), "Shift+A", plain<CInkText>, paintLetter);
@@ -69,7 +101,7 @@ Tool text()
 
 std::vector<Tool> rasterTools()
 {
-    return {fill(), text()};
+    return {select(), fill(), text()};
 }
 
 } // namespace Board

@@ -1,6 +1,5 @@
-#include "Canvas.h"
+#include "CanvasProbe.h"
 #include "Paper.h"
-#include "TextEditor.h"
 
 #include "PointerEvent.h"
 
@@ -8,18 +7,12 @@
 #include <QtCore/QTemporaryDir>
 #include <QtCore/QUrl>
 #include <QtGui/QDropEvent>
-#include <QtGui/QMouseEvent>
 #include <QtGui/QPaintEvent>
 #include <QtGui/QTabletEvent>
-#include <QtTest/QtTest>
-#include <QtWidgets/QSpinBox>
-#include <QtWidgets/QTextEdit>
 
 using namespace Board;
 
 namespace {
-
-const QSize kSize(400, 300);
 
 // An object that is drawn with two gestures, and what it was told.
 class TwoGestures : public CInkGraph
@@ -71,27 +64,14 @@ QImage plainPicture(const QSize &size)
     return picture;
 }
 
-// Of all pixels that are not white.
-QRect inkBounds(const QImage &picture)
-{
-    QRect bounds;
-    for (int y = 0; y < picture.height(); ++y) {
-        for (int x = 0; x < picture.width(); ++x) {
-            if (picture.pixel(x, y) != 0xFFFFFFFF)
-                bounds |= QRect(x, y, 1, 1);
-        }
-    }
-    return bounds;
-}
-
 QImage paperWithGreen(const QRect &area)
 {
-    return paper(kSize, [&](QPainter &painter) { painter.fillRect(area, Qt::green); });
+    return paper({400, 300}, [&](QPainter &painter) { painter.fillRect(area, Qt::green); });
 }
 
 } // namespace
 
-class tst_Canvas : public QObject
+class tst_Canvas : public QObject, private CanvasProbe
 {
     Q_OBJECT
 
@@ -124,26 +104,12 @@ private slots:
     void takesADroppedPicture();
     void takesADroppedFile();
     void refusesADroppedText();
-    void typesTextOverItsFrame();
-    void movesAndStretchesTheTextsFrame();
-    void aPressOutsideLetsTextGo();
-    void anotherToolLetsTextGo();
-    void setsSizeAndColourOfText();
-    void forgetsEmptyText();
 
 private:
-    void choose(const char *tool) { m_canvas->setTool(*findTool(QString::fromLatin1(tool))); }
-    void mouse(QEvent::Type type, const QPointF &pos, Qt::MouseButton button = Qt::LeftButton,
-               Qt::MouseEventSource source = Qt::MouseEventNotSynthesized);
-    void hover(const QPointF &pos) { mouse(QEvent::MouseMove, pos, Qt::NoButton); }
-    void drag(const QPointF &from, const QPointF &to);
-    TextEditor *textEditor();
-    void type(const char *text) { QTest::keyClicks(textEditor()->findChild<QTextEdit *>(), QString::fromUtf8(text)); }
     void drop(const QMimeData &data, const QPoint &pos);
     void pen(QEvent::Type type, const QPointF &pos, Qt::MouseButton button = Qt::LeftButton);
     QTest::QTouchEventSequence touch() { return QTest::touchEvent(m_canvas.get(), m_screen); }
 
-    std::unique_ptr<Canvas> m_canvas;
     QTouchDevice *m_screen{}; // owned by Qt
 };
 
@@ -154,32 +120,13 @@ void tst_Canvas::initTestCase()
 
 void tst_Canvas::init()
 {
-    m_canvas = std::make_unique<Canvas>(kSize);
-    m_canvas->setColor(Qt::red);
-    m_canvas->setInkWidth(4);
-    m_canvas->resize(kSize);
-    m_canvas->show();
-    QVERIFY(QTest::qWaitForWindowExposed(m_canvas.get()));
+    showCanvas();
     TwoGestures::s_codes.clear();
 }
 
 void tst_Canvas::cleanup()
 {
     m_canvas.reset();
-}
-
-void tst_Canvas::mouse(QEvent::Type type, const QPointF &pos, Qt::MouseButton button, Qt::MouseEventSource source)
-{
-    QMouseEvent event(type, pos, pos, pos, button, button, Qt::NoModifier, source);
-    QCoreApplication::sendEvent(m_canvas.get(), &event);
-}
-
-void tst_Canvas::drag(const QPointF &from, const QPointF &to)
-{
-    mouse(QEvent::MouseButtonPress, from);
-    mouse(QEvent::MouseMove, (from + to) / 2);
-    mouse(QEvent::MouseMove, to);
-    mouse(QEvent::MouseButtonRelease, to);
 }
 
 void tst_Canvas::pen(QEvent::Type type, const QPointF &pos, Qt::MouseButton button)
@@ -528,103 +475,6 @@ void tst_Canvas::refusesADroppedText()
     data.setText(QStringLiteral("words"));
     drop(data, {100, 110});
     QVERIFY(!m_canvas->page().isBusy());
-}
-
-// Null once the text is let go.
-TextEditor *tst_Canvas::textEditor()
-{
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    return m_canvas->findChild<TextEditor *>();
-}
-
-// The frame (50,60)-(250,200) has 16 rows for its corner below the text, which begins 5 pixels inside.
-void tst_Canvas::typesTextOverItsFrame()
-{
-    choose("text");
-    drag({50, 60}, {250, 200});
-    QVERIFY(textEditor());
-    QCOMPARE(textEditor()->geometry(), QRect(50, 60, 201, 125));
-    type("HH");
-    QCOMPARE(m_canvas->page().picture(), blankPaper(kSize));
-
-    m_canvas->finish();
-    QVERIFY(!textEditor());
-    const QImage picture = m_canvas->page().picture().copy();
-    QCOMPARE(m_canvas->page().surface(), picture);
-    const QRect one = inkBounds(picture);
-    QVERIFY(QRect(55, 65, 60, 40).contains(one));
-    QVERIFY(one.height() >= 12 && one.height() <= 24);
-    QVERIFY(m_canvas->page().canUndo());
-    m_canvas->undo();
-    QCOMPARE(m_canvas->page().picture(), blankPaper(kSize));
-    QVERIFY(!m_canvas->page().canUndo());
-}
-
-// By (30,20) with the tab at (128,200)-(172,223), then by its corner to (240,200).
-void tst_Canvas::movesAndStretchesTheTextsFrame()
-{
-    choose("text");
-    drag({50, 60}, {250, 200});
-    drag({150, 210}, {180, 230});
-    QCOMPARE(textEditor()->geometry(), QRect(80, 80, 201, 125));
-    drag({270, 210}, {240, 200});
-    QCOMPARE(textEditor()->geometry(), QRect(80, 80, 161, 105));
-    type("WWWW WWWW WWWW"); // more than fits into 151 pixels
-    m_canvas->finish();
-    const QRect ink = inkBounds(m_canvas->page().picture());
-    QVERIFY(QRect(85, 85, 151, 95).contains(ink));
-    QVERIFY(ink.height() > 40);
-}
-
-void tst_Canvas::aPressOutsideLetsTextGo()
-{
-    choose("text");
-    drag({50, 60}, {250, 200});
-    type("H");
-    drag({300, 250}, {380, 290});
-    QVERIFY(!textEditor());
-    QVERIFY(!m_canvas->page().isBusy());
-    QVERIFY(QRect(55, 65, 191, 115).contains(inkBounds(m_canvas->page().picture())));
-}
-
-void tst_Canvas::anotherToolLetsTextGo()
-{
-    choose("text");
-    drag({50, 60}, {250, 200});
-    type("H");
-    choose("line");
-    QVERIFY(!textEditor());
-    QVERIFY(!inkBounds(m_canvas->page().picture()).isEmpty());
-    drag({50, 250}, {150, 250});
-    QVERIFY(!textEditor());
-}
-
-void tst_Canvas::setsSizeAndColourOfText()
-{
-    choose("text");
-    drag({50, 60}, {350, 250});
-    type("H");
-    m_canvas->findChild<QSpinBox *>()->setValue(96);
-    m_canvas->setColor(Qt::blue);
-    m_canvas->finish();
-    const QRect ink = inkBounds(m_canvas->page().picture());
-    QVERIFY(ink.height() >= 60 && ink.height() <= 96);
-    bool blue = false;
-    for (int x = ink.left(); x <= ink.right(); ++x)
-        blue = blue || m_canvas->page().picture().pixel(x, ink.center().y()) == 0xFF0000FF;
-    QVERIFY(blue);
-}
-
-void tst_Canvas::forgetsEmptyText()
-{
-    choose("text");
-    drag({50, 60}, {250, 200});
-    type("  ");
-    m_canvas->finish();
-    QVERIFY(!textEditor());
-    QVERIFY(!m_canvas->page().canUndo());
-    QCOMPARE(m_canvas->page().picture(), blankPaper(kSize));
-    QCOMPARE(m_canvas->page().surface(), blankPaper(kSize));
 }
 
 QTEST_MAIN(tst_Canvas)

@@ -321,7 +321,7 @@ void tst_MainWindow::saysWhatCanBeDone()
     key(Qt::Key_R);
     QCOMPARE(hint->text(), QStringLiteral("Rectangle: drag on the page to draw."));
     drag(QPoint(100, 100), QPoint(200, 160));
-    QCOMPARE(hint->text(), QStringLiteral("Drag a handle to change the object. Esc or a press beside it lets it go."));
+    QCOMPARE(hint->text(), QStringLiteral("Drag a handle to change the object. Enter lets it go, Del deletes it."));
 }
 
 void tst_MainWindow::everythingHasAKeyAndAName()

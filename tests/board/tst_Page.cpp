@@ -1,44 +1,10 @@
-#include "Page.h"
-#include "Paper.h"
-#include "Tools.h"
-
-#include "PointerEvent.h"
+#include "PageProbe.h"
 
 #include <QtTest/QtTest>
 
 using namespace Board;
 
 namespace {
-
-const QSize kSize(400, 300);
-
-std::unique_ptr<CInkGraph> object(const char *tool, const QColor &color = Qt::red, int width = 4)
-{
-    return createObject(*findTool(QString::fromLatin1(tool)), {color, width}, kSize);
-}
-
-// Press, one move and release.
-void drag(Page &page, const QPoint &from, const QPoint &to)
-{
-    page.feed(PT_DOWN, from);
-    page.feed(PT_MOVE, to);
-    page.feed(PT_UP, to);
-}
-
-void drawLineOn(Page &page, const QColor &color, const QPoint &from, const QPoint &to)
-{
-    page.begin(object("line", color));
-    drag(page, from, to);
-    page.finish();
-}
-
-bool isBlank(const Page &page)
-{
-    QImage transparent(page.rect().size(), QImage::Format_ARGB32_Premultiplied);
-    transparent.fill(Qt::transparent);
-    const QImage paper = blankPaper(page.rect().size());
-    return page.picture() == paper && page.surface() == paper && page.ink() == transparent;
-}
 
 // Fills the area that it is asked to paint: green on the layers that last, blue on the surface.
 class Filling : public CInkGraph
@@ -133,10 +99,6 @@ private slots:
     void showsTheObjectInProgressWhenItGrows();
     void neverShrinks();
     void tellsAHandle();
-    void fillsBetweenStrokes();
-    void replaysAFillInItsOrder();
-    void keepsAFillOnThePageOfItsTime();
-    void forgetsAFillThatChangesNothing();
 };
 
 void tst_Page::startsBlank()
@@ -550,72 +512,6 @@ void tst_Page::tellsAHandle()
     QCOMPARE(page.angle(), 0.0f);
     drag(page, QPoint(150, 60), QPoint(250, 130));
     QCOMPARE(page.angle(), 90.0f);
-}
-
-// A line across the page parts it at y = 100; the fill takes what is above.
-void tst_Page::fillsBetweenStrokes()
-{
-    Page page(kSize);
-    drawLineOn(page, Qt::red, QPoint(0, 100), QPoint(400, 100));
-    page.begin(object("fill", Qt::blue));
-    page.feed(PT_DOWN, QPoint(30, 30));
-    QVERIFY(!page.isBusy());
-    for (const QImage *layer : {&page.picture(), &page.surface()}) {
-        QCOMPARE(layer->pixel(30, 30), 0xFF0000FFU);
-        QCOMPARE(layer->pixel(399, 0), 0xFF0000FFU);
-        QCOMPARE(layer->pixel(200, 100), 0xFFFF0000U);
-        QCOMPARE(layer->pixel(200, 200), 0xFFFFFFFFU);
-    }
-    QCOMPARE(page.ink().pixel(30, 30), 0xFF0000FFU);
-    QCOMPARE(page.ink().pixel(200, 200), 0U);
-}
-
-// Each fill sees the strokes below it only: the box over the first fill is no border to it when it is replayed.
-void tst_Page::replaysAFillInItsOrder()
-{
-    Page page(kSize);
-    const auto fill = [&](const QColor &color, const QPoint &pt) {
-        page.begin(object("fill", color));
-        page.feed(PT_DOWN, pt);
-    };
-    drawLineOn(page, Qt::red, QPoint(0, 100), QPoint(400, 100));
-    fill(Qt::blue, QPoint(30, 30));
-    drawLineOn(page, Qt::black, QPoint(200, 0), QPoint(200, 300));
-    fill(Qt::green, QPoint(30, 30));
-    const QImage picture = page.picture().copy();
-    const QImage ink = page.ink().copy();
-    fill(Qt::yellow, QPoint(30, 200));
-    QCOMPARE(page.picture().pixel(30, 200), 0xFFFFFF00U);
-
-    page.undo();
-    QCOMPARE(page.picture(), picture);
-    QCOMPARE(page.surface(), picture);
-    QCOMPARE(page.ink(), ink);
-    QCOMPARE(picture.pixel(30, 30), 0xFF00FF00U);
-    QCOMPARE(picture.pixel(300, 30), 0xFF0000FFU);
-    page.undo();
-    QCOMPARE(page.picture().pixel(30, 30), 0xFF0000FFU);
-}
-
-void tst_Page::keepsAFillOnThePageOfItsTime()
-{
-    Page page(kSize);
-    page.begin(object("fill", Qt::blue));
-    page.feed(PT_DOWN, QPoint(30, 30));
-    page.grow(QSize(500, 350));
-    QCOMPARE(page.picture().pixel(399, 299), 0xFF0000FFU);
-    QCOMPARE(page.picture().pixel(400, 299), 0xFFFFFFFFU);
-    QCOMPARE(page.picture().pixel(399, 300), 0xFFFFFFFFU);
-}
-
-void tst_Page::forgetsAFillThatChangesNothing()
-{
-    Page page(kSize);
-    page.begin(object("fill", Qt::white));
-    page.feed(PT_DOWN, QPoint(30, 30));
-    QVERIFY(!page.isBusy());
-    QVERIFY(!page.canUndo());
-    QVERIFY(isBlank(page));
 }
 
 QTEST_MAIN(tst_Page)

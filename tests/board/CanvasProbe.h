@@ -1,0 +1,48 @@
+#pragma once
+
+// A canvas of 400 x 300 pixels on the screen, and a mouse over it.
+
+#include "Canvas.h"
+
+#include <QtGui/QMouseEvent>
+#include <QtTest/QtTest>
+
+#include <memory>
+
+// Base of tests with a canvas of their own, which is fresh after showCanvas().
+class CanvasProbe
+{
+protected:
+    static constexpr QSize kSize{400, 300};
+
+    void showCanvas()
+    {
+        m_canvas = std::make_unique<Board::Canvas>(kSize);
+        m_canvas->setColor(Qt::red);
+        m_canvas->setInkWidth(4);
+        m_canvas->resize(kSize);
+        m_canvas->show();
+        QVERIFY(QTest::qWaitForWindowExposed(m_canvas.get()));
+    }
+
+    void choose(const char *tool) { m_canvas->setTool(*Board::findTool(QString::fromLatin1(tool))); }
+
+    void mouse(QEvent::Type type, const QPointF &pos, Qt::MouseButton button = Qt::LeftButton,
+               Qt::MouseEventSource source = Qt::MouseEventNotSynthesized)
+    {
+        QMouseEvent event(type, pos, pos, pos, button, button, Qt::NoModifier, source);
+        QCoreApplication::sendEvent(m_canvas.get(), &event);
+    }
+
+    void hover(const QPointF &pos) { mouse(QEvent::MouseMove, pos, Qt::NoButton); }
+
+    void drag(const QPointF &from, const QPointF &to)
+    {
+        mouse(QEvent::MouseButtonPress, from);
+        mouse(QEvent::MouseMove, (from + to) / 2);
+        mouse(QEvent::MouseMove, to);
+        mouse(QEvent::MouseButtonRelease, to);
+    }
+
+    std::unique_ptr<Board::Canvas> m_canvas;
+};
