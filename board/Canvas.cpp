@@ -3,8 +3,8 @@
 #include "Cursors.h"
 #include "ObjectEditor.h"
 #include "PictureFile.h"
+#include "Style.h"
 
-#include "CInkPicTure.h"
 #include "PointerEvent.h"
 
 #include <QtCore/QMimeData>
@@ -17,13 +17,18 @@
 #include <QtGui/QTouchEvent>
 #include <QtWidgets/QApplication>
 
+#include <algorithm>
+#include <cstdlib>
 #include <utility>
 
 namespace Board {
 
 namespace {
 
-constexpr int kScatterInterval = 16; // milliseconds, about sixty times a second
+constexpr int kScatterInterval = 16;  // milliseconds, about sixty times a second
+constexpr double kSnapAngle = 15.0;   // degrees
+constexpr int kPickStep = 4;          // pixels; an object is met within three
+constexpr QPoint kCopyOffset{16, 16}; // of a duplicate
 
 // A mouse event that the window system made up from a pen or a finger, which has come as itself already.
 bool isCopy(const QMouseEvent &event)
@@ -36,12 +41,30 @@ QPoint pixelAt(const QPointF &pos)
     return {int(pos.x()), int(pos.y())};
 }
 
+// The line from the press turns to the nearest multiple of 15 degrees, or its box becomes a square.
+QPoint snappedTo(Snap snap, const QPoint &from, const QPoint &to)
+{
+    const QPoint by = to - from;
+    if (snap == Snap::Angle) {
+        const QLineF line(from, to);
+        return QLineF::fromPolar(line.length(), qRound(line.angle() / kSnapAngle) * kSnapAngle)
+            .translated(from)
+            .p2()
+            .toPoint();
+    }
+    if (snap == Snap::Square) {
+        const int side = std::max(std::abs(by.x()), std::abs(by.y()));
+        return from + QPoint(by.x() < 0 ? -side : side, by.y() < 0 ? -side : side);
+    }
+    return to;
+}
+
 } // namespace
 
-Canvas::Canvas(const QSize &pageSize, QWidget *parent)
+Canvas::Canvas(Document &document, QWidget *parent)
     : QWidget(parent)
-    , m_pageSize(pageSize)
-    , m_page(pageSize)
+    , m_pageSize(document.page().rect().size())
+    , m_document(document)
     , m_tool(&tools().front())
     , m_scatter(QRandomGenerator::global()->generate())
 {
@@ -55,6 +78,7 @@ Canvas::Canvas(const QSize &pageSize, QWidget *parent)
     setAccessibleName(tr("Page"));
     m_scattering.setInterval(kScatterInterval);
     connect(&m_scattering, &QTimer::timeout, this, &Canvas::scatter);
+    connect(&m_document, &Document::currentChanged, this, &Canvas::showDocument);
 }
 
 void Canvas::setTool(const Tool &tool)
@@ -70,13 +94,15 @@ void Canvas::setColor(const QColor &color)
     m_ink.color = color;
     if (m_editor)
         m_editor->setColor(color);
+    restyle(ColorAct{color});
 }
 
 void Canvas::setInkWidth(int width)
 {
     m_ink.width = width;
+    restyle(WidthAct{width});
     takeCursor();
-    if (!m_page.isBusy())
+    if (!current().isBusy())
         setCursor(m_cursor);
 }
 
@@ -88,15 +114,127 @@ void Canvas::takeCursor()
 void Canvas::finish()
 {
     endDrawing();
-    repaintPage(m_page.finish());
+    pick(0);
+    repaintPage(current().finish());
     setCursor(m_cursor);
+}
+
+int Canvas::chosen() const
+{
+    return m_picked != 0 ? m_picked : page().reopened();
+}
+
+void Canvas::pick(int id)
+{
+    if (m_picked == id)
+        return;
+    m_picked = id;
+    update();
+    emit changed();
+}
+
+// Another page, or another document.
+void Canvas::showDocument()
+{
+    pick(0);
+    current().grow(size());
+    repaintPage(current().rect());
+    setCursor(m_cursor);
+}
+
+void Canvas::duplicate()
+{
+    const int original = chosen();
+    finish();
+    const int copy = current().duplicate(original, kCopyOffset);
+    repaintPage(current().rect());
+    const Page::Item *item = page().item(copy);
+    if (item && canReopen(item->life))
+        repaintPage(current().reopen(copy));
+    else
+        pick(copy);
+}
+
+void Canvas::raise()
+{
+    reorder(true);
+}
+
+void Canvas::lower()
+{
+    reorder(false);
+}
+
+void Canvas::reorder(bool up)
+{
+    const int id = chosen();
+    finish();
+    repaintPage(current().reorder(id, up ? int(page().items().size()) - 1 : 0));
+}
+
+// Of the object that was picked, not of one that is new.
+void Canvas::restyle(const Act &act)
+{
+    if (page().reopened() != 0)
+        repaintPage(current().act(act));
+    const Page::Item *item = page().item(m_picked);
+    if (!item)
+        return;
+    Life life = item->life;
+    if (const auto *color = std::get_if<ColorAct>(&act))
+        life.ink.color = color->color;
+    else if (const auto *width = std::get_if<WidthAct>(&act))
+        life.ink.width = width->width;
+    repaintPage(current().replace(m_picked, life));
+}
+
+// A tap picks, a drag moves too. What has handles then shows them.
+void Canvas::endPicking(const QPoint &by)
+{
+    const int id = m_picked;
+    const Page::Item *item = page().item(id);
+    if (item && !by.isNull()) {
+        Life life = item->life;
+        shift(life, by);
+        repaintPage(current().replace(id, life));
+        item = page().item(id);
+    }
+    if (item && canReopen(item->life)) {
+        pick(0);
+        m_edit = nullptr;
+        repaintPage(current().reopen(id));
+    }
+    update(); // of a frame that was dragged
+}
+
+void Canvas::removeAt(const QPoint &pt)
+{
+    if (const int id = page().topmostAt(pt))
+        repaintPage(current().remove(id));
+}
+
+// A fast pointer leaps over objects.
+void Canvas::removeAlong(const QPoint &from, const QPoint &to)
+{
+    const QPoint by = to - from;
+    const int steps = std::max(std::abs(by.x()), std::abs(by.y())) / kPickStep + 1;
+    for (int i = 1; i <= steps; ++i)
+        removeAt(from + by * i / steps);
+}
+
+QPoint Canvas::snapped(const QPoint &pt) const
+{
+    return m_snaps && page().isForming() ? snappedTo(m_tool->snap, m_press, pt) : pt;
 }
 
 void Canvas::discard()
 {
     m_scattering.stop();
     closeEditor(false);
-    repaintPage(m_page.discard());
+    if (m_picked != 0)
+        repaintPage(current().remove(std::exchange(m_picked, 0)));
+    else
+        repaintPage(current().discard());
     setCursor(m_cursor);
 }
 
@@ -105,19 +243,19 @@ void Canvas::insertPicture(const QImage &picture, const std::optional<QPoint> &c
     finish();
     const bool fits = rect().contains(picture.rect());
     const QSize fitting = picture.size().scaled(size(), Qt::KeepAspectRatio).expandedTo(QSize(1, 1));
-    QImage shown = fits ? picture : picture.scaled(fitting, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+    const QImage shown = fits ? picture : picture.scaled(fitting, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
     m_edit = nullptr;
-    auto object = std::make_unique<CInkPicTure>(&shown, QPoint());
-    object->InitGraphData(center.value_or(QPoint(width() / 2, height() / 2)));
-    object->SetCanvasSize(m_page.rect().size());
-    setDrawnHere(*object);
-    repaintPage(m_page.insert(std::move(object)));
+    Life life{kPictureTool};
+    life.canvas = current().rect().size();
+    life.picture = exactImage(shown);
+    life.position = center.value_or(QPoint(width() / 2, height() / 2)) - QPoint(shown.width() / 2, shown.height() / 2);
+    repaintPage(current().insert(std::move(life)));
 }
 
 // Lets go what is still being drawn as if the device did, for not every object can be finished without a release.
 void Canvas::endDrawing()
 {
-    if (m_device != Device::None && m_page.isBusy())
+    if (m_device != Device::None && current().isBusy())
         endGesture(m_last);
     closeEditor();
 }
@@ -129,8 +267,9 @@ void Canvas::closeEditor(bool keeps)
         return;
     const bool hadFocus = isAncestorOf(QApplication::focusWidget());
     ObjectEditor *editor = std::exchange(m_editor, nullptr);
-    if (keeps)
-        editor->finish();
+    const auto entered = keeps ? editor->entered() : std::nullopt;
+    if (entered)
+        current().act(*entered);
     editor->hide();
     editor->deleteLater(); // the key that ends it may be its own
     if (hadFocus)
@@ -139,17 +278,17 @@ void Canvas::closeEditor(bool keeps)
 
 void Canvas::followObject()
 {
-    if (!m_edit || !m_page.isBusy() || m_page.isForming())
+    if (!m_edit || !current().isBusy() || current().isForming())
         return;
     if (m_editor) {
         m_editor->follow();
         if (m_editor->isLeft()) {
             closeEditor();
-            repaintPage(m_page.finish());
+            repaintPage(current().finish());
             setCursor(m_cursor);
         }
     } else {
-        m_editor = m_edit(*m_page.object(), this);
+        m_editor = m_edit(*current().object(), this);
         m_editor->show();
         m_editor->setFocus();
     }
@@ -158,13 +297,26 @@ void Canvas::followObject()
 void Canvas::undo()
 {
     endDrawing();
-    repaintPage(m_page.undo());
+    pick(0);
+    m_document.undo();
+    repaintPage(current().rect());
+    setCursor(m_cursor);
+}
+
+void Canvas::redo()
+{
+    endDrawing();
+    pick(0);
+    m_document.redo();
+    repaintPage(current().rect());
+    setCursor(m_cursor);
 }
 
 void Canvas::clear()
 {
     endDrawing();
-    repaintPage(m_page.clear());
+    pick(0);
+    repaintPage(current().clear());
 }
 
 // Returns whether the device may draw now. The press that lets an object go does only that: the object is
@@ -174,13 +326,20 @@ bool Canvas::press(Device device, const QPointF &pos)
     if (m_device != Device::None)
         return false;
     m_device = device;
-    m_last = pixelAt(pos);
-    if (!m_page.isBusy()) {
+    m_last = m_press = pixelAt(pos);
+    if (!current().isBusy()) {
+        if (m_tool->use == Use::Picks)
+            pick(page().topmostAt(m_last));
+        else if (m_tool->use == Use::Removes)
+            removeAt(m_last);
+        if (m_tool->use != Use::Draws)
+            return true;
         m_edit = m_tool->edit;
-        m_page.begin(createObject(*m_tool, m_ink, m_page.rect().size()),
-                     m_tool->movesAsItGrows ? Page::Reach::Everywhere : Page::Reach::Reported, m_tool->lift);
+        const QSize size = current().rect().size();
+        current().begin({QLatin1String(m_tool->name), m_ink, size}, createObject(*m_tool, m_ink, size),
+                        m_tool->movesAsItGrows ? Page::Reach::Everywhere : Page::Reach::Reported, m_tool->lift);
     }
-    repaintPage(m_page.feed(PT_DOWN, m_last));
+    repaintPage(current().feed(PT_DOWN, m_last));
     followObject();
     m_tapping = true;
     if (m_tool->scatters) {
@@ -196,28 +355,34 @@ void Canvas::move(Device device, const QPointF &pos)
         showHandle(pixelAt(pos));
     if (m_device != device)
         return;
-    const QPoint pt = pixelAt(pos);
+    const QPoint pt = snapped(pixelAt(pos));
     m_tapping = m_tapping && pt == m_last;
+    if (m_tool->use == Use::Removes)
+        removeAlong(m_last, pt);
     m_last = pt;
+    if (m_picked != 0) {
+        update(); // the frame follows
+        return;
+    }
     if (m_tapping && m_tool->tapsWithOnePoint)
         return;
     if (m_tool->scatters)
         scatter();
     else
-        repaintPage(m_page.feed(PT_MOVE, m_last));
+        repaintPage(current().feed(PT_MOVE, m_last));
     followObject();
 }
 
 void Canvas::scatter()
 {
-    repaintPage(m_page.feed(PT_MOVE, m_scatter.around(m_last, m_ink.width)));
+    repaintPage(current().feed(PT_MOVE, m_scatter.around(m_last, m_ink.width)));
 }
 
 void Canvas::endGesture(const QPoint &pt)
 {
     m_scattering.stop();
     const bool tapped = m_tool->tapsWithOnePoint && m_tapping && pt == m_last;
-    repaintPage(tapped ? m_page.finish() : m_page.feed(PT_UP, pt));
+    repaintPage(tapped ? current().finish() : current().feed(PT_UP, pt));
     followObject();
 }
 
@@ -225,16 +390,20 @@ void Canvas::release(Device device, const QPointF &pos)
 {
     if (m_device != device)
         return;
+    const QPoint pt = snapped(pixelAt(pos));
     m_device = Device::None;
-    endGesture(pixelAt(pos));
+    if (m_picked != 0)
+        endPicking(pt - m_press);
+    else
+        endGesture(pt);
     showHandle(pixelAt(pos));
 }
 
 // Never during a drag: asking an object what lies under the pointer moves the point that its drag starts from.
 void Canvas::showHandle(const QPoint &pt)
 {
-    const ModifyType handle = m_page.handleAt(pt);
-    setCursor(handle == MT_NONE ? m_cursor : cursorFor(handle, m_page.angle()));
+    const ModifyType handle = current().handleAt(pt);
+    setCursor(handle == MT_NONE ? m_cursor : cursorFor(handle, current().angle()));
 }
 
 void Canvas::repaintPage(const QRect &area)
@@ -248,12 +417,16 @@ void Canvas::paintEvent(QPaintEvent *event)
 {
     QPainter painter(this);
     for (const QRect &area : event->region())
-        painter.drawImage(area.topLeft(), m_page.surface(), area);
+        painter.drawImage(area.topLeft(), page().surface(), area);
+    if (const Page::Item *item = page().item(m_picked)) {
+        painter.setPen(QPen(QColor(kAccentColor), 1, Qt::DashLine));
+        painter.drawRect(item->object->m_rcHot.translated(m_device == Device::None ? QPoint() : m_last - m_press));
+    }
 }
 
 void Canvas::resizeEvent(QResizeEvent * /*event*/)
 {
-    m_page.grow(size());
+    current().grow(size());
 }
 
 // Not while text is entered: there, it ends a line.
@@ -279,19 +452,21 @@ void Canvas::mouseDoubleClickEvent(QMouseEvent *event)
 {
     if (event->button() != Qt::LeftButton || isCopy(*event))
         return;
-    const bool continues = m_page.isForming();
+    const bool continues = current().isForming();
     if (press(Device::Mouse, event->localPos()) && continues)
-        repaintPage(m_page.feed(PT_DBLCLK, m_last));
+        repaintPage(current().feed(PT_DBLCLK, m_last));
 }
 
 void Canvas::mouseMoveEvent(QMouseEvent *event)
 {
+    m_snaps = event->modifiers().testFlag(Qt::ShiftModifier);
     if (!isCopy(*event))
         move(Device::Mouse, event->localPos());
 }
 
 void Canvas::mouseReleaseEvent(QMouseEvent *event)
 {
+    m_snaps = event->modifiers().testFlag(Qt::ShiftModifier);
     if (event->button() == Qt::LeftButton && !isCopy(*event))
         release(Device::Mouse, event->localPos());
 }
@@ -299,6 +474,7 @@ void Canvas::mouseReleaseEvent(QMouseEvent *event)
 void Canvas::tabletEvent(QTabletEvent *event)
 {
     event->accept(); // or Qt sends a mouse event after it
+    m_snaps = event->modifiers().testFlag(Qt::ShiftModifier);
     if (event->type() == QEvent::TabletMove)
         move(Device::Pen, event->posF());
     else if (event->type() == QEvent::TabletPress && event->button() == Qt::LeftButton)

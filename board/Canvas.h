@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Page.h"
+#include "Document.h"
 #include "Scatter.h"
 #include "Tools.h"
 
@@ -14,17 +14,18 @@ namespace Board {
 
 class ObjectEditor;
 
-// Shows a page and draws on it with the mouse, a pen or a finger.
+// Shows the current page of a document and draws on it with the mouse, a pen or a finger.
 //
-// The page is as large as the widget has ever been: ink beyond the edges of a smaller window is kept.
+// A page is as large as the widget has ever been: ink beyond the edges of a smaller window is kept.
 class Canvas : public QWidget
 {
     Q_OBJECT
 
 public:
-    explicit Canvas(const QSize &pageSize, QWidget *parent = nullptr);
+    // The document outlives the canvas.
+    explicit Canvas(Document &document, QWidget *parent = nullptr);
 
-    const Page &page() const { return m_page; }
+    const Page &page() const { return m_document.page(); }
 
     // A new tool lets the object in progress go. Colour and width are those of the next object.
     void setTool(const Tool &tool);
@@ -40,8 +41,14 @@ public:
     void insertPicture(const QImage &picture, const std::optional<QPoint> &center = {});
 
     void finish();
-    void discard(); // the object in progress
     void undo();
+    void redo();
+
+    // The object that is in progress or picked.
+    void discard();
+    void duplicate();
+    void raise();
+    void lower();
     void clear();
 
     QSize sizeHint() const override { return m_pageSize; }
@@ -84,14 +91,28 @@ private:
     void showHandle(const QPoint &pt);
     void repaintPage(const QRect &area);
 
+    Page &current() { return m_document.page(); }
+    int chosen() const; // 0 for none
+    void pick(int id);
+    void endPicking(const QPoint &by);
+    void removeAt(const QPoint &pt);
+    void removeAlong(const QPoint &from, const QPoint &to);
+    void reorder(bool up);
+    void restyle(const Act &act);
+    void showDocument();
+    QPoint snapped(const QPoint &pt) const;
+
     const QSize m_pageSize;
-    Page m_page;
+    Document &m_document;
     const Tool *m_tool;
     decltype(Tool::edit) m_edit{}; // of the object in progress
     ObjectEditor *m_editor{};      // of the object in progress, owned by this widget; null while there is none
     Ink m_ink;
     Device m_device{Device::None};
-    QPoint m_last; // of the device that draws
+    QPoint m_last;  // of the device that draws
+    QPoint m_press; // the last
+    bool m_snaps{}; // the Shift key is held
+    int m_picked{}; // an object without handles; 0 for none
     int m_finger{-1};
     bool m_tapping{};                  // pressed and not moved since
     QCursor m_cursor{Qt::CrossCursor}; // beside an object

@@ -1,42 +1,31 @@
 #include "Layers.h"
 
-#include "CInkGraph.h"
+#include "StateMark.h"
+
+#include "CInkFloodFill.h"
 
 #include <QtGui/QPainter>
+
+#include <algorithm>
 
 namespace Board {
 
 namespace {
 
 // A fresh painter for one Draw, so that no clip outlives it.
-//
-// An object may also leave saved states on the painter's stack, and QPainter complains about each of them when it
-// ends. The lowest state is therefore marked and everything above it is taken back. The mark is the background
-// brush, which shows in opaque background mode only.
 class LayerPainter
 {
 public:
     explicit LayerPainter(QImage &image)
         : m_painter(&image)
     {
-        const QBrush background = m_painter.background();
-        m_painter.setBackground(kMark);
-        m_painter.save();
-        m_painter.setBackground(background);
-    }
-    ~LayerPainter()
-    {
-        while (m_painter.isActive() && m_painter.background().color() != kMark)
-            m_painter.restore();
     }
 
     operator QPainter &() { return m_painter; }
 
 private:
-    Q_DISABLE_COPY(LayerPainter)
-
-    const QColor kMark{1, 2, 3, 4};
     QPainter m_painter;
+    StateMark m_mark{m_painter};
 };
 
 } // namespace
@@ -70,6 +59,12 @@ void Layers::reset()
     showPage(rect());
 }
 
+void Layers::exchange(Patch &page, Patch &ink)
+{
+    page.exchange(m_page);
+    ink.exchange(m_ink);
+}
+
 void Layers::showPage(const QRect &area)
 {
     if (area.isEmpty())
@@ -86,6 +81,27 @@ void Layers::draw(CInkGraph &object, const QRect &area, Background background)
     LayerPainter under(m_background);
     LayerPainter ink(m_ink);
     object.Draw(page, surface, under, ink, area, background == Background::New ? 1 : 0, 0);
+}
+
+bool paintsNear(CInkGraph &object, const QPoint &pt)
+{
+    constexpr int kReach = 3;
+    constexpr int kSide = 2 * kReach + 1;
+    QRect area(pt - QPoint(kReach, kReach), QSize(kSide, kSide));
+    QImage image(area.size(), QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::transparent);
+    if (const auto *fill = dynamic_cast<CInkFloodFill *>(&object)) { // paints on layers only
+        if (!fill->m_pImage)
+            return false;
+        image = fill->m_pImage->copy(area).convertToFormat(image.format());
+    } else {
+        LayerPainter layer(image);
+        QPainter &painter = layer;
+        painter.setWindow(area); // below the transform, which the object sets itself
+        object.Draw(painter, area);
+    }
+    const auto *first = reinterpret_cast<const QRgb *>(image.constBits());
+    return std::any_of(first, first + kSide * kSide, [](QRgb pixel) { return qAlpha(pixel) != 0; });
 }
 
 } // namespace Board

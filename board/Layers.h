@@ -1,7 +1,11 @@
 #pragma once
 
+#include "Patch.h"
+
 #include <QtCore/QRect>
 #include <QtGui/QImage>
+
+#include <utility>
 
 class CInkGraph;
 
@@ -24,8 +28,16 @@ public:
     const QImage &page() const { return m_page; }       // the background with the committed ink; opaque
     const QImage &ink() const { return m_ink; }         // the committed ink alone, on transparency
 
+    const QImage &background() const { return m_background; } // the picture that lies under the ink; opaque
+
+    // Takes effect with the next reset(). `picture` is of the layers' size.
+    void setBackground(QImage picture) { m_background = std::move(picture); }
+
     // Takes all ink away.
     void reset();
+
+    // Gives page and ink another state; what is shown stays.
+    void exchange(Patch &page, Patch &ink);
 
     // Makes the surface the page again within `area`.
     void showPage(const QRect &area);
@@ -39,5 +51,8 @@ private:
     QImage m_background; // the picture that lies under the ink
     QImage m_ink;
 };
+
+// Whether the object paints anything within three pixels of the point.
+bool paintsNear(CInkGraph &object, const QPoint &pt);
 
 } // namespace Board

@@ -2,7 +2,10 @@
 
 #include "Canvas.h"
 #include "ColorRow.h"
+#include "FileCommands.h"
 #include "OptionControl.h"
+#include "PageOutput.h"
+#include "PageStrip.h"
 #include "PictureFile.h"
 #include "Style.h"
 #include "ToolRail.h"
@@ -12,7 +15,10 @@
 #include <QtGui/QClipboard>
 #include <QtGui/QCloseEvent>
 #include <QtGui/QGuiApplication>
+#include <QtGui/QPainter>
 #include <QtGui/QScreen>
+#include <QtPrintSupport/QPrintDialog>
+#include <QtPrintSupport/QPrinter>
 #include <QtWidgets/QAction>
 #include <QtWidgets/QFileDialog>
 #include <QtWidgets/QFrame>
@@ -20,6 +26,8 @@
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QMessageBox>
 #include <QtWidgets/QToolButton>
+
+#include <functional>
 
 namespace Board {
 
@@ -39,7 +47,8 @@ QWidget *makeDivider(QWidget *parent)
 } // namespace
 
 MainWindow::MainWindow(const QSize &pageSize)
-    : m_canvas(new Canvas(pageSize, this))
+    : m_document(pageSize)
+    , m_canvas(new Canvas(m_document, this))
     , m_rail(new ToolRail(this))
     , m_colors(new ColorRow(this))
     , m_width(new WidthControl(this))
@@ -48,6 +57,8 @@ MainWindow::MainWindow(const QSize &pageSize)
     , m_tool(&tools().front())
 {
     setWindowTitle(tr("Inkboard"));
+    m_files = new FileCommands(m_document, *m_canvas, *this);
+    m_files->setParent(this);
     m_hint->setObjectName(QStringLiteral("hint"));
     m_hint->setFixedHeight(kHintHeight);
     auto *foot = new QHBoxLayout(m_hint); // the bar above has no room to spare in a small window
@@ -61,10 +72,11 @@ MainWindow::MainWindow(const QSize &pageSize)
     auto *grid = new QGridLayout(middle);
     grid->setContentsMargins(0, 0, 0, 0);
     grid->setSpacing(0);
-    grid->addWidget(makeBar(middle), 0, 0, 1, 2);
+    grid->addWidget(makeBar(middle), 0, 0, 1, 3);
     grid->addWidget(m_rail, 1, 0);
     grid->addWidget(m_canvas, 1, 1);
-    grid->addWidget(m_hint, 2, 0, 1, 2);
+    grid->addWidget(new PageStrip(m_document, *m_canvas, pageActions(), middle), 1, 2);
+    grid->addWidget(m_hint, 2, 0, 1, 3);
     grid->setColumnStretch(1, 1);
     grid->setRowStretch(1, 1);
     setCentralWidget(middle);
@@ -88,22 +100,78 @@ QAction *MainWindow::addAction(const char *name, const QString &title, const QSt
 
 void MainWindow::addActions()
 {
-    m_undo = addAction("undo", tr("Undo"), QStringLiteral("Ctrl+Z"));
-    connect(m_undo, &QAction::triggered, m_canvas, &Canvas::undo);
-    connect(addAction("clear", tr("Clear"), QStringLiteral("Ctrl+Shift+Backspace")), &QAction::triggered, m_canvas,
-            &Canvas::clear);
-    connect(addAction("picture", tr("Picture…"), QStringLiteral("Ctrl+O")), &QAction::triggered, this,
-            &MainWindow::askForPicture);
-    connect(addAction("paste", tr("Paste a picture"), QStringLiteral("Ctrl+V")), &QAction::triggered, this,
-            &MainWindow::pastePicture);
+    addFileActions();
+    addObjectActions();
+    addPageActions();
+    addStyleActions();
+    connect(addAction("quit", tr("Quit"), QStringLiteral("Ctrl+Q")), &QAction::triggered, this, &MainWindow::close);
+}
+
+void MainWindow::addFileActions()
+{
+    connect(addAction("open", tr("Open…"), QStringLiteral("Ctrl+O")), &QAction::triggered, m_files,
+            &FileCommands::open);
+    connect(addAction("save", tr("Save"), QStringLiteral("Ctrl+S")), &QAction::triggered, m_files, &FileCommands::save);
+    connect(addAction("save-as", tr("Save as…"), QStringLiteral("Ctrl+Shift+S")), &QAction::triggered, m_files,
+            &FileCommands::saveAs);
+    connect(addAction("print", tr("Print…"), QStringLiteral("Ctrl+P")), &QAction::triggered, this, &MainWindow::print);
     connect(addAction("export", tr("Export…"), QStringLiteral("Ctrl+E")), &QAction::triggered, this,
             &MainWindow::askForExport);
-    connect(addAction("quit", tr("Quit"), QStringLiteral("Ctrl+Q")), &QAction::triggered, this, &MainWindow::close);
+}
 
+void MainWindow::addObjectActions()
+{
+    m_undo = addAction("undo", tr("Undo"), QStringLiteral("Ctrl+Z"));
+    connect(m_undo, &QAction::triggered, m_canvas, &Canvas::undo);
+    m_redo = addAction("redo", tr("Redo"), QStringLiteral("Ctrl+Y"));
+    connect(m_redo, &QAction::triggered, m_canvas, &Canvas::redo);
+    connect(addAction("picture", tr("Picture…"), QStringLiteral("Ctrl+I")), &QAction::triggered, this,
+            &MainWindow::askForPicture);
+    connect(addAction("copy", tr("Copy the page"), QStringLiteral("Ctrl+C")), &QAction::triggered, this, [this] {
+        m_canvas->finish();
+        QGuiApplication::clipboard()->setImage(m_canvas->page().picture());
+    });
+    connect(addAction("paste", tr("Paste a picture"), QStringLiteral("Ctrl+V")), &QAction::triggered, this,
+            &MainWindow::pastePicture);
     connect(addAction("finish", tr("Finish the object"), QStringLiteral("Esc")), &QAction::triggered, m_canvas,
             &Canvas::finish);
     connect(addAction("delete", tr("Delete the object"), QStringLiteral("Del")), &QAction::triggered, m_canvas,
             &Canvas::discard);
+    connect(addAction("duplicate", tr("Duplicate the object"), QStringLiteral("Ctrl+D")), &QAction::triggered, m_canvas,
+            &Canvas::duplicate);
+    connect(addAction("raise", tr("Bring the object to the front"), QStringLiteral("Ctrl+PgUp")), &QAction::triggered,
+            m_canvas, &Canvas::raise);
+    connect(addAction("lower", tr("Send the object to the back"), QStringLiteral("Ctrl+PgDown")), &QAction::triggered,
+            m_canvas, &Canvas::lower);
+}
+
+void MainWindow::addPageActions()
+{
+    connect(addAction("clear", tr("Clear"), QStringLiteral("Ctrl+Shift+Backspace")), &QAction::triggered, m_canvas,
+            &Canvas::clear);
+    const auto onDocument = [this](const char *name, const QString &title, const char *icon, const char *shortcut,
+                                   const std::function<void(int)> &act) {
+        QAction *action = addAction(name, title, QLatin1String(shortcut));
+        action->setIconText(QString::fromUtf8(icon));
+        connect(action, &QAction::triggered, this, [this, act] {
+            m_canvas->finish();
+            act(m_document.current());
+        });
+    };
+    onDocument("add-page", tr("Add a page"), "+", "Ctrl+N", [this](int page) { m_document.addPage(page + 1); });
+    onDocument("remove-page", tr("Remove the page"), "−", "Ctrl+Shift+N",
+               [this](int page) { m_document.removePage(page); });
+    onDocument("previous-page", tr("Previous page"), "↑", "PgUp", [this](int page) { m_document.showPage(page - 1); });
+    onDocument("next-page", tr("Next page"), "↓", "PgDown", [this](int page) { m_document.showPage(page + 1); });
+    onDocument("blank-paper", tr("Blank paper"), "", "Ctrl+Shift+B", [this](int) { setPaper(Paper::Kind::Blank); });
+    onDocument("ruled-paper", tr("Ruled paper"), "", "Ctrl+Shift+R", [this](int) { setPaper(Paper::Kind::Ruled); });
+    onDocument("squared-paper", tr("Squared paper"), "", "Ctrl+Shift+Q",
+               [this](int) { setPaper(Paper::Kind::Squared); });
+    onDocument("picture-paper", tr("A picture as paper…"), "", "Ctrl+Shift+I", [this](int) { askForPaper(); });
+}
+
+void MainWindow::addStyleActions()
+{
     connect(addAction("thinner", tr("Thinner"), QStringLiteral("[")), &QAction::triggered, this,
             [this] { m_width->setInkWidth(m_width->inkWidth() - 1); });
     connect(addAction("thicker", tr("Thicker"), QStringLiteral("]")), &QAction::triggered, this,
@@ -112,6 +180,37 @@ void MainWindow::addActions()
             [this] { m_option->step(-1); });
     connect(addAction("more", tr("More of the tool's option"), QStringLiteral(".")), &QAction::triggered, this,
             [this] { m_option->step(1); });
+}
+
+QList<QAction *> MainWindow::pageActions() const
+{
+    QList<QAction *> actions;
+    for (const char *name : {"add-page", "remove-page", "previous-page", "next-page"})
+        actions.append(findChild<QAction *>(QLatin1String(name)));
+    return actions;
+}
+
+void MainWindow::setPaper(Paper::Kind kind)
+{
+    m_document.page().setPaper({kind, {}});
+    m_canvas->update();
+}
+
+void MainWindow::askForPaper()
+{
+    const QString fileName = QFileDialog::getOpenFileName(this, tr("A picture as paper"));
+    if (fileName.isEmpty())
+        return;
+    QString problem;
+    const auto picture = readPicture(fileName, problem);
+    if (!picture) {
+        refusePicture(problem);
+        return;
+    }
+    const QSize size = m_document.page().rect().size();
+    m_document.page().setPaper(
+        {Paper::Kind::Picture, exactImage(picture->scaled(size, Qt::KeepAspectRatio, Qt::SmoothTransformation))});
+    m_canvas->update();
 }
 
 QWidget *MainWindow::makeBar(QWidget *parent)
@@ -128,7 +227,7 @@ QWidget *MainWindow::makeBar(QWidget *parent)
     row->addSpacing(kGap);
     row->addWidget(m_width);
     row->addStretch(1);
-    for (const char *name : {"undo", "clear", "picture", "export", "quit"}) {
+    for (const char *name : {"undo", "redo", "clear", "picture", "open", "save", "export"}) {
         auto *button = new QToolButton(bar);
         button->setDefaultAction(findChild<QAction *>(QLatin1String(name)));
         button->setToolButtonStyle(Qt::ToolButtonTextOnly);
@@ -154,6 +253,7 @@ void MainWindow::connectControls()
     connect(m_width, &WidthControl::picked, m_canvas, &Canvas::setInkWidth);
     connect(m_option, &OptionControl::picked, m_canvas, &Canvas::setInkOption);
     connect(m_canvas, &Canvas::changed, this, &MainWindow::showState);
+    connect(&m_document.undoStack(), &QUndoStack::indexChanged, this, &MainWindow::showState);
     // Later: the program that the picture was dragged from waits for the end of the drop.
     connect(m_canvas, &Canvas::pictureRefused, this, &MainWindow::refusePicture, Qt::QueuedConnection);
     m_canvas->setColor(m_colors->color());
@@ -169,7 +269,8 @@ void MainWindow::chooseTool(const Tool &tool)
 void MainWindow::showState()
 {
     const Page &page = m_canvas->page();
-    m_undo->setEnabled(page.canUndo());
+    m_undo->setEnabled(page.isBusy() || m_document.undoStack().canUndo());
+    m_redo->setEnabled(m_document.undoStack().canRedo());
     const bool edited = page.isBusy() && !page.isForming();
     m_hint->setText(edited ? tr("Drag a handle to change the object. Enter lets it go, Del deletes it.")
                            : tr("%1: %2.").arg(toolTitle(*m_tool), toolUsage(*m_tool)));
@@ -178,10 +279,7 @@ void MainWindow::showState()
 QString MainWindow::exportPage(const QString &fileName)
 {
     m_canvas->finish();
-    QString problem = savePng(m_canvas->page().picture(), fileName);
-    if (problem.isEmpty())
-        m_exported = m_canvas->page().picture();
-    return problem;
+    return Board::exportPage(m_canvas->page(), fileName);
 }
 
 void MainWindow::askForPicture()
@@ -216,34 +314,45 @@ void MainWindow::refusePicture(const QString &problem)
     QMessageBox::warning(this, tr("No picture was added"), problem);
 }
 
-bool MainWindow::askForExport()
+void MainWindow::askForExport()
 {
-    const QString fileName =
-        QFileDialog::getSaveFileName(this, tr("Export the page"), tr("page.png"), tr("PNG pictures (*.png)"));
+    const QString fileName = QFileDialog::getSaveFileName(this, tr("Export the page"), tr("page.png"),
+                                                          tr("Pictures and documents (*.png *.svg *.pdf)"));
     if (fileName.isEmpty())
-        return false;
+        return;
     const QString problem = exportPage(fileName);
     if (problem.isEmpty())
         m_hint->setText(tr("Saved as %1").arg(fileName));
     else
         QMessageBox::warning(this, tr("The page was not exported"), problem);
-    return problem.isEmpty();
 }
 
-bool MainWindow::hasUnsavedInk() const
+// All pages, one on each sheet.
+void MainWindow::print()
 {
-    return m_canvas->page().canUndo() && m_canvas->page().picture() != m_exported;
+    m_canvas->finish();
+    QPrinter printer;
+    QPrintDialog dialog(&printer, this);
+    if (dialog.exec() != QDialog::Accepted)
+        return;
+    const QSize sheet = printer.pageLayout().paintRectPixels(printer.resolution()).size();
+    QPainter painter(&printer);
+    for (int i = 0; i < m_document.pageCount(); ++i) {
+        if (i > 0)
+            printer.newPage();
+        const Page &page = m_document.page(i);
+        const QSize fitting = page.rect().size().scaled(sheet, Qt::KeepAspectRatio);
+        painter.setViewport(QRect(QPoint(), fitting));
+        paintPage(painter, page);
+    }
 }
 
 void MainWindow::closeEvent(QCloseEvent *event)
 {
     m_canvas->finish();
-    if (!m_asks || !hasUnsavedInk())
-        return;
-    const auto answer =
-        QMessageBox::question(this, tr("Close the board"), tr("The page was not exported. Export it before closing?"),
-                              QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel, QMessageBox::Save);
-    const bool closes = answer == QMessageBox::Discard || (answer == QMessageBox::Save && askForExport());
+    const bool closes = !m_asks || m_files->letGo();
+    if (closes)
+        m_document.discardJournal();
     event->setAccepted(closes);
 }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "Document.h"
+
 #include <QtGui/QImage>
 #include <QtWidgets/QMainWindow>
 
@@ -11,12 +13,13 @@ namespace Board {
 
 class Canvas;
 class ColorRow;
+class FileCommands;
 class OptionControl;
 class ToolRail;
 class WidthControl;
 struct Tool;
 
-// The board: a rail of tools on the left, colours, width and actions above, and the page.
+// The board: a rail of tools on the left, colours, width and actions above, the page, and all pages on the right.
 class MainWindow : public QMainWindow
 {
     Q_OBJECT
@@ -25,12 +28,14 @@ public:
     explicit MainWindow(const QSize &pageSize);
 
     Canvas &canvas() { return *m_canvas; }
+    Document &document() { return m_document; }
+    FileCommands &files() { return *m_files; }
     void chooseTool(const Tool &tool);
 
     // Finishes the object in progress and writes the page. Returns what went wrong, empty when nothing did.
     QString exportPage(const QString &fileName);
 
-    // Whether closing asks about ink that was not exported; it does unless told otherwise.
+    // Whether closing asks about a lesson that was not saved; it does unless told otherwise.
     void setAsksBeforeClosing(bool asks) { m_asks = asks; }
 
 protected:
@@ -40,24 +45,33 @@ private:
     QWidget *makeBar(QWidget *parent);
     QAction *addAction(const char *name, const QString &title, const QString &shortcut);
     void addActions();
+    void addFileActions();
+    void addObjectActions();
+    void addPageActions();
+    void addStyleActions();
+    QList<QAction *> pageActions() const;
+    void setPaper(Paper::Kind kind);
+    void askForPaper();
     void connectControls();
     void askForPicture();
     void pastePicture();
     void insertPicture(const std::optional<QImage> &picture, const QString &problem);
     void refusePicture(const QString &problem);
-    bool askForExport(); // true once the page is written
-    bool hasUnsavedInk() const;
+    void askForExport();
+    void print();
     void showState();
 
+    Document m_document;
     Canvas *m_canvas; // all owned by this window
+    FileCommands *m_files{};
     ToolRail *m_rail;
     ColorRow *m_colors;
     WidthControl *m_width;
     OptionControl *m_option;
     QLabel *m_hint; // what can be done next
     QAction *m_undo{};
+    QAction *m_redo{};
     const Tool *m_tool;
-    QImage m_exported; // the page as it was last written
     bool m_asks{true};
 };
 

@@ -1,6 +1,10 @@
 #pragma once
 
+#include "Life.h"
+
 #include <QtWidgets/QWidget>
+
+#include <optional>
 
 namespace Board {
 
@@ -26,8 +30,8 @@ public:
     // The object was pressed where that lets it go.
     virtual bool isLeft() const = 0;
 
-    // Gives the object what was entered, if anything. The editor is then hidden and deleted.
-    virtual void finish() = 0;
+    // What was entered, if anything. The editor is then hidden and deleted.
+    virtual std::optional<Act> entered() = 0;
 };
 
 } // namespace Board

@@ -1,10 +1,26 @@
 #include "Page.h"
 
+#include "PaperPainter.h"
+
 #include <algorithm>
 #include <iterator>
 #include <utility>
 
 namespace Board {
+
+namespace {
+
+constexpr qint64 kMaxPatchBytes = 256 * 1024 * 1024; // of one page's steps
+
+// Whether two objects of one tool look the same.
+bool isAlike(const CInkGraph &first, const CInkGraph &second)
+{
+    return first.m_graphData == second.m_graphData && first.m_rcHot == second.m_rcHot &&
+           first.m_fRotateAngle == second.m_fRotateAngle && first.m_color == second.m_color &&
+           first.m_nWidth == second.m_nWidth;
+}
+
+} // namespace
 
 Page::Page(const QSize &size)
     : m_layers(size)
@@ -13,20 +29,47 @@ Page::Page(const QSize &size)
 
 Page::~Page() = default;
 
-QRect Page::begin(std::unique_ptr<CInkGraph> object, Reach reach, Successor successor)
+QRect Page::begin(Life life, std::unique_ptr<CInkGraph> object, Reach reach, Successor successor)
 {
     const QRect changed = finish();
+    m_life = std::move(life);
+    m_object = std::move(object);
     m_reach = reach;
     m_successor = successor;
     m_succeeds = false;
-    m_object = std::move(object);
     return changed;
 }
 
-QRect Page::insert(std::unique_ptr<CInkGraph> object)
+QRect Page::begin(std::unique_ptr<CInkGraph> object, Reach reach)
 {
-    const QRect changed = begin(std::move(object));
-    return changed | paint(m_object->GetUpdateRect());
+    return begin(Life(), std::move(object), reach);
+}
+
+QRect Page::insert(Life life)
+{
+    std::unique_ptr<CInkGraph> object = createObject(life);
+    const QRect changed = begin(std::move(life), std::move(object));
+    return m_object ? changed | paint(m_object->GetUpdateRect()) : changed;
+}
+
+QRect Page::reopen(int id)
+{
+    const QRect changed = finish();
+    const auto index = indexOf(id);
+    if (!index || !canReopen(m_items[*index]->life))
+        return changed;
+    const std::shared_ptr<Item> item = m_items[*index];
+    LivedObject lived = live(item->life);
+    m_reopened = Reopened{item, m_items, pixels(rect())};
+    m_items = without(id);
+    replay();
+    m_life = item->life;
+    m_object = std::move(lived.object);
+    m_reach = Reach::Reported;
+    m_successor = nullptr;
+    m_succeeds = false;
+    act(ReopenAct());
+    return rect();
 }
 
 QRect Page::feed(int code, const QPoint &pt)
@@ -40,29 +83,53 @@ QRect Page::feed(int code, const std::vector<QPoint> &pts)
         return {};
     QRect reach;
     for (const QPoint &pt : pts) {
-        QRect update; // fresh: some objects assign it
-        m_object->AddPoint(code, pt, update);
-        reach |= update | m_object->GetUpdateRect();
+        m_life.acts.emplace_back(PointerAct{code, pt});
+        reach |= perform(m_life.acts.back(), *m_object);
     }
     if (m_object->m_bFinished)
         return commit(reach);
     return paint(m_reach == Reach::Everywhere ? rect() : reach);
 }
 
+QRect Page::act(const Act &act)
+{
+    if (!m_object)
+        return {};
+    const QRect before = m_object->GetUpdateRect();
+    m_life.acts.push_back(act);
+    const QRect reach = before | perform(act, *m_object);
+    return m_object->m_bFinished ? QRect() : paint(reach); // one that its text has committed is shown by finish()
+}
+
 QRect Page::finish()
 {
     QRect changed;
     while (m_object) { // then its successor, which has none
-        // What its editor has committed is as it should be: a frame of text would be laid out anew.
-        const bool kept = m_object->m_bFinished || m_object->FinishGraph();
-        changed |= kept ? commit(m_object->GetUpdateRect()) : discard();
+        m_life.acts.emplace_back(FinishAct());
+        const QRect reach = perform(m_life.acts.back(), *m_object);
+        changed |= m_object->m_bFinished ? commit(reach) : discard();
     }
     return changed;
+}
+
+QRect Page::discard()
+{
+    if (!m_reopened)
+        return drop();
+    drop();
+    const auto before = *std::exchange(m_reopened, std::nullopt);
+    const Items others = std::exchange(m_items, before.items);
+    return change(others, before.pixels, DeleteRecord{before.item->id});
 }
 
 bool Page::isForming() const
 {
     return m_object && !m_object->m_bEditMode;
+}
+
+int Page::reopened() const
+{
+    return m_reopened ? m_reopened->item->id : 0;
 }
 
 ModifyType Page::handleAt(const QPoint &pt)
@@ -73,6 +140,13 @@ ModifyType Page::handleAt(const QPoint &pt)
 float Page::angle() const
 {
     return m_object ? m_object->GetRotateAngle() : 0.0f;
+}
+
+Page::Pixels Page::pixels(const QRect &area) const
+{
+    if (area.isEmpty())
+        return {}; // a copy of an empty rectangle would be a copy of everything
+    return {m_layers.page().copy(area), m_layers.ink().copy(area), area.topLeft()};
 }
 
 QRect Page::paint(const QRect &reach, Background background)
@@ -87,56 +161,222 @@ QRect Page::paint(const QRect &reach, Background background)
 // The painting of a committed object also puts it on the page and into the ink.
 QRect Page::commit(const QRect &reach)
 {
-    const QRect area = onPage(reach);
-    const auto layers = [&] {
-        // A copy of an empty rectangle would be a copy of everything.
-        return area.isEmpty() ? std::pair<QImage, QImage>()
-                              : std::make_pair(m_layers.page().copy(area), m_layers.ink().copy(area));
-    };
-    const auto before = layers();
+    if (m_reopened)
+        return commitReopened();
+    const Pixels before = pixels(onPage(reach));
     paint(reach);
-    std::unique_ptr<CInkGraph> next;
-    if (layers() != before) {
-        next = m_successor ? m_successor(*m_object, rect().size()) : nullptr;
-        m_steps.push_back({std::move(m_object), reach, m_succeeds});
+    std::optional<Life> next;
+    const bool isNew =
+        m_layers.page().copy(onPage(reach)) != before.page || m_layers.ink().copy(onPage(reach)) != before.ink;
+    if (!onPage(reach).isEmpty() && isNew) {
+        next = m_successor ? m_successor(*m_object, rect().size()) : std::nullopt;
+        const auto item = std::make_shared<Item>(Item{m_nextId++, std::move(m_life), std::move(m_object), reach});
+        m_items.push_back(item);
+        Step step;
+        step.succeeds = m_succeeds;
+        step.added = item;
+        push(std::move(step), before, DrawRecord{item->id, item->life, m_succeeds});
     }
-    QRect changed = discard();
+    QRect changed = drop();
     if (next) {
-        changed |= insert(std::move(next));
+        changed |= insert(*std::move(next));
         m_succeeds = true;
     }
     return changed;
 }
 
+// One that was only looked at is as before.
+QRect Page::commitReopened()
+{
+    const auto before = *std::exchange(m_reopened, std::nullopt);
+    const bool isSame = isAlike(*m_object, *before.item->object);
+    const Life life = std::move(m_life);
+    drop();
+    m_items = before.items;
+    if (isSame || replace(before.item->id, life, before.pixels).isEmpty())
+        replay();
+    return rect();
+}
+
 // Forgets the object in progress and what it has left on the surface. A thick stroke is clipped to a tighter
 // rectangle once it is committed, so this is not only for abandoned objects.
-QRect Page::discard()
+QRect Page::drop()
 {
     m_object.reset();
     m_layers.showPage(m_touched);
     return std::exchange(m_touched, QRect());
 }
 
-QRect Page::undo()
+const Page::Item *Page::item(int id) const
 {
-    const QRect finished = finish();
-    if (m_steps.empty())
-        return finished;
-    while (m_steps.back().succeeds)
-        m_steps.pop_back();
-    m_steps.pop_back();
-    replay();
-    return rect();
+    const auto index = indexOf(id);
+    return index ? m_items[*index].get() : nullptr;
+}
+
+std::optional<std::size_t> Page::indexOf(int id) const
+{
+    const auto found = std::find_if(m_items.begin(), m_items.end(), [&](const auto &item) { return item->id == id; });
+    return found == m_items.end() ? std::nullopt : std::make_optional(std::size_t(found - m_items.begin()));
+}
+
+Page::Items Page::without(int id) const
+{
+    Items others;
+    std::copy_if(m_items.begin(), m_items.end(), std::back_inserter(others),
+                 [&](const auto &item) { return item->id != id; });
+    return others;
+}
+
+int Page::topmostAt(const QPoint &pt) const
+{
+    const auto found =
+        std::find_if(m_items.rbegin(), m_items.rend(), [&](const auto &item) { return paintsNear(*item->object, pt); });
+    return found == m_items.rend() ? 0 : (*found)->id;
+}
+
+QRect Page::replace(int id, Life life)
+{
+    const QRect changed = finish();
+    return changed | replace(id, std::move(life), pixels(rect()));
+}
+
+QRect Page::replace(int id, Life life, const Pixels &before)
+{
+    const auto index = indexOf(id);
+    LivedObject lived = live(life);
+    if (!index || !lived.object || !lived.object->m_bFinished)
+        return {};
+    Items items = m_items;
+    items[*index] = std::make_shared<Item>(Item{id, std::move(life), std::move(lived.object), lived.reach});
+    const Life &now = items[*index]->life;
+    return change(items, before, ReplaceRecord{id, now});
+}
+
+QRect Page::remove(int id)
+{
+    const QRect changed = finish();
+    return indexOf(id) ? change(without(id), pixels(rect()), DeleteRecord{id}) : changed;
+}
+
+QRect Page::reorder(int id, int place)
+{
+    const QRect changed = finish();
+    const auto index = indexOf(id);
+    if (!index || place < 0 || place >= int(m_items.size()) || place == int(*index))
+        return changed;
+    Items items = without(id);
+    items.insert(items.begin() + place, m_items[*index]);
+    return change(items, pixels(rect()), OrderRecord{id, place});
 }
 
 QRect Page::clear()
 {
-    const QRect finished = finish();
-    if (m_steps.empty() || !m_steps.back().object)
-        return finished;
-    m_steps.push_back({});
+    const QRect changed = finish();
+    return m_items.empty() ? changed : change({}, pixels(rect()), ClearRecord());
+}
+
+int Page::duplicate(int id, const QPoint &by)
+{
+    finish();
+    const Item *original = item(id);
+    if (!original)
+        return 0;
+    Life life = original->life;
+    shift(life, by);
+    const int copy = m_nextId;
+    return play(DrawRecord{copy, life, false}) ? copy : 0;
+}
+
+// Paints the page with other objects.
+QRect Page::change(Items items, const Pixels &before, const Record &record)
+{
+    Step step;
+    step.items = std::exchange(m_items, std::move(items));
     replay();
+    push(std::move(step), before, record);
     return rect();
+}
+
+QRect Page::setPaper(const Paper &paper)
+{
+    finish();
+    const Pixels before = pixels(rect());
+    Step step;
+    step.paper = std::exchange(m_paper, paper);
+    m_layers.setBackground(paintedPaper(m_paper, rect().size()));
+    replay(Background::New);
+    push(std::move(step), before, PaperRecord{paper});
+    return rect();
+}
+
+void Page::push(Step step, const Pixels &before, const Record &record)
+{
+    step.page = Patch(before.page, m_layers.page(), before.origin);
+    step.ink = Patch(before.ink, m_layers.ink(), before.origin);
+    m_steps.resize(m_done);
+    m_steps.push_back(std::move(step));
+    ++m_done;
+    boundMemory();
+    if (m_listener)
+        m_listener(record);
+}
+
+void Page::boundMemory()
+{
+    qint64 bytes = 0;
+    for (auto step = m_steps.rbegin(); step != m_steps.rend(); ++step) {
+        bytes += step->page.bytes() + step->ink.bytes();
+        if (bytes > kMaxPatchBytes) {
+            step->hasPixels = false;
+            step->page = Patch();
+            step->ink = Patch();
+        }
+    }
+}
+
+QRect Page::undo()
+{
+    const QRect finished = finish();
+    if (m_done == 0)
+        return finished;
+    bool succeeds = true;
+    while (succeeds && m_done > 0) {
+        Step &step = m_steps[--m_done];
+        exchange(step, true);
+        succeeds = step.succeeds;
+    }
+    m_layers.showPage(rect());
+    return rect();
+}
+
+QRect Page::redo()
+{
+    const QRect finished = finish();
+    if (!canRedo())
+        return finished;
+    do {
+        exchange(m_steps[m_done++], false);
+    } while (m_done < m_steps.size() && m_steps[m_done].succeeds);
+    m_layers.showPage(rect());
+    return rect();
+}
+
+void Page::exchange(Step &step, bool undoes)
+{
+    if (step.items)
+        m_items.swap(*step.items);
+    else if (step.added && undoes)
+        m_items.pop_back();
+    else if (step.added)
+        m_items.push_back(step.added);
+    if (step.paper) {
+        std::swap(m_paper, *step.paper);
+        m_layers.setBackground(paintedPaper(m_paper, rect().size()));
+    }
+    if (step.hasPixels)
+        m_layers.exchange(step.page, step.ink);
+    else
+        replay(step.paper ? Background::New : Background::Same);
 }
 
 void Page::grow(const QSize &size)
@@ -148,19 +388,69 @@ void Page::grow(const QSize &size)
     if (layers.isNull())
         return; // a smaller page is better than none
     m_layers = std::move(layers);
+    m_layers.setBackground(paintedPaper(m_paper, grown));
+    for (Step &step : m_steps) {
+        step.hasPixels = false; // objects reach farther now
+        step.page = Patch();
+        step.ink = Patch();
+    }
     replay(Background::New);
+    if (m_reopened)
+        m_reopened->pixels = pixels(rect());
+    if (m_listener)
+        m_listener(SizeRecord{grown});
 }
 
 void Page::replay(Background background)
 {
     m_layers.reset();
-    const auto cleared = std::find_if(m_steps.rbegin(), m_steps.rend(), [](const Step &step) { return !step.object; });
     // Each in the area of its commit, so that its clip, and with it every pixel, is the same again.
-    for (auto step = cleared.base(); step != m_steps.end(); ++step)
-        m_layers.draw(*step->object, onPage(step->reach), background);
+    for (const auto &item : m_items)
+        m_layers.draw(*item->object, onPage(item->reach), background);
     m_layers.showPage(rect());
     if (m_object)
         paint(rect(), background);
+}
+
+bool Page::play(const DrawRecord &record)
+{
+    if (record.id < m_nextId)
+        return false;
+    LivedObject lived = live(record.life);
+    if (!lived.object || !lived.object->m_bFinished)
+        return false;
+    begin(record.life, std::move(lived.object));
+    m_nextId = record.id;
+    m_succeeds = record.succeeds;
+    commit(lived.reach);
+    return m_nextId > record.id;
+}
+
+bool Page::play(const Record &record)
+{
+    finish();
+    const std::size_t done = m_done;
+    if (const auto *draw = std::get_if<DrawRecord>(&record))
+        return play(*draw);
+    if (const auto *other = std::get_if<ReplaceRecord>(&record)) {
+        Life life = other->life;
+        const Item *now = item(other->id);
+        if (now && life.picture.isNull())
+            life.picture = now->life.picture;
+        replace(other->id, std::move(life));
+    } else if (const auto *gone = std::get_if<DeleteRecord>(&record)) {
+        remove(gone->id);
+    } else if (const auto *order = std::get_if<OrderRecord>(&record)) {
+        reorder(order->id, order->place);
+    } else if (std::get_if<ClearRecord>(&record)) {
+        clear();
+    } else if (const auto *paper = std::get_if<PaperRecord>(&record)) {
+        setPaper(paper->paper);
+    } else if (const auto *size = std::get_if<SizeRecord>(&record)) {
+        grow(size->size);
+        return rect().size() == size->size;
+    }
+    return m_done > done;
 }
 
 } // namespace Board

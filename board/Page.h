@@ -1,10 +1,14 @@
 #pragma once
 
 #include "Layers.h"
+#include "Patch.h"
+#include "Record.h"
 
 #include "CInkGraph.h"
 
+#include <functional>
 #include <memory>
+#include <optional>
 #include <vector>
 
 namespace Board {
@@ -27,18 +31,34 @@ public:
     const QImage &surface() const { return m_layers.surface(); }
     const QImage &picture() const { return m_layers.page(); }
     const QImage &ink() const { return m_layers.ink(); }
+    const QImage &background() const { return m_layers.background(); }
+    const Paper &paper() const { return m_paper; }
+
+    // Is told of each step once it is done. What is undone and redone is none.
+    using Listener = std::function<void(const Record &record)>;
+    void setListener(Listener listener) { m_listener = std::move(listener); }
+
+    // Does again what a listener was told of. False when it does not fit the page, which is then as before.
+    bool play(const Record &record);
 
     // Where an object in progress paints: in what it reports, or anywhere.
     enum class Reach { Reported, Everywhere };
 
     // What is edited on in place of an object that was just committed, such as the pixels that it has lifted.
-    using Successor = std::unique_ptr<CInkGraph> (*)(CInkGraph &committed, const QSize &canvas);
+    using Successor = std::optional<Life> (*)(CInkGraph &committed, const QSize &canvas);
 
-    // Takes the object that the next events go to; one in progress is finished first.
-    QRect begin(std::unique_ptr<CInkGraph> object, Reach reach = Reach::Reported, Successor successor = nullptr);
+    // Takes the object that the next events go to, with its life so far; one in progress is finished first.
+    QRect begin(Life life, std::unique_ptr<CInkGraph> object, Reach reach = Reach::Reported,
+                Successor successor = nullptr);
+
+    // Takes one that cannot be told to a listener.
+    QRect begin(std::unique_ptr<CInkGraph> object, Reach reach = Reach::Reported);
 
     // Shows an object that is edited from the start.
-    QRect insert(std::unique_ptr<CInkGraph> object);
+    QRect insert(Life life);
+
+    // Gives a committed object its handles again. It is shown on top of the others until it is let go.
+    QRect reopen(int id);
 
     // Hands one PointerEvent to the object in progress. An event that commits it also ends its progress. Without
     // such an object the event is lost.
@@ -46,6 +66,9 @@ public:
 
     // Hands over several at once, and paints once.
     QRect feed(int code, const std::vector<QPoint> &pts);
+
+    // Does something else to the object in progress.
+    QRect act(const Act &act);
 
     // Commits the object in progress. One that paints nothing is forgotten and has no successor.
     QRect finish();
@@ -56,41 +79,107 @@ public:
     bool isBusy() const { return bool(m_object); } // there is an object in progress
     CInkGraph *object() { return m_object.get(); } // in progress, or null
     bool isForming() const;                        // ... and it is still being drawn
-    ModifyType handleAt(const QPoint &pt);         // of the object in progress; not during a drag
-    float angle() const;                           // of the object in progress, degrees clockwise
+    int reopened() const;                  // the number of the object in progress where that was committed before, or 0
+    ModifyType handleAt(const QPoint &pt); // of the object in progress; not during a drag
+    float angle() const;                   // of the object in progress, degrees clockwise
 
-    // Finishes the object in progress and takes back the last object, or the last clear(). A successor goes together
-    // with the object that it came from.
-    QRect undo();
-    bool canUndo() const { return isBusy() || !m_steps.empty(); }
+    // A committed object.
+    struct Item
+    {
+        int id;
+        Life life;
+        std::unique_ptr<CInkGraph> object;
+        QRect reach; // that it was painted in
+    };
+    using Items = std::vector<std::shared_ptr<Item>>; // the lowest first
 
-    // Finishes the object in progress and takes all ink away.
+    const Items &items() const { return m_items; }
+    const Item *item(int id) const; // null when there is none
+
+    // The topmost object that has painted within a few pixels; 0 when there is none.
+    int topmostAt(const QPoint &pt) const;
+
+    // Steps on committed objects; one in progress is finished first. Nothing happens when they change nothing.
+    QRect replace(int id, Life life);
+    QRect remove(int id);
+    QRect reorder(int id, int place);
     QRect clear();
+    QRect setPaper(const Paper &paper);
+
+    // A copy of an object, moved, on top of all. Returns the number of the copy, or 0.
+    int duplicate(int id, const QPoint &by);
+
+    // Finishes the object in progress and takes back the last step. A successor goes together with the object that it
+    // came from.
+    QRect undo();
+    QRect redo();
+    bool canUndo() const { return isBusy() || m_done > 0; }
+    bool canRedo() const { return m_done < m_steps.size(); }
 
     // Makes the page at least as large as `size`; it never shrinks.
     void grow(const QSize &size);
 
 private:
-    // A committed object with the area that it was painted in; without an object, the page was cleared.
+    // What one step has exchanged, for the way back. The first of all steps may have lost their pixels to a bound on
+    // memory: their way back is to paint the page anew.
     struct Step
     {
-        std::unique_ptr<CInkGraph> object;
-        QRect reach;
-        bool succeeds{}; // the object before
+        bool succeeds{}; // the step before
+        std::shared_ptr<Item> added{};
+        std::optional<Items> items{};
+        std::optional<Paper> paper{};
+        bool hasPixels{true};
+        Patch page{};
+        Patch ink{};
+    };
+
+    // The layers as they were.
+    struct Pixels
+    {
+        QImage page;
+        QImage ink;
+        QPoint origin;
     };
 
     QRect onPage(const QRect &reach) const { return reach & rect(); }
+    Pixels pixels(const QRect &area) const;
     QRect paint(const QRect &reach, Background background = Background::Same);
     QRect commit(const QRect &reach);
+    QRect commitReopened();
+    QRect drop();
+    QRect replace(int id, Life life, const Pixels &before);
+    QRect change(Items items, const Pixels &before, const Record &record);
+    Items without(int id) const;
+    std::optional<std::size_t> indexOf(int id) const;
+    void push(Step step, const Pixels &before, const Record &record);
+    void exchange(Step &step, bool undoes);
+    void boundMemory();
     void replay(Background background = Background::Same);
+    bool play(const DrawRecord &record);
 
     Layers m_layers;
+    Items m_items;
+    Paper m_paper;
     std::vector<Step> m_steps;
+    std::size_t m_done{}; // of the steps; the others are undone
+    int m_nextId{1};
+    Listener m_listener;
+
     std::unique_ptr<CInkGraph> m_object;
-    Reach m_reach{Reach::Reported}; // all of the object in progress
+    Life m_life; // all of the object in progress
+    Reach m_reach{Reach::Reported};
     Successor m_successor{};
     bool m_succeeds{};
     QRect m_touched; // where it has been painted so far
+
+    // The page before its object was reopened.
+    struct Reopened
+    {
+        std::shared_ptr<Item> item;
+        Items items;
+        Pixels pixels;
+    };
+    std::optional<Reopened> m_reopened;
 };
 
 } // namespace Board

@@ -28,6 +28,8 @@ QString windowStyle()
         QScrollBar::handle:vertical { background: #c3ccd8; border-radius: 4px; min-height: 32px; margin: 2px; }
         QScrollBar::add-line, QScrollBar::sub-line { height: 0; }
 
+        #pages QListWidget { background: #eef1f5; }
+
         QSlider::groove:horizontal { height: 4px; border-radius: 2px; background: #d9dee6; }
         QSlider::sub-page:horizontal { height: 4px; border-radius: 2px; background: #2563c9; }
         QSlider::handle:horizontal {

@@ -118,12 +118,12 @@ void TextEditor::hideEvent(QHideEvent * /*event*/)
         m_bar->hide();
 }
 
-void TextEditor::finish()
+std::optional<Act> TextEditor::entered()
 {
-    if (m_edit->toPlainText().trimmed().isEmpty())
-        return;
-    QImage image = rendered();
-    m_text.SetTextImage(&image);
+    const QString text = m_edit->toPlainText();
+    if (text.trimmed().isEmpty())
+        return std::nullopt;
+    return TextAct{text, exactImage(rendered())};
 }
 
 QImage TextEditor::rendered() const

@@ -24,7 +24,7 @@ public:
     void setColor(const QColor &color) override;
     void follow() override;
     bool isLeft() const override;
-    void finish() override;
+    std::optional<Act> entered() override;
 
 protected:
     void hideEvent(QHideEvent *event) override;

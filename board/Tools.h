@@ -11,12 +11,14 @@
 #include <vector>
 
 class CInkGraph;
+class QImage;
 class QPainter;
 class QWidget;
 
 namespace Board {
 
 class ObjectEditor;
+struct Life;
 
 // What the next object is drawn with. The width is in page pixels.
 struct Ink
@@ -35,6 +37,20 @@ struct InkOption
     int max;
     int value; // the first
     void (*apply)(CInkGraph &object, int value);
+};
+
+// What the Shift key does to the drag that draws an object.
+enum class Snap {
+    None,
+    Angle, // of the line from the press: a multiple of 15 degrees
+    Square // the box from the press has equal sides
+};
+
+// What a press on the page does.
+enum class Use {
+    Draws,
+    Picks,  // an object that is there, to be changed
+    Removes // objects that are there
 };
 
 using Gesture = std::vector<QPoint>; // from the press to the release
@@ -59,7 +75,12 @@ struct Tool
     const char *usage{QT_TRANSLATE_NOOP("Board::Tool", "drag on the page to draw")};
     void (*paintIcon)(QPainter &painter, const QColor &color){}; // for a tool that no sample can show
     ObjectEditor *(*edit)(CInkGraph &object, QWidget *parent){}; // for an object of which handles change a part only
-    std::unique_ptr<CInkGraph> (*lift)(CInkGraph &committed, const QSize &canvas){}; // what is then edited in its place
+    std::optional<Life> (*lift)(CInkGraph &committed, const QSize &canvas){}; // what is then edited in its place
+    bool hasHandles{};                                                        // also once it is reopened
+    Snap snap{Snap::None};
+    Use use{Use::Draws};
+    // Paints what a committed object that works on the layers' pixels shows on a page of this background.
+    void (*paintFlat)(QPainter &painter, CInkGraph &object, const QImage &background){};
 };
 
 constexpr int kSampleSide = 32;

@@ -1,9 +1,9 @@
 #include "Tools_p.h"
 
+#include "Life.h"
 #include "TextEditor.h"
 
 #include "CInkFloodFill.h"
-#include "CInkPicTure.h"
 #include "CInkRgnSelect.h"
 #include "CInkText.h"
 
@@ -13,6 +13,36 @@
 namespace Board {
 
 namespace {
+
+// For tools that draw none.
+class NoObject : public CInkGraph
+{
+public:
+    void Draw(QPainter & /*painter*/, QRect & /*rect*/) override {}
+    using CInkGraph::Draw;
+    bool FinishGraph() override { return false; }
+    QRect GetUpdateRect() override { return {}; }
+    void AddPoint(int /*code*/, QPoint /*pt*/, QRect & /*update*/) override {}
+};
+
+// The arrow of a mouse.
+void paintArrow(QPainter &painter, const QColor &color)
+{
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(color);
+    const QPointF arrow[] = {{9, 5}, {9, 25}, {14, 20}, {17, 27}, {21, 25}, {18, 19}, {25, 19}};
+    painter.drawPolygon(arrow, 7);
+}
+
+// A box that is crossed out.
+void paintCrossedBox(QPainter &painter, const QColor &color)
+{
+    painter.setPen(QPen(color, 2, Qt::SolidLine, Qt::RoundCap, Qt::MiterJoin));
+    painter.drawRect(5, 10, 18, 16);
+    painter.setPen(QPen(color, 3, Qt::SolidLine, Qt::RoundCap));
+    painter.drawLine(17, 5, 28, 16);
+    painter.drawLine(28, 5, 17, 16);
+}
 
 // A tilted bucket and the drop that falls from it.
 void paintBucket(QPainter &painter, const QColor &color)
@@ -50,14 +80,27 @@ void paintSelection(QPainter &painter, const QColor &color)
 }
 
 // The lifted pixels where they were, as a picture that can be moved, stretched and turned.
-std::unique_ptr<CInkGraph> liftedPicture(CInkGraph &selection, const QSize &canvas)
+std::optional<Life> liftedPicture(CInkGraph &selection, const QSize &canvas)
 {
     if (!selection.m_pImage)
-        return nullptr;
-    auto picture = std::make_unique<CInkPicTure>(selection.m_pImage, selection.m_rcHot.topLeft());
-    picture->SetCanvasSize(canvas);
-    setDrawnHere(*picture);
+        return std::nullopt;
+    Life picture{kPictureTool};
+    picture.canvas = canvas;
+    picture.picture = exactImage(*selection.m_pImage);
+    picture.position = selection.m_rcHot.topLeft();
     return picture;
+}
+
+// The background where the ink was lifted.
+void paintHole(QPainter &painter, CInkGraph &object, const QImage &background)
+{
+    painter.drawImage(object.m_rcHot, background, object.m_rcHot);
+}
+
+void paintFilled(QPainter &painter, CInkGraph &object, const QImage & /*background*/)
+{
+    if (object.m_pImage)
+        painter.drawImage(0, 0, *object.m_pImage);
 }
 
 ObjectEditor *editText(CInkGraph &object, QWidget *parent)
@@ -73,10 +116,28 @@ Tool tool(const char *name, const char *title, const char *shortcut, decltype(To
     return row;
 }
 
+Tool pick()
+{
+    Tool row = tool("pick", QT_TRANSLATE_NOOP("Board::Tool", "Pick"), "V", plain<NoObject>, paintArrow);
+    row.usage = QT_TRANSLATE_NOOP("Board::Tool", "press on an object to change it");
+    row.use = Use::Picks;
+    return row;
+}
+
+Tool remove()
+{
+    Tool row =
+        tool("remove", QT_TRANSLATE_NOOP("Board::Tool", "Remove objects"), "Shift+D", plain<NoObject>, paintCrossedBox);
+    row.usage = QT_TRANSLATE_NOOP("Board::Tool", "drag over the objects to remove");
+    row.use = Use::Removes;
+    return row;
+}
+
 Tool fill()
 {
     Tool row = tool("fill", QT_TRANSLATE_NOOP("Board::Tool", "Fill"), "Shift+F", onCanvas<CInkFloodFill>, paintBucket);
     row.usage = QT_TRANSLATE_NOOP("Board::Tool", "press on the area to fill");
+    row.paintFlat = paintFilled;
     return row;
 }
 
@@ -86,6 +147,7 @@ Tool select()
         tool("select", QT_TRANSLATE_NOOP("Board::Tool", "Select"), "Shift+S", plain<CInkRgnSelect>, paintSelection);
     row.usage = QT_TRANSLATE_NOOP("Board::Tool", "drag a frame around the ink to move");
     row.lift = liftedPicture;
+    row.paintFlat = paintHole;
     return row;
 }
 
@@ -101,7 +163,7 @@ Tool text()
 
 std::vector<Tool> rasterTools()
 {
-    return {select(), fill(), text()};
+    return {pick(), select(), remove(), fill(), text()};
 }
 
 } // namespace Board

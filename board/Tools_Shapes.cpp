@@ -26,7 +26,7 @@ std::unique_ptr<CInkGraph> curve(const QSize & /*canvas*/)
 
 std::vector<Tool> shapes()
 {
-    return {
+    std::vector<Tool> table{
         {"line", QT_TRANSLATE_NOOP("Board::Tool", "Line"), "L", plain<CInkLine>, {{{5, 26}, {27, 6}}}, kShapes},
         {"arrow-line",
          QT_TRANSLATE_NOOP("Board::Tool", "Arrow line"),
@@ -83,6 +83,15 @@ std::vector<Tool> shapes()
          {{{4, 26}, {28, 6}}, {{4, 26}, {8, -14}}, {{28, 6}, {24, 46}}},
          kShapes},
     };
+    for (Tool &tool : table) {
+        tool.hasHandles = true;
+        tool.snap = Snap::Square;
+    }
+    for (std::size_t line : {0, 1})
+        table[line].snap = Snap::Angle;
+    for (std::size_t path : {8, 9}) // polygon and curve, of several gestures
+        table[path].snap = Snap::None;
+    return table;
 }
 
 } // namespace Board

@@ -46,7 +46,7 @@ Tool heart()
 
 std::vector<Tool> stencils()
 {
-    return {
+    std::vector<Tool> table{
         stencil<CInkRight>("check-mark", QT_TRANSLATE_NOOP("Board::Tool", "Check mark"), "Shift+R"),
         stencil<CInkErro>("cross-mark", QT_TRANSLATE_NOOP("Board::Tool", "Cross mark"), "Shift+X"),
         stencil<CInkRightArrow>("right-arrow", QT_TRANSLATE_NOOP("Board::Tool", "Arrow right"), "Ctrl+Right"),
@@ -66,6 +66,11 @@ std::vector<Tool> stencils()
         stencil<CInkCloudLabel>("cloud-label", QT_TRANSLATE_NOOP("Board::Tool", "Thought cloud"), "Shift+C"),
         heart(),
     };
+    for (Tool &tool : table) {
+        tool.hasHandles = true;
+        tool.snap = Snap::Square;
+    }
+    return table;
 }
 
 } // namespace Board

@@ -1,9 +1,11 @@
 #include "Canvas.h"
 #include "CommandLine.h"
+#include "FileCommands.h"
 #include "MainWindow.h"
 
 #include <QtCore/QFile>
 #include <QtCore/QLoggingCategory>
+#include <QtCore/QStandardPaths>
 #include <QtCore/QTemporaryDir>
 #include <QtCore/QTextStream>
 #include <QtWidgets/QApplication>
@@ -47,6 +49,9 @@ int showWindow(const CommandLine &line)
     window.setAsksBeforeClosing(line.exportFile.isEmpty());
     window.chooseTool(*line.tool);
     window.show();
+    if (line.exportFile.isEmpty()) // or a script runs it
+        window.files().startJournal(QStandardPaths::writableLocation(QStandardPaths::AppDataLocation) +
+                                    QStringLiteral("/journals"));
     QApplication::exec();
     return ended(line.exportFile.isEmpty() ? QString() : window.exportPage(line.exportFile));
 }

@@ -54,6 +54,6 @@ configure_and_build() {
     step "building $preset" cmake --build --preset "$preset"
 }
 
-readonly build_packages="g++ cmake ninja-build qtbase5-dev"
+readonly build_packages="g++ cmake ninja-build qtbase5-dev libqt5svg5-dev"
 readonly board_packages="fonts-dejavu-core"
 readonly test_packages="libgtest-dev binutils xvfb xauth xdotool"

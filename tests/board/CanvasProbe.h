@@ -17,7 +17,9 @@ protected:
 
     void showCanvas()
     {
-        m_canvas = std::make_unique<Board::Canvas>(kSize);
+        m_canvas.reset();
+        m_document = std::make_unique<Board::Document>(kSize);
+        m_canvas = std::make_unique<Board::Canvas>(*m_document);
         m_canvas->setColor(Qt::red);
         m_canvas->setInkWidth(4);
         m_canvas->resize(kSize);
@@ -28,9 +30,10 @@ protected:
     void choose(const char *tool) { m_canvas->setTool(*Board::findTool(QString::fromLatin1(tool))); }
 
     void mouse(QEvent::Type type, const QPointF &pos, Qt::MouseButton button = Qt::LeftButton,
-               Qt::MouseEventSource source = Qt::MouseEventNotSynthesized)
+               Qt::MouseEventSource source = Qt::MouseEventNotSynthesized,
+               Qt::KeyboardModifiers modifiers = Qt::NoModifier)
     {
-        QMouseEvent event(type, pos, pos, pos, button, button, Qt::NoModifier, source);
+        QMouseEvent event(type, pos, pos, pos, button, button, modifiers, source);
         QCoreApplication::sendEvent(m_canvas.get(), &event);
     }
 
@@ -44,5 +47,6 @@ protected:
         mouse(QEvent::MouseButtonRelease, to);
     }
 
+    std::unique_ptr<Board::Document> m_document;
     std::unique_ptr<Board::Canvas> m_canvas;
 };

@@ -8,9 +8,10 @@
 set -eu
 inkboard=$1
 page_probe=$2
-page_width=1100
+page_width=1020
 page_height=700
-bar_height=64 # above the page, which reaches to the right edge of the window
+bar_height=64 # above the page
+strip_width=168 # of the pages, between the page and the right edge of the window
 
 folder=$(mktemp -d)
 board_pid=
@@ -63,7 +64,7 @@ board_pid=$!
 wait_for 30 has_window || fail "no window"
 xdotool windowfocus --sync "$window"
 eval "$(xdotool getwindowgeometry --shell "$window")"
-page_left=$((X + WIDTH - page_width))
+page_left=$((X + WIDTH - strip_width - page_width))
 page_top=$((Y + bar_height))
 
 # point X Y: to a pixel of the page

@@ -436,7 +436,7 @@ void tst_MainWindow::asksBeforeInkIsLost()
 void tst_MainWindow::doesNotAskForNothing()
 {
     drag(QPoint(100, 100), QPoint(200, 100));
-    QCOMPARE(m_window->exportPage(m_folder.filePath(QStringLiteral("kept.png"))), QString());
+    QCOMPARE(m_window->document().save(m_folder.filePath(QStringLiteral("kept.inkboard"))), QString());
     QVERIFY(m_window->close());
 
     m_window->show();
@@ -455,7 +455,7 @@ void tst_MainWindow::opensAPicture()
         dialog.findChild<QLineEdit *>()->setText(file);
         QMetaObject::invokeMethod(&dialog, "accept");
     });
-    key(Qt::Key_O, Qt::ControlModifier);
+    key(Qt::Key_I, Qt::ControlModifier);
     QVERIFY(page().isBusy());
     action("finish")->trigger();
     QVERIFY(!page().isBusy());
@@ -478,7 +478,7 @@ void tst_MainWindow::saysWhyAPictureWasNotAdded()
         });
         QMetaObject::invokeMethod(&dialog, "accept");
     });
-    key(Qt::Key_O, Qt::ControlModifier);
+    key(Qt::Key_I, Qt::ControlModifier);
     QVERIFY(!page().isBusy());
     QVERIFY(!page().canUndo());
 }

@@ -54,12 +54,15 @@ private:
     void drawBand();
     const Page &page() { return m_canvas->page(); }
 
+    std::unique_ptr<Document> m_document;
     std::unique_ptr<Canvas> m_canvas;
 };
 
 void tst_Pens::init()
 {
-    m_canvas = std::make_unique<Canvas>(kSize);
+    m_canvas.reset();
+    m_document = std::make_unique<Document>(kSize);
+    m_canvas = std::make_unique<Canvas>(*m_document);
     m_canvas->setColor(Qt::red);
     m_canvas->setInkWidth(10);
     m_canvas->resize(kSize);

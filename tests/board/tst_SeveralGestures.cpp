@@ -14,7 +14,12 @@ class tst_SeveralGestures : public QObject
     Q_OBJECT
 
 private slots:
-    void init() { m_canvas = std::make_unique<Canvas>(QSize(400, 300)); }
+    void init()
+    {
+        m_canvas.reset();
+        m_document = std::make_unique<Document>(QSize(400, 300));
+        m_canvas = std::make_unique<Canvas>(*m_document);
+    }
 
     void polygonClosesAtItsFirstVertex();
     void polygonIsCompletedByADoubleClick();
@@ -28,6 +33,7 @@ private:
     void drag(const QPointF &from, const QPointF &to);
     bool isInk(int x, int y) const { return m_canvas->page().picture().pixel(x, y) == qRgb(0, 0, 0); }
 
+    std::unique_ptr<Document> m_document;
     std::unique_ptr<Canvas> m_canvas;
 };
 

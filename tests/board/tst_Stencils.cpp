@@ -55,12 +55,15 @@ private:
     void press(const QPoint &at) { drag(at, at); }
     const Page &page() { return m_canvas->page(); }
 
+    std::unique_ptr<Document> m_document;
     std::unique_ptr<Canvas> m_canvas;
 };
 
 void tst_Stencils::init()
 {
-    m_canvas = std::make_unique<Canvas>(kSize);
+    m_canvas.reset();
+    m_document = std::make_unique<Document>(kSize);
+    m_canvas = std::make_unique<Canvas>(*m_document);
     m_canvas->setColor(Qt::red);
     m_canvas->setInkWidth(3);
     m_canvas->resize(kSize);

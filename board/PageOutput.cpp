@@ -1,0 +1,94 @@
+#include "PageOutput.h"
+
+#include "Page.h"
+#include "PageSize.h"
+#include "PaperPainter.h"
+#include "PictureFile.h"
+#include "StateMark.h"
+
+#include <QtCore/QBuffer>
+#include <QtCore/QCoreApplication>
+#include <QtCore/QFileInfo>
+#include <QtCore/QSaveFile>
+#include <QtGui/QPainter>
+#include <QtGui/QPdfWriter>
+#include <QtSvg/QSvgGenerator>
+
+namespace Board {
+
+namespace {
+
+constexpr int kDotsPerInch = 96; // of the page, so that it prints at the size of the screen
+
+void paintItem(QPainter &painter, const Page::Item &item, const Page &page)
+{
+    const StateMark mark(painter);
+    const Tool *tool = findTool(item.life.tool);
+    QRect area = item.reach & page.rect();
+    painter.setClipRect(area);
+    if (tool && tool->paintFlat)
+        tool->paintFlat(painter, *item.object, page.background());
+    else
+        item.object->Draw(painter, area);
+}
+
+QImage painted(const Page &page, double scale)
+{
+    const QSize size = (QSizeF(page.rect().size()) * scale).toSize();
+    QImage image(pageSizeProblem(size).isEmpty() ? size : QSize(), QImage::Format_RGB32);
+    QPainter painter;
+    if (!image.isNull() && painter.begin(&image))
+        paintPage(painter, page);
+    return image;
+}
+
+// In memory first, so that a file is whole or not there.
+QByteArray painted(const Page &page, const QString &kind)
+{
+    QBuffer buffer;
+    buffer.open(QIODevice::WriteOnly);
+    const QSize size = page.rect().size();
+    if (kind == QLatin1String("svg")) {
+        QSvgGenerator svg;
+        svg.setOutputDevice(&buffer);
+        svg.setSize(size);
+        svg.setViewBox(page.rect());
+        svg.setResolution(kDotsPerInch);
+        QPainter painter(&svg);
+        paintPage(painter, page);
+    } else {
+        QPdfWriter pdf(&buffer);
+        pdf.setResolution(kDotsPerInch);
+        pdf.setPageSize(QPageSize(QSizeF(size) / kDotsPerInch, QPageSize::Inch, {}, QPageSize::ExactMatch));
+        pdf.setPageMargins(QMarginsF());
+        QPainter painter(&pdf);
+        paintPage(painter, page);
+    }
+    return buffer.data();
+}
+
+} // namespace
+
+// The window of the painter, for an object sets the transform itself.
+void paintPage(QPainter &painter, const Page &page)
+{
+    painter.setWindow(page.rect());
+    paintPaper(painter, page.paper(), page.rect().size());
+    for (const auto &item : page.items())
+        paintItem(painter, *item, page);
+}
+
+QString exportPage(const Page &page, const QString &fileName, double scale)
+{
+    const QString kind = QFileInfo(fileName).suffix().toLower();
+    if (kind != QLatin1String("svg") && kind != QLatin1String("pdf"))
+        return savePng(scale == 1.0 ? page.picture() : painted(page, scale), fileName);
+    QSaveFile file(fileName);
+    const QByteArray bytes = painted(page, kind);
+    if (file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit())
+        return {};
+    return QCoreApplication::translate("Board::PageOutput", "%1: cannot be written: %2")
+        .arg(fileName, file.errorString());
+}
+
+} // namespace Board

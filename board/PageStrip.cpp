@@ -1,0 +1,105 @@
+#include "PageStrip.h"
+
+#include "Canvas.h"
+
+#include <QtCore/QSignalBlocker>
+#include <QtWidgets/QAction>
+#include <QtWidgets/QHBoxLayout>
+#include <QtWidgets/QListWidget>
+#include <QtWidgets/QToolButton>
+#include <QtWidgets/QVBoxLayout>
+
+namespace Board {
+
+namespace {
+
+constexpr QSize kThumbnail{128, 80};
+constexpr int kStripWidth = 168;
+constexpr int kRefreshDelay = 300; // milliseconds
+
+QIcon thumbnail(const Page &page)
+{
+    return QIcon(QPixmap::fromImage(page.picture().scaled(kThumbnail, Qt::KeepAspectRatio, Qt::SmoothTransformation)));
+}
+
+} // namespace
+
+PageStrip::PageStrip(Document &document, Canvas &canvas, const QList<QAction *> &actions, QWidget *parent)
+    : QWidget(parent)
+    , m_document(document)
+    , m_canvas(canvas)
+    , m_list(new QListWidget(this))
+{
+    setObjectName(QStringLiteral("pages"));
+    setFixedWidth(kStripWidth);
+    m_list->setAccessibleName(tr("Pages"));
+    m_list->setIconSize(kThumbnail);
+    m_list->setViewMode(QListView::IconMode);
+    m_list->setFlow(QListView::TopToBottom);
+    m_list->setWrapping(false);
+    m_list->setMovement(QListView::Snap);
+    m_list->setDragDropMode(QAbstractItemView::InternalMove);
+    m_list->setFocusPolicy(Qt::TabFocus);
+    m_list->setFrameShape(QFrame::NoFrame);
+    auto *buttons = new QHBoxLayout;
+    buttons->setContentsMargins(6, 4, 6, 4);
+    for (QAction *action : actions) {
+        auto *button = new QToolButton(this);
+        button->setDefaultAction(action);
+        button->setFocusPolicy(Qt::TabFocus);
+        button->setAccessibleName(action->toolTip());
+        buttons->addWidget(button);
+    }
+    auto *column = new QVBoxLayout(this);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    column->addLayout(buttons);
+    column->addWidget(m_list, 1);
+
+    m_refreshing.setSingleShot(true);
+    m_refreshing.setInterval(kRefreshDelay);
+    connect(&m_refreshing, &QTimer::timeout, this, &PageStrip::refreshCurrent);
+    connect(&canvas, &Canvas::changed, &m_refreshing, QOverload<>::of(&QTimer::start));
+    connect(&document, &Document::pagesChanged, this, &PageStrip::showPages);
+    connect(&document, &Document::currentChanged, this, &PageStrip::showCurrent);
+    connect(m_list, &QListWidget::currentRowChanged, this, [this](int row) {
+        m_canvas.finish();
+        m_document.showPage(row);
+    });
+    connect(
+        m_list->model(), &QAbstractItemModel::rowsMoved, this,
+        [this](const QModelIndex & /*parent*/, int from, int /*last*/, const QModelIndex & /*target*/, int before) {
+            movePage(from, before > from ? before - 1 : before);
+        },
+        Qt::QueuedConnection); // the list itself is still moving
+    showPages();
+}
+
+void PageStrip::movePage(int from, int to)
+{
+    m_canvas.finish();
+    m_document.movePage(from, to);
+}
+
+void PageStrip::showPages()
+{
+    const QSignalBlocker blocker(m_list);
+    m_list->clear();
+    for (int i = 0; i < m_document.pageCount(); ++i)
+        m_list->addItem(new QListWidgetItem(thumbnail(m_document.page(i)), QString::number(i + 1)));
+    showCurrent();
+}
+
+void PageStrip::showCurrent()
+{
+    const QSignalBlocker blocker(m_list);
+    m_list->setCurrentRow(m_document.current());
+}
+
+void PageStrip::refreshCurrent()
+{
+    if (QListWidgetItem *item = m_list->item(m_document.current()))
+        item->setIcon(thumbnail(m_document.page()));
+}
+
+} // namespace Board

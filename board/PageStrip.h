@@ -1,0 +1,34 @@
+#pragma once
+
+#include <QtCore/QTimer>
+#include <QtWidgets/QWidget>
+
+class QListWidget;
+
+namespace Board {
+
+class Canvas;
+class Document;
+
+// The pages of a document as small pictures, one below the other. A press shows a page, a drag moves it.
+class PageStrip : public QWidget
+{
+    Q_OBJECT
+
+public:
+    // Both outlive the strip. `actions` add, duplicate, remove pages, and so on.
+    PageStrip(Document &document, Canvas &canvas, const QList<QAction *> &actions, QWidget *parent = nullptr);
+
+private:
+    void showPages();
+    void showCurrent();
+    void refreshCurrent();
+    void movePage(int from, int to);
+
+    Document &m_document;
+    Canvas &m_canvas;
+    QListWidget *m_list; // owned by this widget
+    QTimer m_refreshing; // once the drawing pauses
+};
+
+} // namespace Board

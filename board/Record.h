@@ -1,0 +1,51 @@
+#pragma once
+
+#include "Life.h"
+
+#include <variant>
+
+namespace Board {
+
+// What lies under the ink of a page.
+struct Paper
+{
+    enum class Kind { Blank, Ruled, Squared, Picture };
+    Kind kind{Kind::Blank};
+    QImage picture{}; // in the upper left corner; exactImage()
+};
+
+// What can be done to a page. Objects are numbered in the order in which they came.
+struct DrawRecord // on top of all others
+{
+    int id;
+    Life life;
+    bool succeeds; // comes in the place of the object before, and goes with it
+};
+struct ReplaceRecord // at the same place in the order, but with another life
+{
+    int id;
+    Life life;
+};
+struct DeleteRecord
+{
+    int id;
+};
+struct OrderRecord // so that `place` objects lie below it
+{
+    int id;
+    int place;
+};
+struct ClearRecord
+{
+};
+struct PaperRecord
+{
+    Paper paper;
+};
+struct SizeRecord // of the page, which has grown
+{
+    QSize size;
+};
+using Record = std::variant<DrawRecord, ReplaceRecord, DeleteRecord, OrderRecord, ClearRecord, PaperRecord, SizeRecord>;
+
+} // namespace Board
