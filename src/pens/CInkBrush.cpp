@@ -1,7 +1,7 @@
 #include "CInkBrush.h"
 
 #include "core/painting_p.h"
-#include "pens/stroke_p.h"
+#include "pens/culled_p.h"
 
 using namespace InkInternal;
 
@@ -20,7 +20,7 @@ void CInkBrush::Draw(QPainter &painter, QRect &rect)
     const PainterStateScope scope(painter);
     setHighQualityAntialiasing(painter);
     painter.setPen(solidPen(*this, Qt::RoundCap));
-    painter.drawPath(strokePath(m_graphData));
+    paintStroke(painter, m_graphData, StrokeSegment::Curve);
 }
 
 QRect CInkBrush::GetDisIconRect()

@@ -3,6 +3,7 @@
 #include "core/geometry_p.h"
 #include "core/life_p.h"
 #include "core/painting_p.h"
+#include "pens/culled_p.h"
 
 #include <QtGui/QImage>
 #include <QtGui/QPainterPath>
@@ -16,17 +17,11 @@ constexpr int kFrameMargin = 2;  // in pen widths, between a finished stroke and
 constexpr int kUpdateMargin = 3; // in pen widths, around the newest segment
 
 // [ink-eraser-disc-halved] A single point is a disc, half a pixel towards the top left for an odd width.
-QPainterPath erasedPath(const QVector<QPointF> &points, int width)
+QPainterPath disc(const QPointF &point, int width)
 {
+    const QPoint middle = truncated(point);
     QPainterPath path;
-    if (points.size() == 1) {
-        const QPoint middle = truncated(points.first());
-        path.addEllipse(QRectF(double(middle.x()) - width / 2, double(middle.y()) - width / 2, width, width));
-        return path;
-    }
-    path.moveTo(points.first());
-    for (const QPointF &point : points)
-        path.lineTo(point); // [ink-eraser-double-tap] From the first on; equal points make an empty path.
+    path.addEllipse(QRectF(double(middle.x()) - width / 2, double(middle.y()) - width / 2, width, width));
     return path;
 }
 
@@ -40,16 +35,16 @@ QBrush textureOf(const QPainter &background)
     return image.isNull() ? QBrush() : QBrush(image);
 }
 
-// Fills the disc of a single point, or strokes the path of more.
-void paintErased(QPainter &painter, const QPainterPath &path, bool isDisc, const QPen &pen)
+// Fills the disc of a single point, or strokes the line of more.
+void paintErased(QPainter &painter, const QVector<QPointF> &points, int width, const QPen &pen)
 {
     if (pen.brush().style() == Qt::NoBrush)
         return;
-    if (isDisc) {
-        painter.fillPath(path, pen.brush());
+    if (points.size() == 1) {
+        painter.fillPath(disc(points.first(), width), pen.brush());
     } else {
         painter.setPen(pen);
-        painter.drawPath(path);
+        paintStroke(painter, points, StrokeSegment::Line);
     }
 }
 
@@ -82,9 +77,7 @@ void CInkEraser::Draw(QPainter &p1, QPainter &p2, QPainter &p3, QPainter &p4, QR
     if (rebuildPen || !m_pErasePen)
         FormErasePen(p3);
 
-    const bool isDisc = m_graphData.size() == 1;
-    const QPainterPath path = erasedPath(m_graphData, m_nWidth);
-    paintErased(p2, path, isDisc, *m_pErasePen);
+    paintErased(p2, m_graphData, m_nWidth, *m_pErasePen);
     if (!m_bFinished) {
         if (m_bShowDrawerName && m_graphData.size() > 1)
             DrawStudentName(p2);
@@ -98,8 +91,9 @@ void CInkEraser::Draw(QPainter &p1, QPainter &p2, QPainter &p3, QPainter &p4, QR
         painter->setCompositionMode(QPainter::CompositionMode_SourceIn);
         painter->setRenderHint(QPainter::Antialiasing);
     }
-    paintErased(p4, path, isDisc, QPen(QColor(0, 0, 0, 0), m_nWidth, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-    paintErased(p1, path, isDisc, *m_pErasePen);
+    const QPen clearing(QColor(0, 0, 0, 0), m_nWidth, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin);
+    paintErased(p4, m_graphData, m_nWidth, clearing);
+    paintErased(p1, m_graphData, m_nWidth, *m_pErasePen);
 }
 
 void CInkEraser::SetWidth(int width)

@@ -1,7 +1,7 @@
 #include "CInkFlatBrush.h"
 
 #include "core/painting_p.h"
-#include "pens/stroke_p.h"
+#include "pens/culled_p.h"
 
 using namespace InkInternal;
 
@@ -49,9 +49,8 @@ void CInkFlatBrush::Draw(QPainter &painter, QRect &rect)
     painter.setClipRect(m_bFinished ? GetUpdateRect() : rect | GetUpdateRect(), Qt::ReplaceClip);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(solidPen(*this, Qt::RoundCap));
-    const QPainterPath path = strokePath(m_graphData);
-    painter.setWorldTransform(QTransform(nib(path.boundingRect().topLeft(), m_nWidth, m_fNibAngle)));
-    painter.drawPath(path);
+    const QTransform frame(nib(strokeTopLeft(m_graphData), m_nWidth, m_fNibAngle));
+    paintStroke(painter, m_graphData, StrokeSegment::Curve, frame);
 }
 
 QRect CInkFlatBrush::GetDisIconRect()

@@ -1,7 +1,7 @@
 #include "CInkHighLightPen.h"
 
 #include "core/painting_p.h"
-#include "pens/stroke_p.h"
+#include "pens/culled_p.h"
 
 using namespace InkInternal;
 
@@ -40,7 +40,7 @@ void CInkHighLightPen::Draw(QPainter &painter, QRect &rect)
     color.setAlpha(m_nAlpha);
     pen.setColor(color);
     painter.setPen(pen);
-    painter.drawPath(strokePath(m_graphData));
+    paintStroke(painter, m_graphData, StrokeSegment::Curve);
 }
 
 QRect CInkHighLightPen::GetDisIconRect()

@@ -1,7 +1,7 @@
 #include "CInkPencil.h"
 
 #include "core/painting_p.h"
-#include "pens/stroke_p.h"
+#include "pens/culled_p.h"
 
 using namespace InkInternal;
 
@@ -30,7 +30,7 @@ void CInkPencil::Draw(QPainter &painter, QRect &rect)
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(solidPen(*this, Qt::RoundCap));
     // [ink-pen-point-invisible] A stroke of one point is an empty path.
-    painter.drawPath(strokePath(m_graphData));
+    paintStroke(painter, m_graphData, StrokeSegment::Curve);
 }
 
 QRect CInkPencil::GetDisIconRect()

@@ -21,6 +21,18 @@ inline QPainterPath strokePath(const QVector<QPointF> &points)
     return path;
 }
 
+// The eraser's form of at least two points.
+inline QPainterPath linePath(const QVector<QPointF> &points)
+{
+    QPainterPath path;
+    path.moveTo(points.first());
+    for (const QPointF &point : points)
+        path.lineTo(point); // [ink-eraser-double-tap] From the first on; equal points make an empty path.
+    return path;
+}
+
+enum class StrokeSegment { Curve, Line }; // of a strokePath, of a linePath
+
 // The drawer's icon stands on the pen's last position and extends to its right.
 inline QRect iconRectOnTip(const QVector<QPointF> &points)
 {
