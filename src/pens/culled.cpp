@@ -331,8 +331,9 @@ bool isTileable(const QPainter &painter, const Box &clip)
            painter.paintEngine()->systemClip().isEmpty();
 }
 
-// Paints a long stroke, or what `clip` shows of it, tile after tile. The time that Qt takes for a path grows faster
-// than the path; the tiles do not overlap, so no pixel is painted twice.
+// The part of the clip that a long stroke may touch, tile after tile. The time that Qt takes for a path grows faster
+// than the path; the tiles do not overlap, so no pixel is painted twice. They lie on a grid from the device's origin:
+// where a row of pixels is painted two at a time it must not be cut within a pair.
 class Tiles
 {
 public:
@@ -351,8 +352,8 @@ public:
     template <typename Paint>
     void forEach(int side, const Paint &paint) const
     {
-        for (int y = m_area.top(); y <= m_area.bottom(); y += side) {
-            for (int x = m_area.left(); x <= m_area.right(); x += side) {
+        for (int y = onGrid(m_area.top(), side); y <= m_area.bottom(); y += side) {
+            for (int x = onGrid(m_area.left(), side); x <= m_area.right(); x += side) {
                 const QRect tile = QRect(x, y, side, side) & m_area;
                 const Runs runs = m_culler.runsWithin(boxOf(tile), blocksWithin(boxOf(tile)));
                 if (!runs.isEmpty())
@@ -362,6 +363,8 @@ public:
     }
 
 private:
+    static int onGrid(int coordinate, int side) { return int(std::floor(double(coordinate) / side)) * side; }
+
     Blocks blocksWithin(const Box &tile) const
     {
         Blocks blocks;
@@ -383,10 +386,10 @@ private:
 QPointF InkInternal::strokeTopLeft(const QVector<QPointF> &points)
 {
     // Each curve starts flat, so it is within the box of its ends; where Qt computes with thirds of whole numbers, to
-    // the last bit.
+    // the last bit. A path of its start alone has no box.
     const Pair limit{kExactThirds, kExactThirds};
     const BlockScan scan = scanStroke(points, {limit, -limit});
-    if (scan.isFinite && contains({-limit, limit}, scan.bounds) && areWhole(points))
+    if (points.size() > 1 && scan.isFinite && contains({-limit, limit}, scan.bounds) && areWhole(points))
         return {scan.bounds.low[0], scan.bounds.low[1]};
     return strokePath(points).boundingRect().topLeft();
 }

@@ -317,6 +317,7 @@ int differencesOfEraser(const Case &c)
            differences(ink, expected(Literal::roundPen(QColor(0, 0, 0, 0), c.width), kIn));
 }
 
+// Painted by the pen and literally.
 int differencesOf(const Case &c)
 {
     const QColor color(200, 30, 90, c.alpha);
@@ -351,6 +352,21 @@ int differencesOf(const Case &c)
     return -1;
 }
 
+QVector<QVector<QPointF>> recorded(const QString &name)
+{
+    QFile file(QStringLiteral(INK_STROKES "/") + name);
+    if (!file.open(QIODevice::ReadOnly))
+        return {};
+    QVector<QVector<QPointF>> strokes;
+    for (const QJsonValue &entry : QJsonDocument::fromJson(file.readAll()).object()["strokes"].toArray()) {
+        QVector<QPointF> points;
+        for (const QJsonValue &point : entry["points"].toArray())
+            points.append(QPointF(int(point[0].toDouble()), int(point[1].toDouble())));
+        strokes.append(points);
+    }
+    return strokes;
+}
+
 quint32 number(const char *variable, quint32 otherwise)
 {
     bool isSet = false;
@@ -370,5 +386,29 @@ TEST(CulledStrokes, randomStrokesAreThoseOfOnePath)
         const int count = differencesOf(randomCase(first + i));
         failures += count != 0;
         EXPECT_EQ(count, 0) << "INK_STROKE_CASES=1 INK_STROKE_SEED=" << first + i;
+    }
+}
+
+// Every fourth, by one pen after the other; while they are drawn and when they are finished.
+TEST(CulledStrokes, recordedStrokesAreThoseOfOnePath)
+{
+    for (const char *name : {"biology.json", "pathology.json", "line-drawings.json", "maps.json"}) {
+        const QVector<QVector<QPointF>> strokes = recorded(name);
+        if (strokes.isEmpty())
+            GTEST_SKIP() << "no recorded strokes at " INK_STROKES "/" << name;
+        for (int i = 0; i < strokes.size(); i += 4) {
+            Case c{};
+            c.pen = PenKind(i / 4 % 5);
+            c.width = 1 + i % 25;
+            c.alpha = i % 3 == 0 ? 255 : 120;
+            c.angle = 45;
+            c.size = QSize(1280, 800);
+            c.format = QImage::Format_ARGB32_Premultiplied;
+            c.opacity = 1;
+            c.points = strokes.at(i);
+            EXPECT_EQ(differencesOf(c), 0) << name << " stroke " << i;
+            c.isFinished = true;
+            EXPECT_EQ(differencesOf(c), 0) << name << " finished stroke " << i;
+        }
     }
 }
