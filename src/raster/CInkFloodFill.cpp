@@ -5,9 +5,9 @@
 #include "core/life_p.h"
 #include "raster/fill_p.h"
 #include "raster/layer_p.h"
+#include "raster/region_p.h"
 
 #include <algorithm>
-#include <vector>
 
 using namespace InkInternal;
 
@@ -105,33 +105,9 @@ void CInkFloodFill::FormFloodFillBmp(QPainter &layer)
         return;
 
     // The canvas begins at the origin, but the field is public: the page's own pixels bound the region, too.
-    const QRect region = m_rcCanvas & image->rect();
-    const QSize size(region.right() + 1, region.bottom() + 1);
-    const auto isTarget = [&](int x, int y) { return (image->pixel(x, y) | 0xff000000U) == target.rgb(); };
-    // Each pixel once: the fill colour may read back as the target.
-    std::vector<bool> taken(std::size_t(size.width()) * std::size_t(size.height()));
-    const auto isOpen = [&](int x, int y) {
-        return !taken[std::size_t(y) * std::size_t(size.width()) + std::size_t(x)] && isTarget(x, y);
-    };
-    std::vector<QPoint> queue{seed};
-    for (std::size_t head = 0; head < queue.size(); ++head) {
-        const auto [x, y] = std::pair(queue[head].x(), queue[head].y());
-        if (!isOpen(x, y))
-            continue;
-        int left = x;
-        while (left > region.left() && isOpen(left - 1, y))
-            --left;
-        int right = x;
-        while (right < size.width() - 1 && isOpen(right + 1, y))
-            ++right;
-        for (int px = left; px <= right; ++px) {
-            SetPixel(px, y, m_color, image);
-            taken[std::size_t(y) * std::size_t(size.width()) + std::size_t(px)] = true;
-            if (y > region.top() && isOpen(px, y - 1))
-                queue.emplace_back(px, y - 1);
-            if (y < size.height() - 1 && isOpen(px, y + 1))
-                queue.emplace_back(px, y + 1);
-        }
-    }
+    const QRect filled = floodRegion(*image, m_pImage, m_rcCanvas & image->rect(), seed, m_color.rgb());
+    m_rcFillBounds =
+        edges(std::min(m_rcFillBounds.left(), filled.left()), std::min(m_rcFillBounds.top(), filled.top()),
+              std::max(m_rcFillBounds.right(), filled.right()), std::max(m_rcFillBounds.bottom(), filled.bottom()));
     m_bFilled = 1;
 }
