@@ -36,8 +36,8 @@ void CInkFloodFill::Draw(QPainter &p1, QPainter &p2, QPainter & /*p3*/, QPainter
 
     // [ink-fill-every-draw] Filled anew each time, from what the page now is.
     assignImage(m_pImage, blankPixels(m_rcCanvas));
-    FormFloodFillBmp(p1);
-    paintBitmap(*m_pImage, m_rcCanvas, {&p2, &p1, &p4});
+    const QRect filled = formFill(*this, p1);
+    paintBitmap(*m_pImage, m_rcCanvas, filled, {&p2, &p1, &p4});
 }
 
 void CInkFloodFill::SetCanvasSize(QSize size)
@@ -95,19 +95,26 @@ void CInkFloodFill::SetPixel(int x, int y, QColor color, QImage *img)
 
 void CInkFloodFill::FormFloodFillBmp(QPainter &layer)
 {
+    formFill(*this, layer);
+}
+
+QRect InkInternal::formFill(CInkFloodFill &fill, QPainter &layer)
+{
     QImage *image = layerImage(layer);
-    if (!image || m_graphData.isEmpty())
-        return;
-    const QPoint seed = truncated(m_graphData.constFirst());
-    const QColor target = GetPixel(seed.x(), seed.y(), image);
+    if (!image || fill.m_graphData.isEmpty())
+        return {};
+    const QPoint seed = truncated(fill.m_graphData.constFirst());
+    const QColor target = fill.GetPixel(seed.x(), seed.y(), image);
     // [ink-fill-same-color] The fill colour is compared with its alpha and its colour model, the pixel without.
-    if (m_color == target || !m_rcCanvas.contains(seed) || !image->valid(seed))
-        return;
+    if (fill.m_color == target || !fill.m_rcCanvas.contains(seed) || !image->valid(seed))
+        return {};
 
     // The canvas begins at the origin, but the field is public: the page's own pixels bound the region, too.
-    const QRect filled = floodRegion(*image, m_pImage, m_rcCanvas & image->rect(), seed, m_color.rgb());
-    m_rcFillBounds =
-        edges(std::min(m_rcFillBounds.left(), filled.left()), std::min(m_rcFillBounds.top(), filled.top()),
-              std::max(m_rcFillBounds.right(), filled.right()), std::max(m_rcFillBounds.bottom(), filled.bottom()));
-    m_bFilled = 1;
+    const QRect within = fill.m_rcCanvas & image->rect();
+    const QRect filled = floodRegion(*image, fill.m_pImage, within, seed, fill.m_color.rgb());
+    QRect &bounds = fill.m_rcFillBounds;
+    bounds = edges(std::min(bounds.left(), filled.left()), std::min(bounds.top(), filled.top()),
+                   std::max(bounds.right(), filled.right()), std::max(bounds.bottom(), filled.bottom()));
+    fill.m_bFilled = 1;
+    return filled;
 }

@@ -30,15 +30,16 @@ void CInkFloodFillEx::Draw(QPainter &p1, QPainter &p2, QPainter & /*p3*/, QPaint
     for (QPainter *layer : {&p1, &p4, &p2})
         layer->setClipRect(rc, Qt::ReplaceClip);
 
+    QRect ink = m_pImage ? m_pImage->rect() : QRect();
     if (!m_bFilled && m_bHideHotShape && !drawnByAnother(*this)) {
         assignImage(m_pImage, blankPixels(m_rcCanvas));
         // [ink-fill-ex-before-commit] The page is filled at the first Draw after the press, whatever is to be
         // repainted.
-        FormFloodFillBmp(p1);
+        ink = formFill(*this, p1);
         m_pLocalBitmap = m_pImage;
     }
     if (m_pImage && m_bFinished)
-        paintBitmap(*m_pImage, m_rcCanvas, {&p2, &p1, &p4});
+        paintBitmap(*m_pImage, m_rcCanvas, ink, {&p2, &p1, &p4});
 }
 
 void CInkFloodFillEx::AddPoint(int code, QPoint pt, QRect &update)
