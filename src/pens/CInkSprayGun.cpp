@@ -104,5 +104,5 @@ void CInkSprayGun::DrawSprayGraph(QPainter &painter)
         if (m_pImage->valid(dot))
             m_pImage->setPixel(dot, m_color.rgba());
     }
-    painter.drawImage(real(m_rcCanvas), *m_pImage, real(m_rcCanvas));
+    layOver(painter, *m_pImage, m_rcCanvas, real(m_rcCanvas));
 }

@@ -1,7 +1,6 @@
+#include "core/cache_p.h"
 #include "core/geometry_p.h"
 #include "pens/textured_p.h"
-
-#include <QtGui/QPainter>
 
 #include <algorithm>
 
@@ -39,5 +38,5 @@ float InkInternal::collectDistance(const CInkPenGraph &pen)
 
 void InkInternal::paintCache(const CInkPenGraph &pen, const QRect &canvas, QPainter &painter)
 {
-    painter.drawImage(real(canvas), *pen.m_pImage, QRectF(0, 0, double(width(canvas)), double(height(canvas))));
+    layOver(painter, *pen.m_pImage, canvas, QRectF(0, 0, double(width(canvas)), double(height(canvas))));
 }
