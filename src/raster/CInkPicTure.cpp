@@ -1,5 +1,6 @@
 #include "CInkPicTure.h"
 
+#include "core/debug_p.h"
 #include "core/decode_p.h"
 #include "core/geometry_p.h"
 #include "core/painting_p.h"
@@ -79,7 +80,8 @@ void CInkPicTure::Draw(QPainter &painter, QRect &rect)
     // [ink-picture-one-short] One pixel narrower and lower than the box.
     const QRectF target = real(m_rcHot).adjusted(0, 0, -1, -1);
     const QRectF source(m_pPicture->rect());
-    qDebug() << "CINKPicture" << target << source;
+    if (writesDebugLines())
+        qDebug() << "CINKPicture" << target << source;
     painter.drawImage(target, *m_pPicture, source);
     if (!m_bFinished && !m_bHideHotShape)
         DrawHotShape(painter);

@@ -1,5 +1,6 @@
 #include "CInkRectangle.h"
 
+#include "core/debug_p.h"
 #include "core/geometry_p.h"
 #include "core/painting_p.h"
 #include "shapes/shape_p.h"
@@ -52,9 +53,12 @@ void CInkRectangle::Draw(QPainter &painter, QRect &rect)
     }
 
     // [ink-clip-outlives-draw] Set before the state is saved: the host finds it afterwards.
-    const QRectF clipBefore = painter.clipBoundingRect();
+    const bool writesLine = writesDebugLines();
+    const QRectF clipBefore = writesLine ? painter.clipBoundingRect() : QRectF();
     painter.setClipRect(clip, Qt::ReplaceClip);
-    qDebug() << "CInkRectangle::Draw clip" << clip << "before" << clipBefore << "after" << painter.clipBoundingRect();
+    if (writesLine)
+        qDebug() << "CInkRectangle::Draw clip" << clip << "before" << clipBefore << "after"
+                 << painter.clipBoundingRect();
 
     const PainterStateScope scope(painter);
     painter.setRenderHint(QPainter::Antialiasing);
