@@ -21,6 +21,9 @@ namespace {
 
 constexpr std::size_t kLazyBytes = std::size_t(1) << 20; // for less, a mapping of its own costs more than zeroing
 
+// Before and after the pixels: Qt reads beyond the last one where it smooths a scaled image.
+constexpr std::size_t kSpareBytes = 4096;
+
 constexpr int kTile = 32;             // pixels a side of what is composited or left out
 constexpr int kTilesKept = 256;       // a row of tiles up to 8 192 pixels wide needs no heap
 constexpr double kMaxShift = 1 << 20; // device pixels; beyond it nothing is to be gained
@@ -46,11 +49,12 @@ QImage imageOnPages(const QSize &size, void *(*map)(std::size_t))
     const std::size_t bytes = std::size_t(bytesPerLine) * std::size_t(size.height());
     if (bytes < kLazyBytes)
         return {};
-    void *start = map(bytes);
+    const std::size_t mapped = bytes + 2 * kSpareBytes;
+    void *start = map(mapped);
     if (!start)
         return {};
-    auto pages = std::make_unique<Pages>(Pages{start, bytes});
-    auto *pixels = static_cast<uchar *>(start);
+    auto pages = std::make_unique<Pages>(Pages{start, mapped});
+    auto *pixels = static_cast<uchar *>(start) + kSpareBytes;
     return {pixels, size.width(), size.height(), bytesPerLine, QImage::Format_ARGB32, unmapPages, pages.release()};
 }
 

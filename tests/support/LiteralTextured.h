@@ -12,9 +12,11 @@
 #include <QtGui/QPainterPath>
 #include <QtGui/QRadialGradient>
 
-struct LiteralTexture
+namespace Literal {
+
+struct Texture
 {
-    explicit LiteralTexture(const QSize &size)
+    explicit Texture(const QSize &size)
         : pixels(size, QImage::Format_ARGB32)
     {
         pixels.fill(0);
@@ -24,7 +26,7 @@ struct LiteralTexture
     int drawn = 0; // points
 };
 
-inline void render(const CInkColorBrush &brush, LiteralTexture &texture)
+inline void render(const CInkColorBrush &brush, Texture &texture)
 {
     const struct
     {
@@ -45,7 +47,7 @@ inline void render(const CInkColorBrush &brush, LiteralTexture &texture)
     }
 }
 
-inline void render(const CInkCrayon &crayon, LiteralTexture &texture)
+inline void render(const CInkCrayon &crayon, Texture &texture)
 {
     const QVector<QPointF> &points = crayon.m_graphData;
     const double width = crayon.m_nWidth;
@@ -71,7 +73,7 @@ inline void render(const CInkCrayon &crayon, LiteralTexture &texture)
     }
 }
 
-inline void render(const CInkSprayGun &spray, LiteralTexture &texture)
+inline void render(const CInkSprayGun &spray, Texture &texture)
 {
     for (; texture.drawn < spray.m_graphData.size() - 1; ++texture.drawn) {
         const QPointF dot = spray.m_graphData.at(texture.drawn);
@@ -81,52 +83,54 @@ inline void render(const CInkSprayGun &spray, LiteralTexture &texture)
 }
 
 // What the pens' own paint routines do with the painter, clipped as it is.
-inline void paintLiterally(const CInkColorBrush &brush, LiteralTexture &texture, QPainter &painter)
+inline void paint(const CInkColorBrush &brush, Texture &texture, QPainter &painter)
 {
     painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
     render(brush, texture);
     painter.drawImage(QRectF(brush.m_rcCanvas), texture.pixels, QRectF(QPointF(), brush.m_rcCanvas.size()));
 }
 
-inline void paintLiterally(const CInkCrayon &crayon, LiteralTexture &texture, QPainter &painter)
+inline void paint(const CInkCrayon &crayon, Texture &texture, QPainter &painter)
 {
     render(crayon, texture);
     painter.drawImage(QRectF(crayon.m_rcCanvas), texture.pixels, QRectF(QPointF(), crayon.m_rcCanvas.size()));
 }
 
-inline void paintLiterally(const CInkSprayGun &spray, LiteralTexture &texture, QPainter &painter)
+inline void paint(const CInkSprayGun &spray, Texture &texture, QPainter &painter)
 {
     render(spray, texture);
     painter.drawImage(QRectF(spray.m_rcCanvas), texture.pixels, QRectF(spray.m_rcCanvas));
 }
 
 // What Draw does with the painter. The tool itself is not drawn by this, so it must be asked before its own Draw.
-inline void drawLiterally(CInkColorBrush &brush, LiteralTexture &texture, QPainter &painter, const QRect &rect)
+inline void draw(CInkColorBrush &brush, Texture &texture, QPainter &painter, const QRect &rect)
 {
     if (brush.m_graphData.size() < 2)
         return;
     painter.setClipRect(rect | brush.GetUpdateRect(), Qt::ReplaceClip);
     painter.save();
-    paintLiterally(brush, texture, painter);
+    paint(brush, texture, painter);
     painter.restore();
 }
 
-inline void drawLiterally(CInkCrayon &crayon, LiteralTexture &texture, QPainter &painter, const QRect &rect)
+inline void draw(CInkCrayon &crayon, Texture &texture, QPainter &painter, const QRect &rect)
 {
     if (crayon.m_graphData.size() < 2)
         return;
     painter.save();
     painter.setClipRect(crayon.m_bFinished ? crayon.GetUpdateRect() : rect | crayon.GetUpdateRect(), Qt::ReplaceClip);
-    paintLiterally(crayon, texture, painter);
+    paint(crayon, texture, painter);
     painter.restore();
 }
 
-inline void drawLiterally(const CInkSprayGun &spray, LiteralTexture &texture, QPainter &painter, const QRect &rect)
+inline void draw(const CInkSprayGun &spray, Texture &texture, QPainter &painter, const QRect &rect)
 {
     if (spray.m_graphData.isEmpty())
         return;
     painter.save();
     painter.setClipRect(spray.m_bFinished ? spray.m_rcCanvas : spray.m_rcDirty | rect, Qt::ReplaceClip);
-    paintLiterally(spray, texture, painter);
+    paint(spray, texture, painter);
     painter.restore();
 }
+
+} // namespace Literal
