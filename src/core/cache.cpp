@@ -25,6 +25,7 @@ constexpr std::size_t kLazyBytes = std::size_t(1) << 20; // for less, a mapping 
 constexpr std::size_t kSpareBytes = 4096;
 
 constexpr int kTile = 32;             // pixels a side of what is composited or left out
+constexpr int kSmallPart = 128 * 128; // pixels; so few are composited as soon as looked at
 constexpr int kTilesKept = 256;       // a row of tiles up to 8 192 pixels wide needs no heap
 constexpr double kMaxShift = 1 << 20; // device pixels; beyond it nothing is to be gained
 
@@ -117,9 +118,11 @@ bool anyInk(const QRgb *first, const QRgb *last)
     return bits != 0;
 }
 
-// Notes the tiles of `visible` that have ink in this row, counted from the first one.
+// Notes the tiles of `visible` that have ink in this row, counted from the first one. Most rows have none.
 void markInked(const QRgb *row, const QRect &visible, bool *inked)
 {
+    if (!anyInk(row + visible.left(), row + visible.right() + 1))
+        return;
     const int firstTile = visible.left() / kTile;
     for (int tile = firstTile; tile <= visible.right() / kTile; ++tile) {
         const int from = std::max(tile * kTile, visible.left());
@@ -178,13 +181,11 @@ bool InkInternal::ensureCache(CInkGraph &graph, const QRect &canvas)
 
 void InkInternal::layOver(QPainter &painter, const QImage &pixels, const QRect &canvas, const QRectF &source)
 {
-    if (!fallsIntoParts(painter, pixels, canvas)) {
+    const QRect visible = fallsIntoParts(painter, pixels, canvas) ? visiblePart(painter, pixels) : QRect();
+    if (qint64(visible.width()) * visible.height() <= kSmallPart) {
         painter.drawImage(real(canvas), pixels, source);
         return;
     }
-    const QRect visible = visiblePart(painter, pixels);
-    if (visible.isEmpty())
-        return;
     const int firstTile = visible.left() / kTile;
     const int tiles = visible.right() / kTile + 1 - firstTile;
     QVarLengthArray<bool, kTilesKept> inked(tiles + 1);
