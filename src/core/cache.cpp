@@ -25,7 +25,7 @@ constexpr std::size_t kLazyBytes = std::size_t(1) << 20; // for less, a mapping 
 constexpr std::size_t kSpareBytes = 4096;
 
 constexpr int kTile = 32;             // pixels a side of what is composited or left out
-constexpr int kSmallPart = 128 * 128; // pixels; so few are composited as soon as looked at
+constexpr int kSmallPart = 128 * 128; // pixels in a clip; so few are composited as soon as looked at
 constexpr int kTilesKept = 256;       // a row of tiles up to 8 192 pixels wide needs no heap
 constexpr double kMaxShift = 1 << 20; // device pixels; beyond it nothing is to be gained
 
@@ -64,6 +64,15 @@ bool keepsPixelsUnderNothing(QImage::Format layer)
 {
     return layer == QImage::Format_ARGB32_Premultiplied || layer == QImage::Format_RGB32 ||
            layer == QImage::Format_RGB16 || layer == QImage::Format_RGB888;
+}
+
+// An event of a stroke shows so little that looking for ink does not pay.
+bool showsLittle(const QPainter &painter)
+{
+    if (!painter.hasClipping())
+        return false;
+    const QRectF clip = painter.clipBoundingRect();
+    return clip.width() * clip.height() <= kSmallPart;
 }
 
 bool isWholeShift(const QTransform &transform)
@@ -181,11 +190,13 @@ bool InkInternal::ensureCache(CInkGraph &graph, const QRect &canvas)
 
 void InkInternal::layOver(QPainter &painter, const QImage &pixels, const QRect &canvas, const QRectF &source)
 {
-    const QRect visible = fallsIntoParts(painter, pixels, canvas) ? visiblePart(painter, pixels) : QRect();
-    if (qint64(visible.width()) * visible.height() <= kSmallPart) {
+    if (showsLittle(painter) || !fallsIntoParts(painter, pixels, canvas)) {
         painter.drawImage(real(canvas), pixels, source);
         return;
     }
+    const QRect visible = visiblePart(painter, pixels);
+    if (visible.isEmpty())
+        return;
     const int firstTile = visible.left() / kTile;
     const int tiles = visible.right() / kTile + 1 - firstTile;
     QVarLengthArray<bool, kTilesKept> inked(tiles + 1);
