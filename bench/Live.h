@@ -5,6 +5,7 @@
 #include "Bench.h"
 #include "CInkPencil.h"
 #include "LiteralPens.h"
+#include "MinimalPath.h"
 #include "Strokes.h"
 
 #include <QtGui/QPainter>
@@ -35,26 +36,6 @@ struct LiveStroke
     Pen pen;
     QRect newest;
 };
-
-// Only the segments that can touch the clip, found one by one.
-inline QPainterPath minimalPath(const QVector<QPointF> &points, const QRect &clip, double width)
-{
-    const double reach = width / 2 * 1.01 + 1.5;
-    const QRectF near = QRectF(clip).adjusted(-reach, -reach, reach, reach);
-    const auto meets = [&](const QPointF &a, const QPointF &b) {
-        return std::max(a.x(), b.x()) >= near.left() && std::min(a.x(), b.x()) <= near.right() &&
-               std::max(a.y(), b.y()) >= near.top() && std::min(a.y(), b.y()) <= near.bottom();
-    };
-    QPainterPath path;
-    for (int i = 1; i < points.size(); ++i) {
-        if (!meets(points.at(i - 1), points.at(i)))
-            continue;
-        if (path.isEmpty() || path.currentPosition() != points.at(i - 1))
-            path.moveTo(points.at(i - 1));
-        path.quadTo(points.at(i - 1), points.at(i));
-    }
-    return path;
-}
 
 // The images that two ways of painting leave on a canvas of their own.
 template <typename Ours, typename Theirs>

@@ -74,7 +74,7 @@ void registerLive(const std::string &scene, int count, int width, const QColor &
         return;
     benchmark::RegisterBenchmark(nameOf(scene, "minimal", count).c_str(), [=](benchmark::State &state) {
         const auto stroke = make();
-        const QPainterPath path = minimalPath(stroke->points(), stroke->newest, width);
+        const QPainterPath path = Literal::minimalPath(stroke->points(), stroke->newest, width);
         if (!isExact(state, nameOf(scene, "minimal", count), [&] {
                 return paintAlike([&](QPainter &painter) { paintMinimal(*stroke, path, painter); },
                                   [&](QPainter &painter) { paintPlain(*stroke, painter); });
