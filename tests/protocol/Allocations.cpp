@@ -1,7 +1,10 @@
 #include "Allocations.h"
 
 #if defined(__SANITIZE_ADDRESS__)
-#include <sanitizer/allocator_interface.h>
+// g++ 12 does not ship the header of these two.
+extern "C" int __sanitizer_install_malloc_and_free_hooks(void (*)(const volatile void *, std::size_t),
+                                                         void (*)(const volatile void *));
+extern "C" std::size_t __sanitizer_get_allocated_size(const volatile void *);
 #else
 #include <malloc.h>
 #include <sys/mman.h>
