@@ -5,8 +5,6 @@
 
 #include <gtest/gtest.h>
 
-#include <climits>
-
 namespace {
 
 const QColor kTranslucentRed(255, 0, 0, 120);
@@ -104,31 +102,6 @@ TEST(CInkHighLightPen, clipHoldsTheHostsRectangleInEveryPhase)
     EXPECT_EDGES(clipAfterDraw(pen, QRect()), 68, 8, 232, 182);
 }
 
-TEST(CInkHighLightPen, finishedStrokeWiderThanItsFrameIsCutOnlyByTheHost)
-{
-    CInkHighLightPen pen;
-    pen.SetColor(Qt::black);
-    pen.SetWidth(100);
-    drag(pen, {200, 150}, {200, 160});
-    EXPECT_NE(drawn(pen).pixel(155, 155), 0u);
-    const QImage cut = painted([&](QPainter &painter) {
-        QRect none;
-        pen.Draw(painter, none);
-    });
-    EXPECT_NE(cut.pixel(168, 155), 0u);
-    EXPECT_EQ(cut.pixel(167, 155), 0u);
-}
-
-TEST(CInkHighLightPen, painterIsGivenBackButForItsClip)
-{
-    CInkHighLightPen pen;
-    EXPECT_EDGES(clipAfterDrawWithOddPainter(pen), 0, 0, -1, -1);
-    feedZigzag(pen);
-    EXPECT_EDGES(clipAfterDrawWithOddPainter(pen), 0, 0, 399, 299);
-    pen.FinishGraph();
-    EXPECT_EDGES(clipAfterDrawWithOddPainter(pen), 0, 0, 399, 299);
-}
-
 TEST(CInkHighLightPen, painterKeepsItsTransformAndBrush)
 {
     CInkHighLightPen pen;
@@ -175,134 +148,4 @@ TEST(CInkHighLightPen, layersFollowTheCommit)
     EXPECT_TRUE(samePixels(finished.ink, expected));
     EXPECT_TRUE(samePixels(finished.page, expected));
     EXPECT_TRUE(isBlank(finished.background));
-}
-
-TEST(CInkHighLightPen, iconSitsAboveTheLastPosition)
-{
-    CInkHighLightPen pen;
-    EXPECT_NULL_RECT(pen.GetDisIconRect());
-    pen.m_graphData = {QPointF(5, 5), QPointF(100.7, 50.2)};
-    EXPECT_EDGES(pen.GetDisIconRect(), 100, 20, 129, 49);
-    pen.m_graphData = {QPointF(-3.7, -2.2)};
-    EXPECT_EDGES(pen.GetDisIconRect(), -3, -32, 26, -3);
-}
-
-TEST(CInkHighLightPen, everyCodeAppendsThePosition)
-{
-    CInkHighLightPen pen;
-    pen.SetWidth(1);
-    int count = 0;
-    for (const int code : {99, 0, 3, 4, 5, 1, -1, 1}) {
-        SCOPED_TRACE(code);
-        pen.m_bSparePoint = 1;
-        feed(pen, code, 10 * count, 7);
-        EXPECT_EQ(pen.IsSparePoint(), 0);
-        ASSERT_EQ(pen.GetPointCount(), ++count);
-        EXPECT_EQ(pen.m_nPointCount, count);
-        EXPECT_POINT(pen.m_graphData.last(), 10 * (count - 1), 7);
-        EXPECT_EQ(pen.m_bFinished, 0);
-    }
-}
-
-TEST(CInkHighLightPen, releasePositionIsPartOfTheStroke)
-{
-    CInkHighLightPen pen;
-    pen.SetWidth(1);
-    EXPECT_FALSE(pen.FinishGraph());
-    EXPECT_NULL_RECT(feed(pen, PT_DOWN, 100, 100));
-    pen.ShowDrawerIcon(1);
-    // Margin 20 around the newest segment, and the icon above its end.
-    EXPECT_EDGES(feed(pen, PT_MOVE, 150, 130), 80, 80, 179, 150);
-    EXPECT_EDGES(pen.m_rcIcon, 150, 100, 179, 129);
-    EXPECT_EDGES(feed(pen, PT_UP, 160, 90), 68, 58, 192, 162);
-    EXPECT_EQ(pen.GetPointCount(), 3);
-    EXPECT_EQ(pen.m_bEditMode, 1);
-    EXPECT_EQ(pen.m_bFinished, 1);
-    EXPECT_EQ(pen.m_bHideHotShape, 1);
-    EXPECT_EDGES(pen.m_rcHot, 68, 58, 192, 162);
-    EXPECT_NULL_RECT(feed(pen, PT_MOVE, 300, 200));
-    EXPECT_EQ(pen.GetPointCount(), 3);
-}
-
-TEST(CInkHighLightPen, emptyStrokePaintsNothingAndSetsNoClip)
-{
-    CInkHighLightPen pen;
-    EXPECT_TRUE(isBlank(drawn(pen)));
-    EXPECT_EDGES(clipAfterDraw(pen, QRect(0, 0, 400, 300)), 0, 0, 4, 4);
-}
-
-TEST(CInkHighLightPen, strokesWithoutASegmentPaintNothing)
-{
-    CInkHighLightPen pen;
-    pen.SetWidth(20);
-    feed(pen, PT_DOWN, 100, 80);
-    EXPECT_TRUE(isBlank(drawn(pen)));
-    feed(pen, PT_UP, 100, 80);
-    EXPECT_TRUE(isBlank(drawn(pen)));
-    CInkHighLightPen tap;
-    tap.SetWidth(20);
-    feed(tap, PT_UP, 100, 80);
-    EXPECT_TRUE(isBlank(drawn(tap)));
-}
-
-TEST(CInkHighLightPen, drawLeavesTheCallersRectangle)
-{
-    CInkHighLightPen pen;
-    feedZigzag(pen);
-    QImage image = blankCanvas();
-    QPainter painter(&image);
-    QRect rect(1, 2, 3, 4);
-    pen.Draw(painter, rect);
-    EXPECT_EDGES(rect, 1, 2, 3, 5);
-}
-
-TEST(CInkHighLightPen, paintingLogsNothing)
-{
-    const MessageLog log;
-    CInkHighLightPen pen;
-    feedZigzag(pen);
-    drawn(pen);
-    pen.FinishGraph();
-    drawn(pen);
-    EXPECT_TRUE(log.lines.isEmpty());
-}
-
-TEST(CInkHighLightPen, skipSuppressesAllPainting)
-{
-    CInkHighLightPen pen;
-    feedZigzag(pen);
-    pen.FinishGraph();
-    Layers layers;
-    layers.draw(pen, 1);
-    EXPECT_TRUE(isBlank(layers.surface));
-    EXPECT_TRUE(isBlank(layers.page));
-    EXPECT_TRUE(isBlank(layers.ink));
-}
-
-TEST(CInkHighLightPen, emptiedListIsSurvived)
-{
-    CInkHighLightPen pen;
-    feedZigzag(pen);
-    pen.FinishGraph();
-    pen.m_graphData.clear();
-    EXPECT_TRUE(isBlank(drawn(pen)));
-    EXPECT_NULL_RECT(pen.GetDisIconRect());
-}
-
-TEST(CInkHighLightPen, extremeCoordinatesArePaintedWithoutHarm)
-{
-    for (const int width : {-7, 0, 1, 10}) {
-        for (const int far : {INT_MIN, -2'000'000'000, 16'777'217, INT_MAX}) {
-            CInkHighLightPen pen;
-            pen.SetWidth(width);
-            pen.ShowDrawerIcon(1);
-            feed(pen, PT_DOWN, far, 80);
-            EXPECT_EQ(pen.m_graphData[pen.GetPointCount() - 1].x(), double(float(far)));
-            feed(pen, PT_MOVE, 100, far);
-            drawn(pen);
-            feed(pen, PT_UP, far, far);
-            drawn(pen);
-            pen.GetDisIconRect();
-        }
-    }
 }
