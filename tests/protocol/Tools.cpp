@@ -100,7 +100,7 @@ std::vector<Tool> pens()
             .but(ReportsNewestStep | OwnDrawIsEmpty)
             .clips(Clip::None)
             .paints("", "")
-            .holds(1, 8192),
+            .holds(1),
         onCanvas<CInkSprayGun>("CInkSprayGun")
             .but(NeverFinishes | AssignsUpdate | ReportsNewestStep)
             .clips(Clip::None)
