@@ -1,7 +1,10 @@
 # Interface targets that say how our own code is compiled. Nothing here is installed.
 
 add_library(ink_warnings INTERFACE)
-target_compile_options(ink_warnings INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Woverloaded-virtual -Werror)
+target_compile_options(ink_warnings INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Woverloaded-virtual)
+if(PROJECT_IS_TOP_LEVEL) # a project that adds this one is not stopped by a warning of a newer compiler
+    target_compile_options(ink_warnings INTERFACE -Werror)
+endif()
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
     target_compile_options(ink_warnings INTERFACE -Wsuggest-override)
 endif()
