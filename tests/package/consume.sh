@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Builds host.cpp in one of the ways in which a host finds the library, and runs it.
-# usage: consume.sh find_package|add_subdirectory|pkg-config|qmake BUILD PREFIX LIBDIR TOOL
+# Builds host.cpp in one of the ways in which a host finds the library, and runs it; or builds an example.
+# usage: consume.sh find_package|add_subdirectory|pkg-config|qmake|minimal-host BUILD PREFIX LIBDIR TOOL
 # BUILD is a folder of its own; LIBDIR is relative to PREFIX; TOOL is the cmake, pkg-config or qmake to use.
 set -euo pipefail
 
@@ -28,6 +28,11 @@ qmake)
     cp "$here/host.cpp" "$here/qmake/host.pro" .
     "$tool" host.pro "INK_LIBDIR=$libdir"
     make
+    ;;
+minimal-host) # which has a window, and is run by its own test
+    "$tool" -S "$here/../../examples/$way" -B . -D CMAKE_PREFIX_PATH="$prefix" -D CMAKE_BUILD_TYPE=Release
+    "$tool" --build .
+    exit
     ;;
 esac
 
