@@ -49,8 +49,8 @@ void CInkFlatBrush::Draw(QPainter &painter, QRect &rect)
     painter.setClipRect(m_bFinished ? GetUpdateRect() : rect | GetUpdateRect(), Qt::ReplaceClip);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(solidPen(*this, Qt::RoundCap));
-    const QTransform frame(nib(strokeTopLeft(m_graphData), m_nWidth, m_fNibAngle));
-    paintStroke(painter, m_graphData, StrokeSegment::Curve, frame);
+    const QTransform world(nib(strokeTopLeft(m_graphData), m_nWidth, m_fNibAngle));
+    paintStroke(painter, m_graphData, StrokeSegment::Curve, &world);
 }
 
 QRect CInkFlatBrush::GetDisIconRect()

@@ -293,13 +293,12 @@ bool isPaintedPixelByPixel(const QBrush &brush, const QTransform &transform)
            (brush.style() == Qt::TexturePattern && (brush.transform() * transform).type() <= QTransform::TxTranslate);
 }
 
-bool canCull(const QPainter &painter, const QVector<QPointF> &points)
+bool canCull(const QPainter &painter, const QVector<QPointF> &points, const QTransform &transform)
 {
-    const QTransform &frame = painter.deviceTransform();
     return points.size() > 2 && painter.paintEngine()->type() == QPaintEngine::Raster &&
            painter.brush().style() == Qt::NoBrush && isPlain(painter.pen()) &&
-           isPaintedPixelByPixel(painter.pen().brush(), frame) && !isSamePlace(points.first(), points.last()) &&
-           frame.isAffine() && smallestScale(frame) >= kFlattest;
+           isPaintedPixelByPixel(painter.pen().brush(), transform) && !isSamePlace(points.first(), points.last()) &&
+           transform.isAffine() && smallestScale(transform) >= kFlattest;
 }
 
 __attribute__((target("avx"))) void clearUpperHalves()
@@ -315,6 +314,25 @@ void drawPath(QPainter &painter, const QPainterPath &path)
     if (hasAvx)
         clearUpperHalves();
     painter.drawPath(path);
+}
+
+// In a world of its own, or in the painter's; setting that anew would also switch it on.
+void drawPath(QPainter &painter, const QPainterPath &path, const QTransform *world)
+{
+    if (!world)
+        return drawPath(painter, path);
+    const PainterStateScope scope(painter);
+    painter.setWorldTransform(*world);
+    drawPath(painter, path);
+}
+
+QTransform deviceTransform(QPainter &painter, const QTransform *world)
+{
+    if (!world)
+        return painter.deviceTransform();
+    const PainterStateScope scope(painter);
+    painter.setWorldTransform(*world);
+    return painter.deviceTransform();
 }
 
 bool isWhole(Pair pair)
@@ -394,42 +412,29 @@ QPointF InkInternal::strokeTopLeft(const QVector<QPointF> &points)
     return strokePath(points).boundingRect().topLeft();
 }
 
-void InkInternal::paintStroke(QPainter &painter, const QVector<QPointF> &points, StrokeSegment segment)
-{
-    paintStroke(painter, points, segment, painter.worldTransform());
-}
-
 void InkInternal::paintStroke(QPainter &painter, const QVector<QPointF> &points, StrokeSegment segment,
-                              const QTransform &world)
+                              const QTransform *world)
 {
-    const Box clip = deviceClip(painter);
-    const QTransform clipWorld = painter.worldTransform();
-    painter.setWorldTransform(world);
     const auto whole = [&] { return segment == StrokeSegment::Curve ? strokePath(points) : linePath(points); };
-    if (!isOrdered(clip.low, clip.high) || !canCull(painter, points))
-        return drawPath(painter, whole());
+    const Box clip = deviceClip(painter);
+    const QTransform transform = deviceTransform(painter, world);
+    if (!isOrdered(clip.low, clip.high) || !canCull(painter, points, transform))
+        return drawPath(painter, whole(), world);
 
-    const Frame frame(painter.deviceTransform(), painter.pen());
+    const Frame frame(transform, painter.pen());
     Culler culler(points, frame);
     const std::optional<Blocks> blocks = culler.blocksWithin(clip);
     if (!blocks)
-        return drawPath(painter, whole());
+        return drawPath(painter, whole(), world);
 
     const Runs runs = culler.runsWithin(clip, *blocks);
-    if (frame.isThin() || segments(runs) < kTiledFrom)
-        return drawPath(painter, pathOf(points, runs, segment));
+    if (frame.isThin() || segments(runs) < kTiledFrom || !isTileable(painter, clip))
+        return drawPath(painter, pathOf(points, runs, segment), world);
 
     const PainterStateScope scope(painter);
-    painter.setWorldTransform(clipWorld);
-    if (!isTileable(painter, clip)) {
-        painter.setWorldTransform(world);
-        return drawPath(painter, pathOf(points, runs, segment));
-    }
     const QPoint origin = truncated(QPointF(painter.deviceTransform().dx(), painter.deviceTransform().dy()));
     Tiles(culler, *blocks, clip).forEach(frame.tileSide(), [&](const QRect &tile, const Runs &within) {
-        painter.setWorldTransform(clipWorld);
         painter.setClipRect(tile.translated(-origin));
-        painter.setWorldTransform(world);
-        drawPath(painter, pathOf(points, within, segment));
+        drawPath(painter, pathOf(points, within, segment), world);
     });
 }

@@ -31,9 +31,9 @@ QPointF strokeTopLeft(const QVector<QPointF> &points);
 // not surely keep to that is painted whole: another engine than Qt's raster engine, an odd pen, a closed stroke. At
 // least one point. The scan is done anew for each Draw: the points are the host's, too, and may be others the next
 // time.
-void paintStroke(QPainter &painter, const QVector<QPointF> &points, StrokeSegment segment);
-
-// The same in another world transform than the one that the clip was set in. The painter keeps it.
-void paintStroke(QPainter &painter, const QVector<QPointF> &points, StrokeSegment segment, const QTransform &frame);
+//
+// `world` is the transform of the stroke where it is another than the one that the clip was set in.
+void paintStroke(QPainter &painter, const QVector<QPointF> &points, StrokeSegment segment,
+                 const QTransform *world = nullptr);
 
 } // namespace InkInternal

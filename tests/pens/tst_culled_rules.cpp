@@ -242,6 +242,20 @@ TEST(CulledRules, worldTransformIsFollowed)
     EXPECT_EQ(pencilled(kRow, 10, kMiddle, turned), kMiddleOfRow);
 }
 
+TEST(CulledRules, worldThatIsSwitchedOffStaysOff)
+{
+    Pencil pencil(kRow, 10, kMiddle);
+    PathLog log;
+    QPainter painter(&log);
+    painter.setWorldTransform(QTransform::fromScale(0.2, 1));
+    painter.setWorldMatrixEnabled(false);
+    QRect nothing;
+    pencil.Draw(painter, nothing);
+    EXPECT_EQ(log.outlines, QStringList(kMiddleOfRow));
+    EXPECT_EQ(log.clips, QVector<QRect>({kMiddle}));
+    EXPECT_FALSE(painter.worldMatrixEnabled());
+}
+
 TEST(CulledRules, perspectiveAndFlatTransformsPaintTheWhole)
 {
     EXPECT_EQ(pencilled(kRow, 10, kMiddle, QTransform(1, 0, 0.001, 0, 1, 0, 0, 0, 1)), kWholeRow);

@@ -64,6 +64,7 @@ struct Case
     QSize size;
     QImage::Format format;
     QTransform world;
+    bool isWorldIgnored; // the host has switched it off
     QPainter::CompositionMode mode;
     double opacity;
     QBrush brush;
@@ -211,6 +212,7 @@ Case randomCase(quint32 seed)
     c.own = random.chance(isLong ? 20 : 60) ? part() : QRect();
     const int count = random.chance(80) ? random.integer(3, 40) : random.integer(1, 120);
     c.points = isLong ? wander(random, c.size) : randomPoints(random, c.size, count);
+    c.isWorldIgnored = random.chance(5);
     return c;
 }
 
@@ -244,6 +246,7 @@ int differences(const QImage &a, const QImage &b)
 void prepare(QPainter &painter, const Case &c)
 {
     painter.setWorldTransform(c.world);
+    painter.setWorldMatrixEnabled(!c.isWorldIgnored);
     painter.setCompositionMode(c.mode);
     painter.setOpacity(c.opacity);
     painter.setBrush(c.brush);
