@@ -297,6 +297,11 @@ TEST(StrokeTiles, clipMustBeOneRectangleOfWholePixels)
     EXPECT_EQ(paths([](QPainter &painter) { painter.setClipRect(QRectF(0, 0.5, 1000, 1000)); }), 1);
     EXPECT_EQ(paths([](QPainter &painter) { painter.setClipRegion(QRegion(0, 0, 1000, 1000) - QRect(5, 5, 9, 9)); }),
               1);
+    EXPECT_EQ(paths([](QPainter &painter) {
+                  painter.translate(0.5, 0); // the tiles would lie between pixels of the world
+                  painter.setClipRect(QRectF(-0.5, 0, 1000, 1000));
+              }),
+              1);
     EXPECT_EQ(paths([](QPainter &) {}), 1); // none
     EXPECT_EQ(paths([](QPainter &painter) {
                   painter.setClipRect(0, 0, 1000, 1000);
