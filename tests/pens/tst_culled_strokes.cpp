@@ -187,7 +187,8 @@ Case randomCase(quint32 seed)
     constexpr QImage::Format kFormats[] = {QImage::Format_RGB32, QImage::Format_ARGB32,
                                            QImage::Format_ARGB32_Premultiplied, QImage::Format_RGB16,
                                            QImage::Format_RGB888};
-    constexpr QPainter::CompositionMode kModes[] = {QPainter::CompositionMode_Source,
+    // Not Source: where it covers a pixel in part, Qt does not paint the same last bit twice.
+    constexpr QPainter::CompositionMode kModes[] = {QPainter::CompositionMode_SourceAtop,
                                                     QPainter::CompositionMode_DestinationOut,
                                                     QPainter::CompositionMode_Xor, QPainter::CompositionMode_Multiply};
     Case c;

@@ -199,8 +199,9 @@ void compare(Dice &dice)
         }
         ASSERT_EQ(onFast.clipBoundingRect(), onPlain.clipBoundingRect());
     }
-    ASSERT_TRUE(samePixels(fast, plain));
-    ASSERT_EQ(fast, plain);
+    if (fast != plain) {
+        FAIL() << samePixels(fast, plain).message();
+    }
     if (pen.m_pImage) {
         ASSERT_EQ(*pen.m_pImage, texture.pixels);
     }
