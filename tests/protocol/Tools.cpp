@@ -92,10 +92,10 @@ std::vector<Tool> pens()
         tool<CInkBrush>("CInkBrush"),
         tool<CInkFlatBrush>("CInkFlatBrush").clips(Clip::None),
         tool<CInkHighLightPen>("CInkHighLightPen"),
-        // Resampled strokes have a point every few pixels, and Qt keeps a paint engine with an image it has painted
-        // into.
-        onCanvas<CInkColorBrush>("CInkColorBrush").but(OwnColor | ReportsNewestStep).holds(1, 16384),
-        onCanvas<CInkCrayon>("CInkCrayon").but(OwnColor | ReportsNewestStep).clips(Clip::None).holds(1, 16384),
+        // Besides its pixels an image holds what rounds them to whole pages, and Qt's paint engine once it is painted
+        // into. A resampled stroke has a point every few pixels.
+        onCanvas<CInkColorBrush>("CInkColorBrush").but(OwnColor | ReportsNewestStep).holds(1),
+        onCanvas<CInkCrayon>("CInkCrayon").but(OwnColor | ReportsNewestStep).clips(Clip::None).holds(1),
         onCanvas<CInkWaterColorPen>("CInkWaterColorPen")
             .but(ReportsNewestStep | OwnDrawIsEmpty)
             .clips(Clip::None)

@@ -11,6 +11,10 @@ namespace {
 constexpr int kLives = 10000;
 constexpr int kWarmUp = 100; // Qt keeps gradients, engines and buffers of its own
 
+// The C library rounds blocks as its heap happens to lie, so a buffer that Qt gets anew may be a few bytes larger. A
+// leak shows in the number of blocks.
+constexpr long long kSlack = 1024;
+
 } // namespace
 
 INK_OVER_ALL_TOOLS;
@@ -26,10 +30,10 @@ TEST_P(Protocol, tenThousandLivesLeaveNothing)
         live(GetParam(), layers, life);
     const Allocations after = Allocations::alive();
     EXPECT_EQ(after.blocks, before.blocks);
-    EXPECT_EQ(after.bytes, before.bytes);
+    EXPECT_LE(after.bytes - before.bytes, kSlack);
 }
 
-TEST_P(Protocol, committedObjectHoldsNoMoreThanItsBound)
+TEST_P(Protocol, committedObjectHoldsNoMoreThanItsBoundAndGivesItBack)
 {
     constexpr QSize canvas(1000, 1000);
     const Silence silence;
@@ -52,9 +56,12 @@ TEST_P(Protocol, committedObjectHoldsNoMoreThanItsBound)
     constexpr long long kImage = 4'000'000 + 3 * 4096;
     held(); // what Qt makes at its first use is not the object's
     const long long bound = GetParam().heldImages * kImage + static_cast<long long>(GetParam().heldBytes);
+    const Allocations before = Allocations::alive();
     const long long bytes = held();
     EXPECT_LE(bytes, bound);
     EXPECT_GT(bytes, 0);
+    EXPECT_EQ(Allocations::alive().blocks, before.blocks);
+    EXPECT_LE(Allocations::alive().bytes - before.bytes, kSlack);
 }
 
 TEST(Allocations, areCounted)
