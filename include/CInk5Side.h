@@ -3,10 +3,11 @@
 #include "CInkSignGraph.h"
 
 // Regular pentagon, apex up. Its leftmost point lies a little inside the dragged box, and the far side sticks out as
-// much.
+// much; see ink-stencil-keeps-inset.
 class INK_EXPORT CInk5Side : public CInkSignGraph
 {
 public:
+    // Solid, width 1.
     CInk5Side();
 
     // Never forms a shape; see ink-stencil-pen-style.
@@ -14,6 +15,6 @@ public:
     ~CInk5Side() override;
     void NormalizeGraphData(QVector<QPointF> &points) override;
 
-    // Writes the template into the list.
+    // Writes the template into m_graphData, in its own coordinates.
     void InitGraphData();
 };

@@ -3,10 +3,11 @@
 #include "CInkSignGraph.h"
 
 // Hexagon, flat at the top and the bottom. Its top lies a little inside the dragged box, and the bottom sticks out as
-// much.
+// much; see ink-stencil-keeps-inset.
 class INK_EXPORT CInk6Side : public CInkSignGraph
 {
 public:
+    // Solid, width 1.
     CInk6Side();
 
     // Never forms a shape; see ink-stencil-pen-style.
@@ -14,6 +15,6 @@ public:
     ~CInk6Side() override;
     void NormalizeGraphData(QVector<QPointF> &points) override;
 
-    // Writes the template into the list.
+    // Writes the template into m_graphData, in its own coordinates.
     void InitGraphData();
 };

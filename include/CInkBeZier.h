@@ -5,7 +5,8 @@
 // One cubic Bezier segment, drawn in three drags: start and end, first control point, second control point.
 //
 // The four points are start, first control, second control, end; m_nPointCount is 1 after the press and one more after
-// each drag. A release that leaves start and end within 1.0 pixels of each other commits the curve.
+// each drag. A release that leaves start and end within 1.0 pixels of each other commits the
+// curve, and what there is of it is painted; see ink-curve-abandoned-painted and ink-curve-moves-before-press.
 class INK_EXPORT CInkBeZier : public CInkRectangle
 {
 public:
@@ -14,6 +15,8 @@ public:
     ~CInkBeZier() override;
 
     using CInkGraph::Draw;
+
+    // See ink-curve-clip.
     void Draw(QPainter &painter, QRect &rect) override;
     QRect GetUpdateRect() override;
     QRect FormGraphData(int code, QPoint pt, QRect &update) override;

@@ -2,10 +2,11 @@
 
 #include "CInkSignGraph.h"
 
-// Explosion burst with 14 spikes.
+// Explosion burst with 14 spikes. See ink-burst-own-count.
 class INK_EXPORT CInkBoom2 : public CInkSignGraph
 {
 public:
+    // Solid, width 1.
     CInkBoom2();
 
     // Never forms a shape; see ink-stencil-pen-style.
@@ -13,6 +14,6 @@ public:
     ~CInkBoom2() override;
     void NormalizeGraphData(QVector<QPointF> &points) override;
 
-    // Writes the template into the list.
+    // Writes the template into m_graphData, in its own coordinates.
     void InitGraphData();
 };

@@ -2,10 +2,12 @@
 
 #include "CInkPenGraph.h"
 
-// Smooth round brush: the pencil's path with the finest antialiasing. A stroke of one point paints nothing.
+// Smooth round brush: the pencil's path with the finest antialiasing. A stroke of one point paints nothing; see
+// ink-pen-point-invisible and ink-brush-clip-united.
 class INK_EXPORT CInkBrush : public CInkPenGraph
 {
 public:
+    // Width 1, black.
     CInkBrush();
     ~CInkBrush() override;
 

@@ -6,6 +6,7 @@
 class INK_EXPORT CInkDownArrow : public CInkSignGraph
 {
 public:
+    // Solid, width 1.
     CInkDownArrow();
 
     // Never forms a shape; see ink-stencil-pen-style.
@@ -13,6 +14,6 @@ public:
     ~CInkDownArrow() override;
     void NormalizeGraphData(QVector<QPointF> &points) override;
 
-    // Writes the template into the list.
+    // Writes the template into m_graphData, in its own coordinates.
     void InitGraphData();
 };

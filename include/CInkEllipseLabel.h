@@ -6,6 +6,7 @@
 class INK_EXPORT CInkEllipseLabel : public CInkSignGraph
 {
 public:
+    // Solid, width 1.
     CInkEllipseLabel();
 
     // Never forms a shape; see ink-stencil-pen-style.
@@ -16,6 +17,6 @@ public:
     void Draw(QPainter &painter, QRect &rect) override;
     void NormalizeGraphData(QVector<QPointF> &points) override;
 
-    // Writes the template into the list.
+    // Writes the template into m_graphData, in its own coordinates.
     void InitGraphData();
 };

@@ -9,10 +9,12 @@ class QPen;
 //
 // While the stroke grows it covers the working surface `p2`; once finished it covers the page `p1` where that has ink
 // or paper, and makes the ink layer `p4` transparent. `p3` must paint into a QImage, the background; with any other
-// device nothing is painted over.
+// device nothing is painted over. See ink-eraser-source-in, ink-eraser-double-tap, ink-eraser-disc-halved and
+// ink-eraser-bevel.
 class INK_EXPORT CInkEraser : public CInkPencil
 {
 public:
+    // Width 1; the texture is made at the first Draw.
     CInkEraser();
     ~CInkEraser() override;
 
@@ -27,7 +29,8 @@ public:
     QRect GetUpdateRect() override;
     void AddPoint(int code, QPoint pt, QRect &update) override;
 
-    // Makes the erasing brush and pen from a copy of the image that `background` paints into.
+    // Makes the erasing brush and pen from a copy of the image that `background` paints into. Without such an image
+    // there is no texture.
     void FormErasePen(QPainter &background);
 
     QBrush *m_pEraseBrush{nullptr}; // owned; the background as a texture

@@ -3,7 +3,8 @@
 #include "CInkPenGraph.h"
 
 // Calligraphic nib: the stroke is turned by the nib's angle about the top left of its bounding box and squashed, so
-// that it is about two pixels thick across the nib and the pen width along it. A width of 0 paints nothing.
+// that it is about two pixels thick across the nib and the pen width along it. A width of 0 paints nothing. See
+// ink-flat-brush-clip-restored.
 class INK_EXPORT CInkFlatBrush : public CInkPenGraph
 {
 public:

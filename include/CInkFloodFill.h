@@ -6,10 +6,12 @@
 //
 // One press sets the seed and commits; the next Draw fills. The filled pixels are kept in m_pImage, which is painted
 // onto the surface, the page and the ink. A fill is painted on layers only: the painter of `p1` must paint into a
-// QImage, which should be opaque, since colours are compared without their alpha.
+// QImage, which should be opaque, since colours are compared without their alpha. See ink-fill-every-draw,
+// ink-fill-drops-alpha and ink-fill-same-color.
 class INK_EXPORT CInkFloodFill : public CInkGraph
 {
 public:
+    // Without a canvas: SetCanvasSize has to follow.
     CInkFloodFill();
 
     // `canvas` in pixels.
@@ -23,10 +25,10 @@ public:
     bool FinishGraph() override;
     QRect GetUpdateRect() override;
 
-    // Only PT_DOWN does anything: it moves the seed and assigns `update`.
+    // Only PT_DOWN does anything: it moves the seed and assigns `update`; see ink-fill-assigns-update.
     void AddPoint(int code, QPoint pt, QRect &update) override;
 
-    // The opaque colour of a pixel; invalid outside the image.
+    // The opaque colour of a pixel of `img`; invalid outside the image.
     QColor GetPixel(int x, int y, QImage *img);
 
     // Writes an opaque colour into `img` and m_pImage and widens m_rcFillBounds. Pixels that an image does not have are
@@ -38,5 +40,5 @@ public:
 
     QRect m_rcFillBounds; // of every pixel filled so far
     QRect m_rcCanvas;     // (0, 0) to (width - 1, height - 1)
-    int m_bFilled{0};
+    int m_bFilled{0};     // FormFloodFillBmp has found something to fill
 };

@@ -2,7 +2,8 @@
 
 #include "CInkPenGraph.h"
 
-// Translucent marker: the colour's own alpha is replaced while painting. A stroke of one point paints nothing.
+// Translucent marker: the colour's own alpha is replaced while painting. A stroke of one point paints nothing; see
+// ink-pen-point-invisible and ink-brush-clip-united.
 class INK_EXPORT CInkHighLightPen : public CInkPenGraph
 {
 public:
@@ -17,5 +18,5 @@ public:
     void Draw(QPainter &painter, QRect &rect) override;
     QRect GetDisIconRect() override;
 
-    int m_nAlpha{100};
+    int m_nAlpha{100}; // 0 to 255, of the stroke
 };

@@ -9,6 +9,7 @@
 class INK_EXPORT CInkLine : public CInkGraph
 {
 public:
+    // Solid, with round caps; width 10, both points at the origin. See ink-line-radius-kept for its handles.
     CInkLine();
     ~CInkLine() override;
 
@@ -17,7 +18,11 @@ public:
     void SetWidth(int width) override;
     int GetPointCount() override;
     bool FinishGraph() override;
+
+    // See ink-line-fresh-rect and ink-line-one-point-rect.
     QRect GetUpdateRect() override;
+
+    // MT_TOP while either endpoint is dragged; see ink-line-endpoint-as-top.
     ModifyType GetModifyType() override;
     ModifyType AroundHotPts(QPoint pt) override;
     void AddPoint(int code, QPoint pt, QRect &update) override;
@@ -25,12 +30,14 @@ public:
     ModifyType DecideModiFyType(QPoint pt) override;
     void ModifyGraph(QPoint pt, ModifyType type) override;
     void StretchGraph(QPoint pt) override;
+
+    // Paints the two endpoint handles, or the shade of ink-line-shade-corner-as-size.
     void DrawHotShape(QPainter &painter) override;
 
-    // Builds the line from the events of the drawing phase. Returns `update`.
+    // Builds the line from the events of the drawing phase; `code` and `pt` as for AddPoint. Returns `update`.
     QRect FormGraphData(int code, QPoint pt, QRect &update);
 
-    // Lays out m_rcRegion around the endpoints.
+    // Lays out m_rcRegion between the endpoints; see ink-line-region-reversed.
     void SetRegion();
 
     int m_nCapStyle{Qt::RoundCap};  // a Qt::PenCapStyle

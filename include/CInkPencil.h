@@ -2,10 +2,12 @@
 
 #include "CInkPenGraph.h"
 
-// Plain freehand stroke: straight segments with round caps and joins. A stroke of one point paints nothing.
+// Plain freehand stroke: straight segments with round caps and joins. A stroke of one point paints nothing; see
+// ink-pen-point-invisible.
 class INK_EXPORT CInkPencil : public CInkPenGraph
 {
 public:
+    // Width 1, black.
     CInkPencil();
     ~CInkPencil() override;
 

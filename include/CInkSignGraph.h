@@ -10,6 +10,7 @@
 class INK_EXPORT CInkSignGraph : public CInkGraph
 {
 public:
+    // Solid, width 1, without outline points: a derived class brings them.
     CInkSignGraph();
     ~CInkSignGraph() override;
 
@@ -17,12 +18,14 @@ public:
     void Draw(QPainter &painter, QRect &rect) override;
     void SetWidth(int width) override;
     int GetPointCount() override;
+
+    // In mid-drag it commits a shape that stays invisible; see ink-stencil-finish-no-handles.
     bool FinishGraph() override;
     QRect GetUpdateRect() override;
     void AddPoint(int code, QPoint pt, QRect &update) override;
 
-    // Builds the shape from the events of the drawing phase: every code other than PT_DOWN is a drag position. Returns
-    // `update`, which is left alone while the point list is empty.
+    // Builds the shape from the events of the drawing phase, `pt` in canvas pixels: every code other than PT_DOWN is a
+    // drag position. Returns `update`, which is left alone while the point list is empty.
     virtual QRect FormGraphData(int code, QPoint pt, QRect &update);
 
     // Stretches the N outline points of `points` into the box spanned by the press and the pointer behind them. Does

@@ -5,11 +5,12 @@
 // Cloud of dots, one pixel each. The host scatters them: every event hands over one dot, whatever its code.
 //
 // The dots are plotted into m_pImage, which has the canvas's size at the first Draw. Dots outside the canvas are not
-// plotted, nor is the last one. AddPoint assigns `update` instead of uniting it.
+// plotted, nor is the last one. AddPoint assigns `update` instead of uniting it. See ink-spray-last-dot,
+// ink-spray-reaches-origin, ink-spray-assigns-update and ink-textured-clip-restored.
 class INK_EXPORT CInkSprayGun : public CInkGraph
 {
 public:
-    // `canvas` in pixels.
+    // `canvas` in pixels; an empty one makes a gun that paints nothing. Width 1, black.
     explicit CInkSprayGun(QSize canvas);
     ~CInkSprayGun() override;
 

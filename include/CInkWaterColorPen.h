@@ -4,11 +4,12 @@
 
 // Collects and resamples like the other textured pens, half the width apart, and paints nothing.
 //
-// m_pImage has the canvas's size at the first Draw and stays transparent.
+// m_pImage has the canvas's size at the first Draw and stays transparent. See ink-watercolor-invisible
+// and ink-textured-release.
 class INK_EXPORT CInkWaterColorPen : public CInkPenGraph
 {
 public:
-    // `canvas` in pixels. Width 1, black.
+    // `canvas` in pixels; an empty one makes a pen that paints nothing. Width 1, black.
     explicit CInkWaterColorPen(QSize canvas);
     ~CInkWaterColorPen() override;
 
@@ -18,8 +19,8 @@ public:
     QRect GetDisIconRect() override;
     QRect FormGraphData(int code, QPoint pt, QRect &update) override;
 
-    // Appends points `step` pixels apart from the last one towards `position`, at most 65 536 a call; nothing before
-    // the first point.
+    // Appends points `step` canvas pixels apart from the last one towards `position`, at most 65 536 a call; nothing
+    // before the first point.
     void MakeWaterColoePoint(QPointF position, float step);
 
     // Paints nothing; see ink-watercolor-invisible.

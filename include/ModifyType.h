@@ -1,6 +1,7 @@
 #pragma once
 
 // What an editing drag does to an object, or what lies under a hovering pointer.
+// Values are part of the interface; lines report either endpoint as MT_TOP.
 enum ModifyType : int {
     MT_NONE = 1,
     MT_LEFT_TOP = 2,

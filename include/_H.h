@@ -6,6 +6,7 @@
 class INK_EXPORT _H : public CInkSignGraph // NOLINT(bugprone-reserved-identifier): the name is part of the interface
 {
 public:
+    // Solid, width 1.
     _H();
 
     // Never forms a shape; see ink-stencil-pen-style.
@@ -13,6 +14,6 @@ public:
     ~_H() override;
     void NormalizeGraphData(QVector<QPointF> &points) override;
 
-    // Writes the template into the list.
+    // Writes the template into m_graphData, in its own coordinates.
     void InitGraphData();
 };
