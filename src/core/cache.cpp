@@ -1,6 +1,6 @@
 #include "cache_p.h"
 
-#include "geometry_p.h"
+#include "painting_p.h"
 #include "pixels_p.h"
 
 #include <QtCore/QVarLengthArray>
@@ -191,7 +191,7 @@ bool InkInternal::ensureCache(CInkGraph &graph, const QRect &canvas)
 void InkInternal::layOver(QPainter &painter, const QImage &pixels, const QRect &canvas, const QRectF &source)
 {
     if (showsLittle(painter) || !fallsIntoParts(painter, pixels, canvas)) {
-        painter.drawImage(real(canvas), pixels, source);
+        paintImage(painter, real(canvas), pixels, source);
         return;
     }
     const QRect visible = visiblePart(painter, pixels);

@@ -4,6 +4,7 @@
 #include "geometry_p.h"
 #include "life_p.h"
 
+#include <QtGui/QImage>
 #include <QtGui/QPainter>
 #include <QtGui/QTransform>
 
@@ -29,6 +30,19 @@ private:
 inline QTransform objectFrame(const CInkGraph &graph)
 {
     return QTransform(turn(graph.m_ptCenter, graph.m_fRotateAngle));
+}
+
+// QPainter::drawImage(), which reads behind the end of a colour table that is too short for the pixels.
+inline void paintImage(QPainter &painter, const QRectF &target, const QImage &image, const QRectF &source)
+{
+    constexpr int kColors = 256;
+    if (image.format() != QImage::Format_Indexed8 || image.colorCount() >= kColors) {
+        painter.drawImage(target, image, source);
+        return;
+    }
+    QImage complete = image;
+    complete.setColorCount(kColors);
+    painter.drawImage(target, complete, source);
 }
 
 inline bool drawnByAnother(const CInkGraph &graph)

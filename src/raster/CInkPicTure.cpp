@@ -82,7 +82,7 @@ void CInkPicTure::Draw(QPainter &painter, QRect &rect)
     const QRectF source(m_pPicture->rect());
     if (writesDebugLines())
         qDebug() << "CINKPicture" << target << source;
-    painter.drawImage(target, *m_pPicture, source);
+    paintImage(painter, target, *m_pPicture, source);
     if (!m_bFinished && !m_bHideHotShape)
         DrawHotShape(painter);
 }

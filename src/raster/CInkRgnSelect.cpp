@@ -84,7 +84,7 @@ void CInkRgnSelect::FormSelBmp(QImage *source)
     if (lifted.isNull())
         return;
     QPainter painter(&lifted);
-    painter.drawImage(QRectF(0, 0, lifted.width(), lifted.height()), *source, real(m_rcHot));
+    paintImage(painter, QRectF(0, 0, lifted.width(), lifted.height()), *source, real(m_rcHot));
     painter.end();
     assignImage(m_pImage, lifted);
 }
@@ -95,7 +95,7 @@ void CInkRgnSelect::DrawRng2theBk(QPainter &ink, QPainter &layer, QPainter &back
     ink.fillRect(m_rcHot, QColor(255, 255, 255, 0));
     ink.setCompositionMode(QPainter::CompositionMode_SourceOver);
     if (const QImage *picture = layerImage(background))
-        layer.drawImage(real(m_rcHot), *picture, real(m_rcHot));
+        paintImage(layer, real(m_rcHot), *picture, real(m_rcHot));
 }
 
 void CInkRgnSelect::DrawDisInfo(QPainter &painter)

@@ -121,7 +121,7 @@ void CInkText::Draw(QPainter &painter, QRect &rect)
         DrawHotShape(painter);
     } else if (m_bFinished && m_pTextImage && !m_pTextImage->isNull()) {
         const QPointF corner(double(m_rcImage.left()) + kImageInset, double(m_rcImage.top()) + kImageInset);
-        painter.drawImage(QRectF(corner, QSizeF(m_pTextImage->size())), *m_pTextImage, QRectF(m_pTextImage->rect()));
+        paintImage(painter, QRectF(corner, QSizeF(m_pTextImage->size())), *m_pTextImage, QRectF(m_pTextImage->rect()));
     }
 }
 

@@ -3,7 +3,7 @@
 // What the two fills share.
 
 #include "CInkFloodFill.h"
-#include "core/geometry_p.h"
+#include "core/painting_p.h"
 #include "raster/layer_p.h"
 
 #include <QtGui/QImage>
@@ -61,7 +61,7 @@ inline void paintBitmap(const QImage &bitmap, const QRect &canvas, const QRect &
             isPixelForPixel(layer->deviceTransform()))
             layer->drawImage(source.topLeft(), bitmap, source);
         else
-            layer->drawImage(real(canvas), bitmap, QRectF(0, 0, double(width(canvas)), double(height(canvas))));
+            paintImage(*layer, real(canvas), bitmap, QRectF(0, 0, double(width(canvas)), double(height(canvas))));
     }
 }
 

@@ -196,3 +196,20 @@ TEST(CInkPicTure, layersFollowTheCommit)
     EXPECT_TRUE(isBlank(skipped.surface));
     EXPECT_TRUE(isBlank(skipped.page));
 }
+
+// The image has the colours 0 and 1 alone; Qt reads behind the end of the table.
+TEST(CInkPicTure, pixelsWithoutAColorPaintNothing)
+{
+    QImage image(20, 10, QImage::Format_Indexed8);
+    image.setColorTable({0xFFFF0000u, 0xFF0000FFu});
+    image.fill(0);
+    image.setPixel(1, 0, 1);
+    image.scanLine(0)[2] = 255;
+    CInkPicTure picture(&image, QPoint(100, 80));
+    picture.FinishGraph();
+    const QImage page = drawnQuietly(picture);
+    EXPECT_EQ(page.pixel(100, 80), 0xFFFF0000u);
+    EXPECT_EQ(page.pixel(101, 80), 0xFF0000FFu);
+    EXPECT_EQ(page.pixel(102, 80), 0u);
+    EXPECT_EQ(page.pixel(119, 89), 0xFFFF0000u);
+}

@@ -382,3 +382,13 @@ TEST(CInkText_Draw, frameWithoutExtentDividesNothing)
         EXPECT_TRUE(qIsFinite(point.y()));
     }
 }
+
+// The colours of such an image's pixels are not in its table; Qt reads behind its end.
+TEST(CInkText_Draw, imageWithoutItsColorsPaintsNothing)
+{
+    QImage image(64, 32, QImage::Format_Indexed8);
+    image.fill(7);
+    RenderedText text;
+    text.SetTextImage(&image);
+    EXPECT_TRUE(isBlank(drawn(text)));
+}
