@@ -6,7 +6,11 @@
 
 #include <QtGui/QImage>
 #include <QtGui/QPainter>
+#include <QtGui/QPen>
 #include <QtGui/QTransform>
+
+#include <algorithm>
+#include <cmath>
 
 namespace InkInternal {
 
@@ -30,6 +34,22 @@ private:
 inline QTransform objectFrame(const CInkGraph &graph)
 {
     return QTransform(turn(graph.m_ptCenter, graph.m_fRotateAngle));
+}
+
+// `pen`, solid where its dashes would never end: they run backwards for a negative width, and in place where they or
+// the points are so long that a double does not tell one dash from the next.
+inline QPen endingPen(QPen pen, const QVector<QPointF> &points)
+{
+    constexpr double kWidest = 1e12;
+    const double width = pen.widthF() == 0.0 ? 1.0 : pen.widthF();
+    const double reach = kWidest * std::min(width, 1.0);
+    const auto isNear = [reach](const QPointF &point) {
+        return std::abs(point.x()) <= reach && std::abs(point.y()) <= reach;
+    };
+    const bool ends = width > 0.0 && width <= kWidest && std::all_of(points.begin(), points.end(), isNear);
+    if (pen.style() != Qt::SolidLine && !ends)
+        pen.setStyle(Qt::SolidLine);
+    return pen;
 }
 
 // QPainter::drawImage(), which reads behind the end of a colour table that is too short for the pixels.

@@ -77,7 +77,8 @@ void CInkEraser::Draw(QPainter &p1, QPainter &p2, QPainter &p3, QPainter &p4, QR
     if (rebuildPen || !m_pErasePen)
         FormErasePen(p3);
 
-    paintErased(p2, m_graphData, m_nWidth, *m_pErasePen);
+    const QPen pen = endingPen(*m_pErasePen, m_graphData);
+    paintErased(p2, m_graphData, m_nWidth, pen);
     if (!m_bFinished) {
         if (m_bShowDrawerName && m_graphData.size() > 1)
             DrawStudentName(p2);
@@ -93,7 +94,7 @@ void CInkEraser::Draw(QPainter &p1, QPainter &p2, QPainter &p3, QPainter &p4, QR
     }
     const QPen clearing(QColor(0, 0, 0, 0), m_nWidth, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin);
     paintErased(p4, m_graphData, m_nWidth, clearing);
-    paintErased(p1, m_graphData, m_nWidth, *m_pErasePen);
+    paintErased(p1, m_graphData, m_nWidth, pen);
 }
 
 void CInkEraser::SetWidth(int width)

@@ -28,7 +28,7 @@ void CInkDiamond::Draw(QPainter &painter, QRect &rect)
 {
     QPen pen = solidPen(*this, Qt::SquareCap);
     pen.setStyle(m_penStyle);
-    paintVertices<kVertices>(*this, painter, rect, pen);
+    paintVertices<kVertices>(*this, painter, rect, endingPen(pen, m_graphData));
 }
 
 QRect CInkDiamond::FormGraphData(int code, QPoint pt, QRect &update)

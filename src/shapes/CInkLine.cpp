@@ -40,8 +40,9 @@ QRect shadeCornerAsSize(const QPoint &first, const QPoint &second)
 
 QPen InkInternal::linePen(const CInkLine &line)
 {
-    return {line.m_color, qreal(line.m_nWidth), Qt::PenStyle(line.m_nPenStyle), Qt::PenCapStyle(line.m_nCapStyle),
-            Qt::RoundJoin};
+    const QPen pen(line.m_color, qreal(line.m_nWidth), Qt::PenStyle(line.m_nPenStyle),
+                   Qt::PenCapStyle(line.m_nCapStyle), Qt::RoundJoin);
+    return endingPen(pen, line.m_graphData);
 }
 
 void InkInternal::paintLine(CInkLine &line, QPainter &painter)

@@ -3,6 +3,7 @@
 // What the stencils share below the event protocol.
 
 #include "CInkSignGraph.h"
+#include "core/painting_p.h"
 
 #include <QtGui/QPen>
 
@@ -22,7 +23,8 @@ inline const QVector<QPointF> &shownPoints(const CInkSignGraph &stencil)
 
 inline QPen styledPen(const CInkSignGraph &stencil)
 {
-    return {stencil.m_color, qreal(stencil.m_nWidth), stencil.m_penStyle, Qt::SquareCap, Qt::RoundJoin};
+    const QPen pen(stencil.m_color, qreal(stencil.m_nWidth), stencil.m_penStyle, Qt::SquareCap, Qt::RoundJoin);
+    return endingPen(pen, shownPoints(stencil));
 }
 
 } // namespace InkInternal

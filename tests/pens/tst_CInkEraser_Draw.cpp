@@ -540,3 +540,25 @@ TEST(CInkEraserDraw, hostileValuesAreSurvived)
         }
     }
 }
+
+// A host's own pen: its dashes would run backwards, or stay in place, for ever.
+TEST(CInkEraserDraw, endlessDashesOfAHostsPenAreSolid)
+{
+    for (const double width : {-4.0, 1e300}) {
+        const QVector<QPointF> points{{100, 100}, {200, 150}};
+        CInkEraser eraser;
+        eraser.m_graphData = points;
+        eraser.m_pErasePen = new QPen(Qt::red, width, Qt::DashLine);
+        InkedLayers layers;
+        layers.draw(eraser);
+
+        QPainterPath path(points[0]);
+        path.lineTo(points[0]);
+        path.lineTo(points[1]);
+        const QImage expected = overInk(QPainter::CompositionMode_SourceOver, [&](QPainter &painter) {
+            painter.setPen(QPen(Qt::red, width));
+            painter.drawPath(path);
+        });
+        EXPECT_TRUE(samePixels(layers.surface, expected)) << width;
+    }
+}

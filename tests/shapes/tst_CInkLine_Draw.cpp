@@ -534,3 +534,14 @@ TEST(CInkLine, extremeCoordinatesArePaintedWithoutHarm)
         }
     }
 }
+
+// Dashes of a negative width would run backwards, for ever.
+TEST(CInkLine, dashedLineOfNegativeWidthIsSolid)
+{
+    CInkLine line;
+    drag(line, {100, 100}, {200, 100});
+    line.FinishGraph();
+    line.m_nWidth = -4;
+    line.m_nPenStyle = Qt::DashLine;
+    EXPECT_TRUE(samePixels(drawn(line), segment(roundPen(QColor(0, 0, 0), -4), {100, 100}, {200, 100})));
+}

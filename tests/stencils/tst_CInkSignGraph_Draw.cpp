@@ -438,3 +438,28 @@ TEST(CInkSignGraph, shortenedListPaintsNothing)
         EXPECT_TRUE(isBlank(drawn(star)));
     }
 }
+
+// Dashes of a negative width would run backwards, for ever, and dashes of points too far away would stay in place.
+TEST(CInkSignGraph, endlessDashesAreSolid)
+{
+    DraggedStar star;
+    star.m_penStyle = Qt::DotLine;
+    star.SetWidth(-3);
+    EXPECT_TRUE(samePixels(drawn(star), outline(starPen(QColor(0, 0, 0), -3))));
+
+    QPolygonF far = kStar;
+    far[2] = {1e20, 128};
+    star.SetWidth(3);
+    star.m_previewData = far;
+    EXPECT_TRUE(samePixels(drawn(star), outline(starPen(QColor(0, 0, 0), 3), far)));
+}
+
+TEST(CInkSignGraph, dashesOfPointsNearTheLimitsStay)
+{
+    DraggedStar star;
+    star.m_penStyle = Qt::DotLine;
+    star.m_previewData[2] = {-1e6, 128};
+    QPolygonF far = kStar;
+    far[2] = {-1e6, 128};
+    EXPECT_TRUE(samePixels(drawn(star), outline(starPen(QColor(0, 0, 0), 1, Qt::DotLine), far)));
+}
