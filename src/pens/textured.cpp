@@ -23,6 +23,8 @@ void InkInternal::resample(CInkPenGraph &pen, const QPointF &position, float ste
         pen.m_graphData.append(position);
         return;
     }
+    if (!(step > 0.0f))
+        return; // as wide as nothing, or no number: there are no points to put between
     const float steps = gap / step;
     const float dx = float(position.x() - last.x()) / steps;
     const float dy = float(position.y() - last.y()) / steps;
