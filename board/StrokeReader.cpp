@@ -109,7 +109,7 @@ bool StrokeReader::readStroke(const QJsonValue &value, const QString &place, Str
 
 bool StrokeReader::readColor(const QJsonValue &value, const QString &place, QColor &color)
 {
-    static const QRegularExpression form(QStringLiteral("^#[0-9A-Fa-f]{6}$"));
+    static const QRegularExpression form(QStringLiteral("^#[0-9A-Fa-f]{6}\\z"));
     if (value.isUndefined())
         return fail(place, tr("missing"));
     if (!form.match(value.toString()).hasMatch())

@@ -132,6 +132,8 @@ void tst_StrokeFile::namesThePlaceOfAnError_data()
         "strokes[1].color: not a colour of the form #rrggbb");
     row("colour too long", drawing(R"({"color": "#ff000000", "width": 1, "points": [[0, 0]]})"),
         "strokes[1].color: not a colour of the form #rrggbb");
+    row("colour and a line break", drawing(R"({"color": "#ff0000\n", "width": 1, "points": [[0, 0]]})"),
+        "strokes[1].color: not a colour of the form #rrggbb");
     row("colour no hexadecimal", drawing(R"({"color": "#ff00gg", "width": 1, "points": [[0, 0]]})"),
         "strokes[1].color: not a colour of the form #rrggbb");
     row("colour a number", drawing(R"({"color": 255, "width": 1, "points": [[0, 0]]})"),
