@@ -22,7 +22,8 @@ QRect formFill(CInkFloodFill &fill, QPainter &layer);
 inline bool keepsWhatIsUnderNothing(const QPainter &layer)
 {
     const QImage *image = layerImage(layer);
-    if (!image || layer.paintEngine()->type() != QPaintEngine::Raster ||
+    const QPaintEngine *engine = layer.paintEngine(); // null where painting on the image could not begin
+    if (!image || !engine || engine->type() != QPaintEngine::Raster ||
         layer.compositionMode() != QPainter::CompositionMode_SourceOver)
         return false;
     switch (image->format()) {

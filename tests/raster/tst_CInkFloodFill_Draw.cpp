@@ -180,3 +180,20 @@ TEST(CInkFloodFill, filledImageIsShownWhereOtherLayersAreNoImages)
     const QImage replayed = painted([&](QPainter &painter) { painter.drawPicture(0, 0, recording); }, {4, 1});
     EXPECT_EQ(joined(rowsOf(replayed)), "ooo ");
 }
+
+// No painter can begin on an indexed image, but it remains the device.
+TEST(CInkFloodFill, layersThatCannotBePaintedAreLeftAlone)
+{
+    const MessageLog log; // of Qt's complaints
+    QImage page = picture({"..#"}), surface(3, 1, QImage::Format_Indexed8), ink = surface;
+    surface.fill(5);
+    ink.fill(5);
+    {
+        QPainter p1(&page), p2(&surface), p4(&ink);
+        Fill fill({3, 1}, 0, 0);
+        fill.Draw(p1, p2, p1, p4, QRect(0, 0, 3, 1), 0, 0);
+    }
+    EXPECT_EQ(joined(rowsOf(page)), "oo#");
+    EXPECT_EQ(surface.pixelIndex(0, 0), 5);
+    EXPECT_EQ(ink.pixelIndex(0, 0), 5);
+}
