@@ -295,7 +295,8 @@ bool isPaintedPixelByPixel(const QBrush &brush, const QTransform &transform)
 
 bool canCull(const QPainter &painter, const QVector<QPointF> &points, const QTransform &transform)
 {
-    return points.size() > 2 && painter.paintEngine()->type() == QPaintEngine::Raster &&
+    const QPaintEngine *engine = painter.paintEngine(); // null while the painter is not active
+    return engine && engine->type() == QPaintEngine::Raster && points.size() > 2 &&
            painter.brush().style() == Qt::NoBrush && isPlain(painter.pen()) &&
            isPaintedPixelByPixel(painter.pen().brush(), transform) && !isSamePlace(points.first(), points.last()) &&
            transform.isAffine() && smallestScale(transform) >= kFlattest;

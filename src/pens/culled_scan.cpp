@@ -38,23 +38,27 @@ InkInternal::BlockScan InkInternal::scanBlocks(const QPointF *points, int blocks
 __attribute__((target("avx2"))) InkInternal::BlockScan InkInternal::scanBlocksWithAvx2(const QPointF *points,
                                                                                        int blocks, const Box &clip)
 {
-    using Quad = double __attribute__((vector_size(32), aligned(8), may_alias));
+    using Quad = double __attribute__((vector_size(32)));
+    struct __attribute__((packed, may_alias)) Stored // at any address
+    {
+        Quad quad;
+    };
     constexpr int kQuads = kBlock / 2;
 
     BlockScan scan;
     Box bounds{load(*points), load(*points)};
     Quad sums[2] = {};
     for (int block = 0; block < blocks; ++block, points += kBlock) {
-        const Quad *quads = reinterpret_cast<const Quad *>(points);
-        Quad low = quads[0];
-        Quad high = quads[0];
+        const Stored *quads = reinterpret_cast<const Stored *>(points);
+        Quad low = quads[0].quad;
+        Quad high = quads[0].quad;
         for (int i = 1; i < kQuads; ++i) {
-            low = quads[i] < low ? quads[i] : low;
-            high = quads[i] > high ? quads[i] : high;
+            low = quads[i].quad < low ? quads[i].quad : low;
+            high = quads[i].quad > high ? quads[i].quad : high;
         }
         for (int i = 0; i < kQuads; i += 4) {
-            sums[0] += quads[i] + quads[i + 1];
-            sums[1] += quads[i + 2] + quads[i + 3];
+            sums[0] += quads[i].quad + quads[i + 1].quad;
+            sums[1] += quads[i + 2].quad + quads[i + 3].quad;
         }
         const Pair last = load(points[kBlock]);
         const Box box{least(least(Pair{low[0], low[1]}, Pair{low[2], low[3]}), last),

@@ -380,3 +380,18 @@ TEST(CInkPencil, extremeCoordinatesArePaintedWithoutHarm)
         }
     }
 }
+
+TEST(CInkPencil, painterThatIsNotActivePaintsNothing)
+{
+    const MessageLog log; // of Qt's complaints
+    QPainter painter;
+    for (const int points : {1, 2, 3, 40}) {
+        CInkPencil pencil;
+        for (int i = 0; i < points; ++i)
+            feed(pencil, PT_MOVE, 10 * i, 20);
+        QRect area(0, 0, 400, 300);
+        pencil.Draw(painter, area);
+        EXPECT_EDGES(area, 0, 0, 399, 299);
+        EXPECT_FALSE(painter.isActive());
+    }
+}
