@@ -6,6 +6,7 @@
 #include "pens/textured_p.h"
 
 #include <algorithm>
+#include <cmath>
 
 using namespace InkInternal;
 
@@ -21,6 +22,13 @@ constexpr struct
     int alpha;
     float width; // of the pen width
 } kPasses[] = {{60, 1.0f}, {40, 0.8f}, {60, 0.6f}, {60, 0.4f}};
+
+// The segment's box lies beside `reach`.
+bool passesBy(const QPointF &a, const QPointF &b, const QRectF &reach)
+{
+    return std::max(a.x(), b.x()) < reach.left() || std::min(a.x(), b.x()) > reach.right() ||
+           std::max(a.y(), b.y()) < reach.top() || std::min(a.y(), b.y()) > reach.bottom();
+}
 
 } // namespace
 
@@ -81,7 +89,11 @@ void CInkColorBrush::DrawColorBrushGraph(QPainter &painter)
     setHighQualityAntialiasing(cache);
     cache.setRenderHint(QPainter::SmoothPixmapTransform);
     QColor color = m_color;
+    const double margin = std::abs(double(m_nWidth)) + 1;
+    const QRectF reach = reachOf(*m_pImage).adjusted(-margin, -margin, margin, margin);
     for (int i = std::max(m_nDrawnCount, 0); i < points.size() - 1; m_nDrawnCount = ++i) {
+        if (passesBy(points.at(i), points.at(i + 1), reach))
+            continue;
         for (const auto &pass : kPasses) {
             color.setAlpha(pass.alpha);
             const int width = truncated(double(pass.width * float(m_nWidth)));

@@ -73,18 +73,22 @@ void CInkCrayon::DrawCrayonGraph(QPainter &painter)
 
     const QVector<QPointF> &points = m_graphData;
     const double width = m_nWidth;
+    const QRectF reach = reachOf(*m_pImage);
+    const auto discAt = [width](const QPointF &corner) { return QRectF(corner.x(), corner.y(), width, width); };
     QPainter cache(m_pImage);
     for (int i = std::max(m_nDrawnCount, 0); i < points.size(); m_nDrawnCount = ++i) {
         const QPointF point = points.at(i);
+        // [ink-crayon-newest] The newest point is rendered without the disc towards a point that comes later.
+        const bool isNewest = i + 1 >= points.size();
+        const QPointF middle = isNewest ? point : (point + points.at(i + 1)) * 0.5;
+        if (!reach.intersects(discAt(point)) && !reach.intersects(discAt(middle)))
+            continue;
         QPainterPath discs;
         discs.setFillRule(Qt::WindingFill);
         // [ink-crayon-corner] The point is the disc's top left corner, not its centre.
-        discs.addEllipse(QRectF(point.x(), point.y(), width, width));
-        // [ink-crayon-newest] The newest point is rendered without the disc towards a point that comes later.
-        if (i + 1 < points.size()) {
-            const QPointF middle = (point + points.at(i + 1)) * 0.5;
-            discs.addEllipse(QRectF(middle.x(), middle.y(), width, width));
-        }
+        discs.addEllipse(discAt(point));
+        if (!isNewest)
+            discs.addEllipse(discAt(middle));
         QRadialGradient gradient(point, width);
         gradient.setColorAt(0.0, clear);
         gradient.setColorAt(0.5, m_color);

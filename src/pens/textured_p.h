@@ -6,6 +6,8 @@
 #include "core/life_p.h"
 #include "pens/stroke_p.h"
 
+#include <QtGui/QImage>
+
 namespace InkInternal {
 
 // Appends points exactly `step` pixels apart from the last point of `pen` towards `position`, which is not appended
@@ -36,6 +38,13 @@ QRect collectStroke(Pen &pen, int code, const QPoint &pt, QRect &update, const C
     }
     update = update | (before | pen.GetUpdateRect());
     return update;
+}
+
+// Where rendering can change the pixels of `image`, in the coordinates of a painter on it. A wild coordinate makes tens
+// of thousands of points beside it.
+inline QRectF reachOf(const QImage &image)
+{
+    return QRectF(QPointF(), QSizeF(image.size()) / image.devicePixelRatioF()).adjusted(-1, -1, 1, 1);
 }
 
 // Lays m_pImage over the painter.

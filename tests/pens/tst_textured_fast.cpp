@@ -2,6 +2,7 @@
 //
 // INK_TEXTURED_CASES sets how many cases are run, INK_TEXTURED_SEED the seed of the first one.
 
+#include "Canvas.h"
 #include "Exact.h"
 #include "LiteralTextured.h"
 
@@ -286,4 +287,30 @@ TEST(TexturedPenFast, lonePixelOfTheLastTileIsCompositedLikeTheOthers)
     EXPECT_EQ(dotAt({160, 160}), dotAt({5, 5}));
     EXPECT_EQ(dotAt({160, 5}), dotAt({5, 5}));
     EXPECT_EQ(dotAt({0, 16'000}, {1, 16'001}), dotAt({5, 5}));
+}
+
+namespace {
+
+// Around a canvas of 60 x 40, partly within reach of it, and far away on each side.
+template <typename Pen>
+void expectRenderedFromBeside()
+{
+    Pen pen{QSize(60, 40)};
+    pen.m_nWidth = 20;
+    pen.m_graphData = {{-9, 20},  {-5, -9},     {30, -8},    {66, -5},     {65, 20},  {64, 46}, {30, 47},
+                       {-6, 45},  {-500, -500}, {500, -500}, {500, 500},   {20, 500}, {20, 30}, {-500, 30},
+                       {-500, 5}, {1e20, 12},   {30, 1e20},  {-1e20, -10}, {30, 20}};
+    Literal::Texture texture({60, 40});
+    Literal::render(pen, texture);
+    drawn(pen, {60, 40});
+    EXPECT_EQ(*pen.m_pImage, texture.pixels);
+    EXPECT_EQ(pen.m_nDrawnCount, texture.drawn);
+}
+
+} // namespace
+
+TEST(TexturedPenFast, whatReachesInFromBesideTheCanvasIsRendered)
+{
+    expectRenderedFromBeside<CInkColorBrush>();
+    expectRenderedFromBeside<CInkCrayon>();
 }
