@@ -61,3 +61,4 @@ readonly bench_packages="libbenchmark-dev libcairo2-dev libagg-dev libopencv-dev
 readonly memcheck_packages="valgrind"
 readonly docs_packages="doxygen qhelpgenerator-qt5 qtbase5-doc-dev"
 readonly package_packages="debhelper dpkg-dev git lintian"
+readonly fuzz_packages="clang libclang-rt-14-dev"

@@ -1,0 +1,29 @@
+// Texts of recorded strokes, most of them broken. What is read keeps the promises that a player relies on.
+
+#include "Input.h"
+#include "StrokeReader.h"
+
+#include <cstdlib>
+
+namespace {
+
+void require(bool kept)
+{
+    if (!kept)
+        std::abort();
+}
+
+} // namespace
+
+void Fuzz::run(const std::uint8_t *data, std::size_t size)
+{
+    Board::StrokeFile file;
+    Board::StrokeReader reader;
+    if (!reader.read(QByteArray(reinterpret_cast<const char *>(data), int(size)), file)) {
+        require(!reader.error().isEmpty());
+        return;
+    }
+    require(!file.size.isEmpty());
+    for (const Board::Stroke &stroke : file.strokes)
+        require(stroke.color.isValid() && stroke.width >= 1 && stroke.width <= 1000 && !stroke.points.empty());
+}
