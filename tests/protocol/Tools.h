@@ -76,7 +76,7 @@ struct Tool
     Tool &paints(const std::string &inProgress, const std::string &committed);
     Tool &needs(const std::vector<QPoint> &moreTaps);
     Tool &needs(void (*hostsPart)(CInkGraph &));
-    Tool &holds(int images, std::size_t bytes = 16384);
+    Tool &holds(int images, std::size_t bytes = 24576);
 
     bool is(Exception exception) const { return (exceptions & exception) != 0; }
 
