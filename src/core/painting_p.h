@@ -52,17 +52,18 @@ inline QPen endingPen(QPen pen, const QVector<QPointF> &points)
     return pen;
 }
 
-// QPainter::drawImage(), which reads behind the end of a colour table that is too short for the pixels.
-inline void paintImage(QPainter &painter, const QRectF &target, const QImage &image, const QRectF &source)
+// `image`, with a colour for every value that a pixel can have: Qt reads behind the end of a shorter table.
+inline QImage withAllColors(QImage image)
 {
     constexpr int kColors = 256;
-    if (image.format() != QImage::Format_Indexed8 || image.colorCount() >= kColors) {
-        painter.drawImage(target, image, source);
-        return;
-    }
-    QImage complete = image;
-    complete.setColorCount(kColors);
-    painter.drawImage(target, complete, source);
+    if (image.format() == QImage::Format_Indexed8 && image.colorCount() < kColors)
+        image.setColorCount(kColors);
+    return image;
+}
+
+inline void paintImage(QPainter &painter, const QRectF &target, const QImage &image, const QRectF &source)
+{
+    painter.drawImage(target, withAllColors(image), source);
 }
 
 inline bool drawnByAnother(const CInkGraph &graph)

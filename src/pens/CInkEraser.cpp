@@ -29,7 +29,7 @@ QPainterPath disc(const QPointF &point, int width)
 QBrush textureOf(const QPainter &background)
 {
     const QPaintDevice *device = background.device();
-    if (!device || device->devType() != QInternal::Image)
+    if (!background.isActive() || device->devType() != QInternal::Image)
         return {};
     const QImage image = static_cast<const QImage *>(device)->copy();
     return image.isNull() ? QBrush() : QBrush(image);

@@ -562,3 +562,17 @@ TEST(CInkEraserDraw, endlessDashesOfAHostsPenAreSolid)
         EXPECT_TRUE(samePixels(layers.surface, expected)) << width;
     }
 }
+
+// No painter can begin on an indexed image, but it remains the device. Without colours it cannot be painted, either.
+TEST(CInkEraserDraw, backgroundWithoutColorsLeavesTheLayersAlone)
+{
+    QImage background(400, 300, QImage::Format_Indexed8);
+    background.fill(7);
+    InkedLayers layers(background);
+    CInkEraser eraser;
+    eraser.m_graphData = {{100, 100}, {200, 150}};
+    eraser.m_nWidth = 10;
+    const MessageLog log; // of Qt's complaints
+    layers.draw(eraser);
+    EXPECT_TRUE(layers.isUntouched());
+}
