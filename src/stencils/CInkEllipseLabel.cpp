@@ -7,6 +7,8 @@
 
 #include <QtGui/QPainterPath>
 
+#include <cmath>
+
 using namespace InkInternal;
 
 namespace {
@@ -16,6 +18,7 @@ constexpr QPointF kPoints[] = {{0, 0}, {38, 143}, {40, 176}, {70, 156}, {177, 15
 constexpr Outline kOutline = outline(kPoints, /*width between*/ {0, 4}, /*height between*/ {0, 2});
 
 constexpr double kMouthLift = 5.0; // canvas pixels of the mouth above the point where the tail leaves the body
+constexpr double kFarthest = 1e15; // canvas pixels; near the largest double Qt cannot subtract paths
 
 QPainterPath tail(const QVector<QPointF> &points)
 {
@@ -33,6 +36,16 @@ QPainterPath mouth(const QVector<QPointF> &points)
     path.lineTo(points.at(2));
     path.lineTo(points.at(1));
     return path;
+}
+
+bool canSubtract(const QPainterPath &path)
+{
+    for (int i = 0; i < path.elementCount(); ++i) {
+        const QPainterPath::Element point = path.elementAt(i);
+        if (!(std::abs(point.x) <= kFarthest && std::abs(point.y) <= kFarthest))
+            return false;
+    }
+    return true;
 }
 
 } // namespace
@@ -65,7 +78,10 @@ void CInkEllipseLabel::Draw(QPainter &painter, QRect &rect)
         // The body's outline does not cross the opening of the tail. The clip turns with the object.
         QPainterPath outsideMouth;
         outsideMouth.addRect(real(clip));
-        painter.setClipPath(outsideMouth.subtracted(mouth(points)), Qt::ReplaceClip);
+        const QPainterPath opening = mouth(points);
+        if (canSubtract(opening))
+            outsideMouth = outsideMouth.subtracted(opening);
+        painter.setClipPath(outsideMouth, Qt::ReplaceClip);
         const QPointF corner = points.at(0);
         const QPointF size = points.at(4) - corner;
         painter.drawEllipse(QRectF(corner, QSizeF(size.x(), size.y())).normalized());

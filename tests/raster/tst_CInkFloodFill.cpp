@@ -474,3 +474,23 @@ TEST(CInkFloodFill, canvasMovedOffTheOriginCrashesNothing)
     const FilledLayers layers(fill, page);
     EXPECT_EQ(layers.page.pixel(42, 42), 0xffff0000U);
 }
+
+// From left to right it has more pixels than an int can count.
+TEST(CInkFloodFill, canvasWiderThanAnIntIsBoundedByThePage)
+{
+    for (const int far : {2000000000, INT_MAX}) {
+        Fill fill({50, 50}, 2, 1);
+        fill.m_rcCanvas.setCoords(-2000000000, -2000000000, far, far);
+        const FilledLayers layers(fill, picture({"....", "....", "...."}));
+        EXPECT_EQ(joined(rowsOf(layers.page)), "oooo\noooo\noooo");
+        EXPECT_EDGES(fill.m_rcFillBounds, 0, 0, 3, 2);
+    }
+}
+
+TEST(CInkFloodFill, canvasTurnedOverIsFilledAsItsOtherSide)
+{
+    Fill fill({50, 50}, 2, 1);
+    fill.m_rcCanvas.setCoords(2, 2, 0, 0);
+    const FilledLayers layers(fill, picture({"....", "....", "...."}));
+    EXPECT_EQ(joined(rowsOf(layers.page)), "ooo.\nooo.\nooo.");
+}

@@ -9,6 +9,7 @@
 
 #include <gtest/gtest.h>
 
+#include <limits>
 #include <utility>
 
 namespace {
@@ -85,6 +86,24 @@ TEST(CInkEllipseLabel, mouthReachesFivePixelsIntoTheBody)
     });
     EXPECT_TRUE(samePixels(drawn(label), expected));
     EXPECT_EQ(qAlpha(drawn(label).pixel(104, 163)), 0); // no body across the tail
+}
+
+TEST(CInkEllipseLabel, aTailBeyondAllMeasureIsNotCutOut)
+{
+    const auto withTail = [](double far) {
+        CInkEllipseLabel label;
+        drag(label, {100, 100}, {300, 240});
+        label.FinishGraph();
+        label.m_graphData = {{100, 100}, {far, -far}, {-far, far}, {far, far}, {300, 240}};
+        return drawn(label);
+    };
+    const QImage body = painted([](QPainter &painter) {
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setPen(plainPen(Qt::SquareCap));
+        painter.drawEllipse(100, 100, 200, 140);
+    });
+    for (const double far : {1e16, 1e308, -1e308, std::numeric_limits<double>::infinity(), qQNaN()})
+        EXPECT_TRUE(samePixels(withTail(far), body)) << far;
 }
 
 TEST(CInkEllipseLabel, bodyIsNormalized)
