@@ -6,9 +6,12 @@
 #include <QtGui/QPaintEngine>
 
 #include <cmath>
-#include <immintrin.h>
 #include <optional>
 #include <vector>
+
+#ifdef __x86_64__
+#include <immintrin.h>
+#endif
 
 using namespace InkInternal;
 
@@ -112,9 +115,13 @@ private:
 // All points of a stroke, the last block included, which need not be full; it counts as met.
 BlockScan scanStroke(const QVector<QPointF> &points, const Box &clip)
 {
-    static const bool hasAvx2 = __builtin_cpu_supports("avx2");
     const int full = (points.size() - 1) / kBlock;
+#ifdef __x86_64__
+    static const bool hasAvx2 = __builtin_cpu_supports("avx2");
     BlockScan scan = (hasAvx2 ? scanBlocksWithAvx2 : scanBlocks)(points.constData(), full, clip);
+#else
+    BlockScan scan = scanBlocks(points.constData(), full, clip);
+#endif
     const int rest = full * kBlock + 1;
     for (int i = rest; i < points.size(); ++i) {
         const Pair point = load(points.at(i));
@@ -302,18 +309,22 @@ bool canCull(const QPainter &painter, const QVector<QPointF> &points, const QTra
            transform.isAffine() && smallestScale(transform) >= kFlattest;
 }
 
+#ifdef __x86_64__
 __attribute__((target("avx"))) void clearUpperHalves()
 {
     _mm256_zeroupper();
 }
+#endif
 
 // One of the span fills of Qt 5.15 returns with the upper halves of the AVX registers in use. Until they are cleared,
 // every SSE instruction costs more on many CPUs, and there are nothing but these in the making of an outline.
 void drawPath(QPainter &painter, const QPainterPath &path)
 {
+#ifdef __x86_64__
     static const bool hasAvx = __builtin_cpu_supports("avx");
     if (hasAvx)
         clearUpperHalves();
+#endif
     painter.drawPath(path);
 }
 

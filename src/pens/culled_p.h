@@ -22,7 +22,9 @@ struct BlockScan
 
 // `points` has kBlock * `blocks` + 1 points; clip and points are in the same frame.
 BlockScan scanBlocks(const QPointF *points, int blocks, const Box &clip);
+#ifdef __x86_64__
 BlockScan scanBlocksWithAvx2(const QPointF *points, int blocks, const Box &clip); // for a CPU that has it
+#endif
 
 // strokePath(points).boundingRect().topLeft(), bit for bit.
 QPointF strokeTopLeft(const QVector<QPointF> &points);

@@ -34,6 +34,7 @@ InkInternal::BlockScan InkInternal::scanBlocks(const QPointF *points, int blocks
     return scan;
 }
 
+#ifdef __x86_64__
 // Two points in a register. Helpers would pass it the way that other code for the CPU does not.
 __attribute__((target("avx2"))) InkInternal::BlockScan InkInternal::scanBlocksWithAvx2(const QPointF *points,
                                                                                        int blocks, const Box &clip)
@@ -73,3 +74,4 @@ __attribute__((target("avx2"))) InkInternal::BlockScan InkInternal::scanBlocksWi
     scan.bounds = bounds;
     return scan;
 }
+#endif

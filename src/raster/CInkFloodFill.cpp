@@ -112,9 +112,9 @@ QRect InkInternal::formFill(CInkFloodFill &fill, QPainter &layer)
     // The canvas begins at the origin, but the field is public: the page's own pixels bound the region, too. Not with
     // Qt's operator, which takes a canvas wider than an int for one that is turned over.
     const QRect canvas = normalized(fill.m_rcCanvas);
-    const QRect within(QPoint(std::max(canvas.left(), 0), std::max(canvas.top(), 0)),
-                       QPoint(std::min(canvas.right(), image->width() - 1),
-                              std::min(canvas.bottom(), image->height() - 1)));
+    const QRect within(
+        QPoint(std::max(canvas.left(), 0), std::max(canvas.top(), 0)),
+        QPoint(std::min(canvas.right(), image->width() - 1), std::min(canvas.bottom(), image->height() - 1)));
     const QRect filled = floodRegion(*image, fill.m_pImage, within, seed, fill.m_color.rgb());
     QRect &bounds = fill.m_rcFillBounds;
     bounds = edges(std::min(bounds.left(), filled.left()), std::min(bounds.top(), filled.top()),

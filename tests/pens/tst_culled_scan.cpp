@@ -48,8 +48,10 @@ class BlockScans : public ::testing::TestWithParam<Scan>
 protected:
     void SetUp() override
     {
+#ifdef __x86_64__
         if (GetParam() == scanBlocksWithAvx2 && !__builtin_cpu_supports("avx2"))
             GTEST_SKIP() << "needs a CPU with AVX2";
+#endif
     }
 
     BlockScan scan(const Points &points, const Box &clip) const
@@ -142,7 +144,11 @@ TEST_P(BlockScans, everyPointCountsTowardsFiniteness)
     }
 }
 
+#ifdef __x86_64__
 INSTANTIATE_TEST_SUITE_P(Registers, BlockScans, ::testing::Values(scanBlocks, scanBlocksWithAvx2));
+#else
+INSTANTIATE_TEST_SUITE_P(Registers, BlockScans, ::testing::Values(scanBlocks));
+#endif
 
 TEST(StrokeTopLeft, isThatOfThePath)
 {
