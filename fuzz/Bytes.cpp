@@ -187,7 +187,8 @@ QByteArray Bytes::imageFile()
         return kind == 0 && flag() ? bytes.left(bytes.size() / 2) : bytes;
     }
     bytes = kStarts[below(count(kStarts))];
-    const int size = std::min(int(byte()), int(m_end - m_next));
+    const int wanted = byte(); // first: it is one of those that are left
+    const int size = std::min(wanted, int(m_end - m_next));
     bytes.append(reinterpret_cast<const char *>(m_next), size);
     m_next += size;
     return bytes;
