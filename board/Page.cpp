@@ -166,16 +166,15 @@ QRect Page::commit(const QRect &reach)
     const Pixels before = pixels(onPage(reach));
     paint(reach);
     std::optional<Life> next;
-    const bool isNew =
-        m_layers.page().copy(onPage(reach)) != before.page || m_layers.ink().copy(onPage(reach)) != before.ink;
-    if (!onPage(reach).isEmpty() && isNew) {
+    Step step;
+    keepDifference(step, before);
+    if (!step.page.isEmpty() || !step.ink.isEmpty()) {
         next = m_successor ? m_successor(*m_object, rect().size()) : std::nullopt;
         const auto item = std::make_shared<Item>(Item{m_nextId++, std::move(m_life), std::move(m_object), reach});
         m_items.push_back(item);
-        Step step;
         step.succeeds = m_succeeds;
         step.added = item;
-        push(std::move(step), before, DrawRecord{item->id, item->life, m_succeeds});
+        push(std::move(step), DrawRecord{item->id, item->life, m_succeeds});
     }
     QRect changed = drop();
     if (next) {
@@ -293,7 +292,8 @@ QRect Page::change(Items items, const Pixels &before, const Record &record)
     Step step;
     step.items = std::exchange(m_items, std::move(items));
     replay();
-    push(std::move(step), before, record);
+    keepDifference(step, before);
+    push(std::move(step), record);
     return rect();
 }
 
@@ -305,14 +305,20 @@ QRect Page::setPaper(const Paper &paper)
     step.paper = std::exchange(m_paper, paper);
     m_layers.setBackground(paintedPaper(m_paper, rect().size()));
     replay(Background::New);
-    push(std::move(step), before, PaperRecord{paper});
+    keepDifference(step, before);
+    push(std::move(step), PaperRecord{paper});
     return rect();
 }
 
-void Page::push(Step step, const Pixels &before, const Record &record)
+// From the layers as they were to what they are now.
+void Page::keepDifference(Step &step, const Pixels &before) const
 {
     step.page = Patch(before.page, m_layers.page(), before.origin);
     step.ink = Patch(before.ink, m_layers.ink(), before.origin);
+}
+
+void Page::push(Step step, const Record &record)
+{
     m_steps.resize(m_done);
     m_steps.push_back(std::move(step));
     ++m_done;

@@ -151,7 +151,8 @@ private:
     QRect change(Items items, const Pixels &before, const Record &record);
     Items without(int id) const;
     std::optional<std::size_t> indexOf(int id) const;
-    void push(Step step, const Pixels &before, const Record &record);
+    void keepDifference(Step &step, const Pixels &before) const;
+    void push(Step step, const Record &record);
     void exchange(Step &step, bool undoes);
     void boundMemory();
     void replay(Background background = Background::Same);
