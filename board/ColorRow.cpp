@@ -1,13 +1,14 @@
 #include "ColorRow.h"
 
+#include "CommandGroup.h"
 #include "Style.h"
 
 #include <QtCore/QCoreApplication>
 #include <QtGui/QPainter>
+#include <QtWidgets/QAction>
 #include <QtWidgets/QButtonGroup>
 #include <QtWidgets/QColorDialog>
 #include <QtWidgets/QHBoxLayout>
-#include <QtWidgets/QShortcut>
 
 namespace Board {
 
@@ -45,16 +46,16 @@ QBrush allColors(const QPointF &center)
 
 } // namespace
 
-ColorSwatch::ColorSwatch(const QColor &color, const QString &title, const QString &shortcut, QWidget *parent)
+ColorSwatch::ColorSwatch(const QColor &color, QAction &action, QWidget *parent)
     : QAbstractButton(parent)
     , m_color(color)
 {
     setCheckable(true);
-    setAccessibleName(title);
-    setToolTip(QStringLiteral("%1 (%2)").arg(title, shortcut));
+    setAccessibleName(action.text());
+    setToolTip(action.toolTip());
     setFocusPolicy(Qt::TabFocus);
     // The button's own shortcut would click a moment later, after the stroke that is drawn at once.
-    connect(new QShortcut(QKeySequence(shortcut), this), &QShortcut::activated, this, &ColorSwatch::click);
+    connect(&action, &QAction::triggered, this, &ColorSwatch::click);
 }
 
 void ColorSwatch::setColor(const QColor &color)
@@ -93,9 +94,11 @@ ColorRow::ColorRow(QWidget *parent)
     auto *row = new QHBoxLayout(this);
     row->setContentsMargins(0, 0, 0, 0);
     row->setSpacing(2);
+    const CommandGroup group(tr("Colours"), *window());
     int key = 1;
     const auto add = [&](const QColor &color, const QString &title) {
-        auto *swatch = new ColorSwatch(color, title, QString::number(key++), this);
+        const QString name = QStringLiteral("color-%1").arg(key);
+        auto *swatch = new ColorSwatch(color, *group.add(qPrintable(name), title, QString::number(key++)), this);
         m_group->addButton(swatch);
         row->addWidget(swatch);
         return swatch;

@@ -3,6 +3,7 @@
 #include <QtGui/QColor>
 #include <QtWidgets/QAbstractButton>
 
+class QAction;
 class QButtonGroup;
 
 namespace Board {
@@ -13,7 +14,8 @@ class ColorSwatch : public QAbstractButton
     Q_OBJECT
 
 public:
-    ColorSwatch(const QColor &color, const QString &title, const QString &shortcut, QWidget *parent = nullptr);
+    // The action clicks the button.
+    ColorSwatch(const QColor &color, QAction &action, QWidget *parent = nullptr);
 
     QColor color() const { return m_color; }
     void setColor(const QColor &color);

@@ -1,10 +1,12 @@
 #include "FileCommands.h"
 
 #include "Canvas.h"
+#include "CommandGroup.h"
 
 #include <QtCore/QFile>
 #include <QtCore/QFileInfo>
 #include <QtCore/QLocale>
+#include <QtWidgets/QAction>
 #include <QtWidgets/QFileDialog>
 #include <QtWidgets/QMessageBox>
 
@@ -21,6 +23,11 @@ FileCommands::FileCommands(Document &document, Canvas &canvas, QWidget &window)
     , m_canvas(canvas)
     , m_window(window)
 {
+    const CommandGroup group(tr("File"), window);
+    connect(group.add("open", tr("Open…"), QStringLiteral("Ctrl+O")), &QAction::triggered, this, &FileCommands::open);
+    connect(group.add("save", tr("Save"), QStringLiteral("Ctrl+S")), &QAction::triggered, this, &FileCommands::save);
+    connect(group.add("save-as", tr("Save as…"), QStringLiteral("Ctrl+Shift+S")), &QAction::triggered, this,
+            &FileCommands::saveAs);
     connect(
         &document, &Document::journalFailed, this,
         [this](const QString &problem) { warn(tr("The lesson is not safe"), problem); }, Qt::QueuedConnection);

@@ -2,11 +2,9 @@
 
 #include "Document.h"
 
-#include <QtGui/QImage>
 #include <QtWidgets/QMainWindow>
 
-#include <optional>
-
+class QAction;
 class QLabel;
 
 namespace Board {
@@ -15,6 +13,7 @@ class Canvas;
 class ColorRow;
 class FileCommands;
 class OptionControl;
+class PageCommands;
 class ToolRail;
 class WidthControl;
 struct Tool;
@@ -43,27 +42,15 @@ protected:
 
 private:
     QWidget *makeBar(QWidget *parent);
-    QAction *addAction(const char *name, const QString &title, const QString &shortcut);
-    void addActions();
-    void addFileActions();
-    void addObjectActions();
-    void addPageActions();
-    void addStyleActions();
-    QList<QAction *> pageActions() const;
-    void setPaper(Paper::Kind kind);
-    void askForPaper();
+    void addCommands();
+    QAction *command(const char *name) const;
     void connectControls();
-    void askForPicture();
-    void pastePicture();
-    void insertPicture(const std::optional<QImage> &picture, const QString &problem);
-    void refusePicture(const QString &problem);
-    void askForExport();
-    void print();
     void showState();
 
     Document m_document;
     Canvas *m_canvas; // all owned by this window
     FileCommands *m_files{};
+    PageCommands *m_pageCommands{};
     ToolRail *m_rail;
     ColorRow *m_colors;
     WidthControl *m_width;

@@ -1,7 +1,9 @@
 #include "OptionControl.h"
 
+#include "CommandGroup.h"
 #include "Tools.h"
 
+#include <QtWidgets/QAction>
 #include <QtWidgets/QHBoxLayout>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QSlider>
@@ -39,6 +41,11 @@ OptionControl::OptionControl(QWidget *parent)
         showValue(value);
         emit picked(value);
     });
+    const CommandGroup group(tr("Pen"), *window());
+    connect(group.add("less", tr("Less of the tool's option"), QStringLiteral(",")), &QAction::triggered, this,
+            [this] { step(-1); });
+    connect(group.add("more", tr("More of the tool's option"), QStringLiteral(".")), &QAction::triggered, this,
+            [this] { step(1); });
 }
 
 void OptionControl::setTool(const Tool &tool)

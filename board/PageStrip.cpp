@@ -1,6 +1,7 @@
 #include "PageStrip.h"
 
 #include "Canvas.h"
+#include "CommandGroup.h"
 
 #include <QtCore/QSignalBlocker>
 #include <QtWidgets/QAction>
@@ -8,6 +9,8 @@
 #include <QtWidgets/QListWidget>
 #include <QtWidgets/QToolButton>
 #include <QtWidgets/QVBoxLayout>
+
+#include <functional>
 
 namespace Board {
 
@@ -24,7 +27,7 @@ QIcon thumbnail(const Page &page)
 
 } // namespace
 
-PageStrip::PageStrip(Document &document, Canvas &canvas, const QList<QAction *> &actions, QWidget *parent)
+PageStrip::PageStrip(Document &document, Canvas &canvas, QWidget *parent)
     : QWidget(parent)
     , m_document(document)
     , m_canvas(canvas)
@@ -43,13 +46,7 @@ PageStrip::PageStrip(Document &document, Canvas &canvas, const QList<QAction *> 
     m_list->setFrameShape(QFrame::NoFrame);
     auto *buttons = new QHBoxLayout;
     buttons->setContentsMargins(6, 4, 6, 4);
-    for (QAction *action : actions) {
-        auto *button = new QToolButton(this);
-        button->setDefaultAction(action);
-        button->setFocusPolicy(Qt::TabFocus);
-        button->setAccessibleName(action->toolTip());
-        buttons->addWidget(button);
-    }
+    addCommands(*buttons);
     auto *column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(0);
@@ -73,6 +70,29 @@ PageStrip::PageStrip(Document &document, Canvas &canvas, const QList<QAction *> 
         },
         Qt::QueuedConnection); // the list itself is still moving
     showPages();
+}
+
+void PageStrip::addCommands(QHBoxLayout &buttons)
+{
+    const CommandGroup group(tr("Pages"), *window());
+    const auto add = [&](const char *name, const QString &title, const char *icon, const char *keys,
+                         const std::function<void(int)> &act) {
+        QAction *action = group.add(name, title, QLatin1String(keys));
+        action->setIconText(QString::fromUtf8(icon));
+        connect(action, &QAction::triggered, this, [this, act] {
+            m_canvas.finish();
+            act(m_document.current());
+        });
+        auto *button = new QToolButton(this);
+        button->setDefaultAction(action);
+        button->setFocusPolicy(Qt::TabFocus);
+        button->setAccessibleName(title);
+        buttons.addWidget(button);
+    };
+    add("add-page", tr("Add a page"), "+", "Ctrl+N", [this](int page) { m_document.addPage(page + 1); });
+    add("remove-page", tr("Remove the page"), "−", "Ctrl+Shift+N", [this](int page) { m_document.removePage(page); });
+    add("previous-page", tr("Previous page"), "↑", "PgUp", [this](int page) { m_document.showPage(page - 1); });
+    add("next-page", tr("Next page"), "↓", "PgDown", [this](int page) { m_document.showPage(page + 1); });
 }
 
 void PageStrip::movePage(int from, int to)

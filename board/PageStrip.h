@@ -3,6 +3,7 @@
 #include <QtCore/QTimer>
 #include <QtWidgets/QWidget>
 
+class QHBoxLayout;
 class QListWidget;
 
 namespace Board {
@@ -16,10 +17,11 @@ class PageStrip : public QWidget
     Q_OBJECT
 
 public:
-    // Both outlive the strip. `actions` add, duplicate, remove pages, and so on.
-    PageStrip(Document &document, Canvas &canvas, const QList<QAction *> &actions, QWidget *parent = nullptr);
+    // Both outlive the strip.
+    PageStrip(Document &document, Canvas &canvas, QWidget *parent = nullptr);
 
 private:
+    void addCommands(QHBoxLayout &buttons);
     void showPages();
     void showCurrent();
     void refreshCurrent();

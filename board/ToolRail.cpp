@@ -1,5 +1,6 @@
 #include "ToolRail.h"
 
+#include "CommandGroup.h"
 #include "ToolIcon.h"
 #include "Tools.h"
 
@@ -65,12 +66,10 @@ void ToolRail::fill(QGridLayout &grid)
 QToolButton *ToolRail::makeButton(const Tool &tool)
 {
     const QString title = toolTitle(tool);
-    const QKeySequence keys(QLatin1String(tool.shortcut));
-    QAction *action = m_actions->addAction(toolIcon(tool), title);
-    action->setObjectName(QLatin1String(tool.name));
+    QAction *action = m_actions->addAction(
+        CommandGroup(groupTitle(tool), *window()).add(tool.name, title, QLatin1String(tool.shortcut)));
+    action->setIcon(toolIcon(tool));
     action->setCheckable(true);
-    action->setShortcut(keys);
-    action->setToolTip(QStringLiteral("%1 (%2)").arg(title, keys.toString(QKeySequence::NativeText)));
 
     auto *button = new QToolButton;
     button->setDefaultAction(action);
@@ -88,7 +87,7 @@ QToolButton *ToolRail::makeButton(const Tool &tool)
 
 void ToolRail::choose(const Tool &tool)
 {
-    findChild<QAction *>(QLatin1String(tool.name))->trigger();
+    window()->findChild<QAction *>(QLatin1String(tool.name))->trigger();
 }
 
 // With room for the scroll bar, so that the page stays where it is when the bar comes.

@@ -1,6 +1,9 @@
 #include "WidthControl.h"
 
+#include "CommandGroup.h"
+
 #include <QtGui/QPainter>
+#include <QtWidgets/QAction>
 #include <QtWidgets/QHBoxLayout>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QSlider>
@@ -71,6 +74,16 @@ WidthControl::WidthControl(QWidget *parent)
         emit picked(width);
     });
     m_slider->setValue(kFirstInkWidth);
+    addCommands();
+}
+
+void WidthControl::addCommands()
+{
+    const CommandGroup group(tr("Pen"), *window());
+    connect(group.add("thinner", tr("Thinner"), QStringLiteral("[")), &QAction::triggered, this,
+            [this] { setInkWidth(inkWidth() - 1); });
+    connect(group.add("thicker", tr("Thicker"), QStringLiteral("]")), &QAction::triggered, this,
+            [this] { setInkWidth(inkWidth() + 1); });
 }
 
 int WidthControl::inkWidth() const

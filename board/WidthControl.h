@@ -44,6 +44,7 @@ signals:
     void picked(int width);
 
 private:
+    void addCommands();
     void show(int width);
 
     QColor m_color{Qt::black};

@@ -1,0 +1,26 @@
+#include "CanvasCommands.h"
+
+#include "Canvas.h"
+#include "CommandGroup.h"
+
+#include <QtWidgets/QAction>
+
+namespace Board {
+
+void addCanvasCommands(Canvas &canvas, QWidget &window)
+{
+    const CommandGroup group(Canvas::tr("Objects"), window);
+    const auto add = [&](const char *name, const QString &title, const char *keys, void (Canvas::*act)()) {
+        QObject::connect(group.add(name, title, QLatin1String(keys)), &QAction::triggered, &canvas, act);
+    };
+    add("undo", Canvas::tr("Undo"), "Ctrl+Z", &Canvas::undo);
+    add("redo", Canvas::tr("Redo"), "Ctrl+Y", &Canvas::redo);
+    add("finish", Canvas::tr("Finish the object"), "Esc", &Canvas::finish);
+    add("delete", Canvas::tr("Delete the object"), "Del", &Canvas::discard);
+    add("duplicate", Canvas::tr("Duplicate the object"), "Ctrl+D", &Canvas::duplicate);
+    add("raise", Canvas::tr("Bring the object to the front"), "Ctrl+PgUp", &Canvas::raise);
+    add("lower", Canvas::tr("Send the object to the back"), "Ctrl+PgDown", &Canvas::lower);
+    add("clear", Canvas::tr("Clear"), "Ctrl+Shift+Backspace", &Canvas::clear);
+}
+
+} // namespace Board
