@@ -53,6 +53,7 @@ ColorSwatch::ColorSwatch(const QColor &color, QAction &action, QWidget *parent)
     setCheckable(true);
     setAccessibleName(action.text());
     setToolTip(action.toolTip());
+    connect(&action, &QAction::changed, this, [this, &action] { setToolTip(action.toolTip()); });
     setFocusPolicy(Qt::TabFocus);
     // The button's own shortcut would click a moment later, after the stroke that is drawn at once.
     connect(&action, &QAction::triggered, this, &ColorSwatch::click);
@@ -94,7 +95,7 @@ ColorRow::ColorRow(QWidget *parent)
     auto *row = new QHBoxLayout(this);
     row->setContentsMargins(0, 0, 0, 0);
     row->setSpacing(2);
-    const CommandGroup group(tr("Colours"), *window());
+    const CommandGroup group(tr("Colours"), *window(), CommandGroup::Place::Buttons);
     int key = 1;
     const auto add = [&](const QColor &color, const QString &title) {
         const QString name = QStringLiteral("color-%1").arg(key);

@@ -1,5 +1,6 @@
 #include "CommandGroup.h"
 
+#include <QtCore/QCoreApplication>
 #include <QtCore/QVariant>
 #include <QtWidgets/QAction>
 #include <QtWidgets/QWidget>
@@ -8,31 +9,67 @@ namespace Board {
 
 namespace {
 
-constexpr const char *kGroup = "group";
+constexpr const char *kGroup = "group"; // properties of an action
+constexpr const char *kInMenu = "inMenu";
+constexpr const char *kKeys = "keys";
 
 } // namespace
 
-CommandGroup::CommandGroup(const QString &title, QWidget &window)
+CommandGroup::CommandGroup(const QString &title, QWidget &window, Place place)
     : m_title(title)
     , m_window(window)
+    , m_place(place)
 {
 }
 
 QAction *CommandGroup::add(const char *name, const QString &title, const QString &keys) const
 {
     auto *action = new QAction(title, &m_window);
-    const QKeySequence sequence(keys);
     action->setObjectName(QLatin1String(name));
     action->setProperty(kGroup, m_title);
-    action->setShortcut(sequence);
-    action->setToolTip(QStringLiteral("%1 (%2)").arg(title, sequence.toString(QKeySequence::NativeText)));
+    action->setProperty(kInMenu, m_place == Place::Menu);
+    action->setProperty(kKeys, keys);
+    giveKeys(*action, QKeySequence(keys));
     m_window.addAction(action);
     return action;
+}
+
+QString fileGroup()
+{
+    return QCoreApplication::translate("Board::CommandGroup", "File");
+}
+
+QString boardGroup()
+{
+    return QCoreApplication::translate("Board::CommandGroup", "Board");
 }
 
 QString commandGroup(const QAction &action)
 {
     return action.property(kGroup).toString();
+}
+
+bool isInMenu(const QAction &command)
+{
+    return command.property(kInMenu).toBool();
+}
+
+QKeySequence standardKeys(const QAction &command)
+{
+    return QKeySequence(command.property(kKeys).toString());
+}
+
+QString keysText(const QAction &command)
+{
+    const QString text = command.shortcut().toString(QKeySequence::NativeText);
+    return text.isEmpty() ? QCoreApplication::translate("Board::CommandGroup", "no key") : text;
+}
+
+void giveKeys(QAction &command, const QKeySequence &keys)
+{
+    command.setShortcut(keys);
+    command.setToolTip(keys.isEmpty() ? command.text()
+                                      : QStringLiteral("%1 (%2)").arg(command.text(), keysText(command)));
 }
 
 } // namespace Board

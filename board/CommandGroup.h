@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QtCore/QString>
+#include <QtGui/QKeySequence>
 
 class QAction;
 class QWidget;
@@ -12,8 +13,11 @@ namespace Board {
 class CommandGroup
 {
 public:
+    // Where commands can be pressed: in the menu, or on buttons of their own.
+    enum class Place { Menu, Buttons };
+
     // `title` is the heading of the group where commands are listed.
-    CommandGroup(const QString &title, QWidget &window);
+    CommandGroup(const QString &title, QWidget &window, Place place = Place::Menu);
 
     // `keys` as QKeySequence reads them. The window owns the action.
     QAction *add(const char *name, const QString &title, const QString &keys) const;
@@ -21,9 +25,25 @@ public:
 private:
     const QString m_title;
     QWidget &m_window;
+    const Place m_place;
 };
+
+// The titles of groups that more than one part of the board adds to.
+QString fileGroup();
+QString boardGroup();
 
 // The heading of a command's group; empty for an action that is no command.
 QString commandGroup(const QAction &action);
+
+bool isInMenu(const QAction &command);
+
+// The keys that a command was added with.
+QKeySequence standardKeys(const QAction &command);
+
+// As the person reads them.
+QString keysText(const QAction &command);
+
+// Other keys, also in the command's tip. Empty for none.
+void giveKeys(QAction &command, const QKeySequence &keys);
 
 } // namespace Board

@@ -23,7 +23,7 @@ FileCommands::FileCommands(Document &document, Canvas &canvas, QWidget &window)
     , m_canvas(canvas)
     , m_window(window)
 {
-    const CommandGroup group(tr("File"), window);
+    const CommandGroup group(fileGroup(), window);
     connect(group.add("open", tr("Open…"), QStringLiteral("Ctrl+O")), &QAction::triggered, this, &FileCommands::open);
     connect(group.add("save", tr("Save"), QStringLiteral("Ctrl+S")), &QAction::triggered, this, &FileCommands::save);
     connect(group.add("save-as", tr("Save as…"), QStringLiteral("Ctrl+Shift+S")), &QAction::triggered, this,

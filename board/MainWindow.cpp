@@ -4,10 +4,13 @@
 #include "CanvasCommands.h"
 #include "ColorRow.h"
 #include "CommandGroup.h"
+#include "CommandMenu.h"
 #include "FileCommands.h"
 #include "OptionControl.h"
 #include "PageCommands.h"
 #include "PageStrip.h"
+#include "ShortcutDialog.h"
+#include "Shortcuts.h"
 #include "Style.h"
 #include "ToolRail.h"
 #include "WidthControl.h"
@@ -70,6 +73,7 @@ MainWindow::MainWindow(const QSize &pageSize)
     grid->setRowStretch(1, 1);
     setCentralWidget(middle);
 
+    restoreKeys(*this);
     connectControls();
     showState();
     m_canvas->setFocus(); // so that no button starts with the ring of the keyboard around it
@@ -85,8 +89,10 @@ void MainWindow::addCommands()
     addCanvasCommands(*m_canvas, *this);
     m_undo = command("undo");
     m_redo = command("redo");
-    connect(CommandGroup(tr("File"), *this).add("quit", tr("Quit"), QStringLiteral("Ctrl+Q")), &QAction::triggered,
-            this, &MainWindow::close);
+    const CommandGroup group(boardGroup(), *this);
+    connect(group.add("shortcuts", tr("Keys…"), QStringLiteral("F1")), &QAction::triggered, this,
+            [this] { ShortcutDialog(*this).exec(); });
+    connect(group.add("quit", tr("Quit"), QStringLiteral("Ctrl+Q")), &QAction::triggered, this, &MainWindow::close);
 }
 
 QAction *MainWindow::command(const char *name) const
@@ -108,7 +114,7 @@ QWidget *MainWindow::makeBar(QWidget *parent)
     row->addSpacing(kGap);
     row->addWidget(m_width);
     row->addStretch(1);
-    for (const char *name : {"undo", "redo", "clear", "picture", "open", "save", "export"}) {
+    for (const char *name : {"undo", "redo", "clear"}) {
         auto *button = new QToolButton(bar);
         button->setDefaultAction(command(name));
         button->setToolButtonStyle(Qt::ToolButtonTextOnly);
@@ -116,6 +122,7 @@ QWidget *MainWindow::makeBar(QWidget *parent)
         button->setAccessibleName(button->text());
         row->addWidget(button);
     }
+    row->addWidget(new CommandMenu(*this, bar));
     return bar;
 }
 
@@ -153,7 +160,8 @@ void MainWindow::showState()
     m_undo->setEnabled(page.isBusy() || m_document.undoStack().canUndo());
     m_redo->setEnabled(m_document.undoStack().canRedo());
     const bool edited = page.isBusy() && !page.isForming();
-    m_hint->setText(edited ? tr("Drag a handle to change the object. Enter lets it go, Del deletes it.")
+    m_hint->setText(edited ? tr("Drag a handle to change the object. Enter lets it go, %1 deletes it.")
+                                 .arg(keysText(*command("delete")))
                            : tr("%1: %2.").arg(toolTitle(*m_tool), toolUsage(*m_tool)));
 }
 

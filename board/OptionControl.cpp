@@ -41,11 +41,23 @@ OptionControl::OptionControl(QWidget *parent)
         showValue(value);
         emit picked(value);
     });
-    const CommandGroup group(tr("Pen"), *window());
-    connect(group.add("less", tr("Less of the tool's option"), QStringLiteral(",")), &QAction::triggered, this,
-            [this] { step(-1); });
-    connect(group.add("more", tr("More of the tool's option"), QStringLiteral(".")), &QAction::triggered, this,
-            [this] { step(1); });
+    addCommands();
+}
+
+void OptionControl::addCommands()
+{
+    const CommandGroup group(tr("Pen"), *window(), CommandGroup::Place::Buttons);
+    m_less = group.add("less", tr("Less of the tool's option"), QStringLiteral(","));
+    m_more = group.add("more", tr("More of the tool's option"), QStringLiteral("."));
+    connect(m_less, &QAction::triggered, this, [this] { step(-1); });
+    connect(m_more, &QAction::triggered, this, [this] { step(1); });
+    connect(m_less, &QAction::changed, this, &OptionControl::showTip);
+    connect(m_more, &QAction::changed, this, &OptionControl::showTip);
+}
+
+void OptionControl::showTip()
+{
+    m_slider->setToolTip(tr("%1 (%2 less, %3 more)").arg(m_title->text(), keysText(*m_less), keysText(*m_more)));
 }
 
 void OptionControl::setTool(const Tool &tool)
@@ -58,7 +70,7 @@ void OptionControl::setTool(const Tool &tool)
     const QString title = optionTitle(*tool.option);
     m_title->setText(title);
     m_slider->setAccessibleName(title);
-    m_slider->setToolTip(tr("%1 (, less, . more)").arg(title));
+    showTip();
     {
         const QSignalBlocker blocker(m_slider); // the new range may move the old value
         m_slider->setRange(tool.option->min, tool.option->max);

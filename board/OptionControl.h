@@ -5,6 +5,7 @@
 
 #include <optional>
 
+class QAction;
 class QLabel;
 class QSlider;
 
@@ -32,6 +33,8 @@ signals:
     void picked(int value);
 
 private:
+    void addCommands();
+    void showTip();
     void showValue(int value);
 
     const Tool *m_tool{};
@@ -39,6 +42,8 @@ private:
     QLabel *m_title; // all three owned by this widget
     QSlider *m_slider;
     QLabel *m_text;
+    QAction *m_less{}; // both owned by the window
+    QAction *m_more{};
 };
 
 } // namespace Board

@@ -24,7 +24,7 @@ PageCommands::PageCommands(Document &document, Canvas &canvas, QWidget &window)
 {
     addPictureCommands();
     addPaperCommands();
-    const CommandGroup group(tr("File"), window);
+    const CommandGroup group(fileGroup(), window);
     connect(group.add("export", tr("Export…"), QStringLiteral("Ctrl+E")), &QAction::triggered, this,
             &PageCommands::askForExport);
     connect(group.add("print", tr("Print…"), QStringLiteral("Ctrl+P")), &QAction::triggered, this,

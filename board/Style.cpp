@@ -23,6 +23,28 @@ QString windowStyle()
         QToolButton:checked { background: #2563c9; color: #ffffff; }
         QToolButton:disabled { color: #a9b2be; }
         #bar QToolButton { padding: 8px 14px; font-size: 15px; }
+        #bar #menu { font-size: 20px; }
+        QToolButton::menu-indicator { image: none; }
+
+        QMenu { background: #ffffff; color: #27313d; font-size: 15px; border: 1px solid #c3ccd8; padding: 4px; }
+        QMenu::item { padding: 8px 28px 8px 16px; border-radius: 6px; }
+        QMenu::item:selected { background: #e3ecfb; }
+        QMenu::item:disabled { color: #a9b2be; }
+        QMenu::separator { height: 1px; background: #d9dee6; margin: 4px 8px; }
+
+        QDialog { background: #ffffff; }
+        QDialog QPushButton {
+            color: #27313d; background: #ffffff; font-size: 14px; padding: 7px 16px;
+            border: 1px solid #c3ccd8; border-radius: 8px;
+        }
+        QDialog QPushButton:hover { background: #eef2f8; }
+        QDialog QPushButton:pressed { background: #dfe6f1; }
+        QDialog QPushButton:focus { border: 2px solid #2563c9; padding: 6px 15px; }
+        QDialog QPushButton:disabled { color: #a9b2be; }
+        QDialog QLineEdit { font-size: 14px; padding: 6px 8px; border: 1px solid #c3ccd8; border-radius: 8px; }
+        QDialog QLineEdit:focus { border: 2px solid #2563c9; padding: 5px 7px; }
+        QDialog QTreeView { font-size: 14px; border: 1px solid #d9dee6; border-radius: 8px; }
+        QDialog QTreeView::item { padding: 3px 0; }
 
         QScrollBar:vertical { width: 12px; background: transparent; margin: 0; }
         QScrollBar::handle:vertical { background: #c3ccd8; border-radius: 4px; min-height: 32px; margin: 2px; }

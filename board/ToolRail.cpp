@@ -66,8 +66,8 @@ void ToolRail::fill(QGridLayout &grid)
 QToolButton *ToolRail::makeButton(const Tool &tool)
 {
     const QString title = toolTitle(tool);
-    QAction *action = m_actions->addAction(
-        CommandGroup(groupTitle(tool), *window()).add(tool.name, title, QLatin1String(tool.shortcut)));
+    const CommandGroup group(groupTitle(tool), *window(), CommandGroup::Place::Buttons);
+    QAction *action = m_actions->addAction(group.add(tool.name, title, QLatin1String(tool.shortcut)));
     action->setIcon(toolIcon(tool));
     action->setCheckable(true);
 

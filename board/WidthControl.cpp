@@ -59,7 +59,6 @@ WidthControl::WidthControl(QWidget *parent)
     m_slider->setMinimumWidth(kMinSliderWidth);
     m_slider->setMaximumWidth(kMaxSliderWidth);
     m_slider->setAccessibleName(tr("Pen width"));
-    m_slider->setToolTip(tr("Pen width ([ thinner, ] thicker)"));
     m_text->setFixedWidth(m_text->fontMetrics().horizontalAdvance(tr("%1 px").arg(kMaxInkWidth)) + 4);
 
     auto *row = new QHBoxLayout(this);
@@ -79,11 +78,17 @@ WidthControl::WidthControl(QWidget *parent)
 
 void WidthControl::addCommands()
 {
-    const CommandGroup group(tr("Pen"), *window());
-    connect(group.add("thinner", tr("Thinner"), QStringLiteral("[")), &QAction::triggered, this,
-            [this] { setInkWidth(inkWidth() - 1); });
-    connect(group.add("thicker", tr("Thicker"), QStringLiteral("]")), &QAction::triggered, this,
-            [this] { setInkWidth(inkWidth() + 1); });
+    const CommandGroup group(tr("Pen"), *window(), CommandGroup::Place::Buttons);
+    QAction *thinner = group.add("thinner", tr("Thinner"), QStringLiteral("["));
+    QAction *thicker = group.add("thicker", tr("Thicker"), QStringLiteral("]"));
+    connect(thinner, &QAction::triggered, this, [this] { setInkWidth(inkWidth() - 1); });
+    connect(thicker, &QAction::triggered, this, [this] { setInkWidth(inkWidth() + 1); });
+    const auto showTip = [this, thinner, thicker] {
+        m_slider->setToolTip(tr("Pen width (%1 thinner, %2 thicker)").arg(keysText(*thinner), keysText(*thicker)));
+    };
+    connect(thinner, &QAction::changed, this, showTip);
+    connect(thicker, &QAction::changed, this, showTip);
+    showTip();
 }
 
 int WidthControl::inkWidth() const
