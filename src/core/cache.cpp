@@ -8,7 +8,6 @@
 #include <QtGui/QPainter>
 
 #include <algorithm>
-#include <cmath>
 #include <memory>
 
 #ifdef Q_OS_UNIX
@@ -27,7 +26,6 @@ constexpr std::size_t kSpareBytes = 4096;
 constexpr int kTile = 32;             // pixels a side of what is composited or left out
 constexpr int kSmallPart = 128 * 128; // pixels in a clip; so few are composited as soon as looked at
 constexpr int kTilesKept = 256;       // a row of tiles up to 8 192 pixels wide needs no heap
-constexpr double kMaxShift = 1 << 20; // device pixels; beyond it nothing is to be gained
 
 struct Pages
 {
@@ -59,13 +57,6 @@ QImage imageOnPages(const QSize &size, void *(*map)(std::size_t))
     return {pixels, size.width(), size.height(), bytesPerLine, QImage::Format_ARGB32, unmapPages, pages.release()};
 }
 
-// A transparent pixel over one of these leaves it as it is. Plain ARGB32 rounds translucent pixels on the way.
-bool keepsPixelsUnderNothing(QImage::Format layer)
-{
-    return layer == QImage::Format_ARGB32_Premultiplied || layer == QImage::Format_RGB32 ||
-           layer == QImage::Format_RGB16 || layer == QImage::Format_RGB888;
-}
-
 // An event of a stroke shows so little that looking for ink does not pay.
 bool showsLittle(const QPainter &painter)
 {
@@ -75,22 +66,10 @@ bool showsLittle(const QPainter &painter)
     return clip.width() * clip.height() <= kSmallPart;
 }
 
-bool isWholeShift(const QTransform &transform)
-{
-    const auto isWhole = [](double shift) { return std::abs(shift) <= kMaxShift && shift == std::floor(shift); };
-    return transform.type() <= QTransform::TxTranslate && isWhole(transform.dx()) && isWhole(transform.dy());
-}
-
 // Whether parts of `pixels` at their own places give the pixels of one drawImage of all of it.
 bool fallsIntoParts(const QPainter &painter, const QImage &pixels, const QRect &canvas)
 {
-    const QPaintEngine *engine = painter.paintEngine();
-    if (!engine || engine->type() != QPaintEngine::Raster || engine->paintDevice()->devType() != QInternal::Image)
-        return false;
-    const auto *layer = static_cast<const QImage *>(engine->paintDevice());
-    const QTransform toDevice = painter.deviceTransform();
-    return painter.compositionMode() == QPainter::CompositionMode_SourceOver &&
-           keepsPixelsUnderNothing(layer->format()) && isWholeShift(toDevice) &&
+    return keepsWhatIsUnderNothing(painter) && isWholeShift(painter.deviceTransform()) &&
            pixels.format() == QImage::Format_ARGB32 && pixels.devicePixelRatioF() == 1.0 && canvas == pixels.rect() &&
            canvas.width() > 1;
 }

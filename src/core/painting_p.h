@@ -5,6 +5,7 @@
 #include "life_p.h"
 
 #include <QtGui/QImage>
+#include <QtGui/QPaintEngine>
 #include <QtGui/QPainter>
 #include <QtGui/QPen>
 #include <QtGui/QTransform>
@@ -64,6 +65,33 @@ inline QImage withAllColors(QImage image)
 inline void paintImage(QPainter &painter, const QRectF &target, const QImage &image, const QRectF &source)
 {
     painter.drawImage(target, withAllColors(image), source);
+}
+
+// Whether a transparent pixel leaves what is below it alone, to the last bit. On a plain ARGB32 image it does not:
+// translucent pixels there pass through their premultiplied form.
+inline bool keepsWhatIsUnderNothing(const QPainter &painter)
+{
+    const QPaintEngine *engine = painter.paintEngine(); // null where painting could not begin
+    if (!engine || engine->type() != QPaintEngine::Raster || engine->paintDevice()->devType() != QInternal::Image ||
+        painter.compositionMode() != QPainter::CompositionMode_SourceOver)
+        return false;
+    switch (static_cast<const QImage *>(engine->paintDevice())->format()) {
+    case QImage::Format_RGB32:
+    case QImage::Format_ARGB32_Premultiplied:
+    case QImage::Format_RGB16:
+    case QImage::Format_RGB888:
+        return true;
+    default:
+        return false;
+    }
+}
+
+// Whether an image keeps its pixels, moved by whole ones, and not so far that sums of them wrap.
+inline bool isWholeShift(const QTransform &transform)
+{
+    constexpr double kFar = 1 << 24; // device pixels
+    const auto isWhole = [](double shift) { return shift == std::floor(shift) && std::abs(shift) < kFar; };
+    return transform.type() <= QTransform::TxTranslate && isWhole(transform.dx()) && isWhole(transform.dy());
 }
 
 inline bool drawnByAnother(const CInkGraph &graph)
