@@ -44,7 +44,7 @@ private:
     const QCommandLineOption m_size{
         QStringLiteral("size"),
         tr("Pixels of the page, %1 a side and %2 in all at most. By default it is 1280x800 in the window, where it "
-           "grows with it, and as large as the largest FILE with --play.")
+           "grows with it, and as large as the largest FILE with --play. A lesson has its own.")
             .arg(kMaxPageSide)
             .arg(kMaxPagePixels),
         QStringLiteral("WxH")};
@@ -58,8 +58,10 @@ Reader::Reader()
     m_parser.setApplicationDescription(
         tr("A whiteboard for the classroom. It ends with 0, or with 2 after one line that says what is wrong."));
     m_parser.addOptions({m_play, m_png, m_export, m_tool, m_size, m_help, m_version});
-    m_parser.addPositionalArgument(QStringLiteral("FILE"), tr("A drawing of recorded strokes (JSON), for --play."),
-                                   QStringLiteral("[FILE...]"));
+    m_parser.addPositionalArgument(
+        QStringLiteral("FILE"),
+        tr("A lesson (.inkboard) to open in the window; with --play, drawings of recorded strokes (JSON)."),
+        QStringLiteral("[FILE...]"));
 }
 
 std::optional<CommandLine> Reader::read(const QStringList &arguments, QString &error)
@@ -105,8 +107,12 @@ QString Reader::readSize(CommandLine &line) const
 
 QString Reader::readWindow(CommandLine &line) const
 {
-    if (!m_parser.positionalArguments().isEmpty())
-        return tr("%1: files are only read with --play").arg(m_parser.positionalArguments().constFirst());
+    const QStringList files = m_parser.positionalArguments();
+    if (files.size() > 1)
+        return tr("%1: the window opens one lesson at a time").arg(files.at(1));
+    if (!files.isEmpty() && m_parser.isSet(m_size))
+        return tr("--size: a lesson has a size of its own");
+    line.lessonFile = files.value(0);
     if (m_parser.isSet(m_png))
         return tr("--png: only with --play; the window has --export");
     line.exportFile = m_parser.value(m_export);

@@ -21,6 +21,7 @@ struct CommandLine
     PlayOrder play;     // for Play
     const Tool *tool{}; // first tool of the window
     QSize pageSize;     // first size of the page in the window
+    QString lessonFile; // opened in the window; may be empty
     QString exportFile; // written when the window is closed; may be empty
     QString text;       // for ShowText
 };

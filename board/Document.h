@@ -60,7 +60,10 @@ public:
     // stays as it is. The file is not touched.
     QString open(const QString &fileName);
 
-    // The same for a journal that was left behind; the document is then one that was never saved.
+    // The same, but for a document that was never saved.
+    QString openCopy(const QString &fileName) { return load(fileName); }
+
+    // The same for a journal that was left behind; there is then something to save.
     QString recover(const QString &fileName);
 
     void discardJournal() { m_log.discardJournal(); }

@@ -3,12 +3,10 @@
 #include "Canvas.h"
 #include "CommandGroup.h"
 
-#include <QtCore/QFile>
-#include <QtCore/QFileInfo>
-#include <QtCore/QLocale>
 #include <QtWidgets/QAction>
 #include <QtWidgets/QFileDialog>
 #include <QtWidgets/QMessageBox>
+#include <QtWidgets/QPushButton>
 
 namespace Board {
 
@@ -22,9 +20,12 @@ FileCommands::FileCommands(Document &document, Canvas &canvas, QWidget &window)
     : m_document(document)
     , m_canvas(canvas)
     , m_window(window)
+    , m_recovery(document, window)
 {
     const CommandGroup group(fileGroup(), window);
     connect(group.add("open", tr("Open…"), QStringLiteral("Ctrl+O")), &QAction::triggered, this, &FileCommands::open);
+    connect(group.add("recover", tr("Unsaved lessons…"), QStringLiteral("Ctrl+Shift+O")), &QAction::triggered, this,
+            &FileCommands::recover);
     connect(group.add("save", tr("Save"), QStringLiteral("Ctrl+S")), &QAction::triggered, this, &FileCommands::save);
     connect(group.add("save-as", tr("Save as…"), QStringLiteral("Ctrl+Shift+S")), &QAction::triggered, this,
             &FileCommands::saveAs);
@@ -46,6 +47,8 @@ bool FileCommands::letGo()
     const auto answer =
         QMessageBox::question(&m_window, tr("The lesson has changed"), tr("Save the lesson before?"),
                               QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel, QMessageBox::Save);
+    if (answer == QMessageBox::Discard)
+        m_recovery.forget();
     return answer == QMessageBox::Discard || (answer == QMessageBox::Save && save());
 }
 
@@ -54,11 +57,39 @@ void FileCommands::open()
     if (!letGo())
         return;
     const QString fileName = QFileDialog::getOpenFileName(&m_window, tr("Open a lesson"), {}, tr(kFilter));
-    if (fileName.isEmpty())
-        return;
-    const QString problem = m_document.open(fileName);
+    if (!fileName.isEmpty())
+        openFile(fileName);
+}
+
+void FileCommands::openFile(const QString &fileName)
+{
+    const bool isFree = m_claim.mayHave(fileName);
+    const QString problem = isFree ? m_document.open(fileName) : m_document.openCopy(fileName);
     if (!problem.isEmpty())
         warn(tr("The lesson could not be read to its end"), problem);
+    else if (!isFree)
+        warn(tr("The lesson is open in another window"),
+             tr("%1: it is open in another window of the board. This is a copy: save it under another name.")
+                 .arg(fileName));
+    claimFile();
+}
+
+// None for a document that was not saved yet.
+void FileCommands::claimFile()
+{
+    if (m_document.fileName().isEmpty())
+        m_claim.release();
+    else
+        m_claim.take(m_document.fileName());
+}
+
+void FileCommands::recover()
+{
+    const QString journal = m_recovery.choose();
+    if (journal.isEmpty() || !letGo())
+        return;
+    m_recovery.open(journal);
+    claimFile();
 }
 
 bool FileCommands::save()
@@ -76,37 +107,36 @@ bool FileCommands::saveAs()
 bool FileCommands::saveTo(const QString &fileName)
 {
     m_canvas.finish();
-    const QString problem = m_document.save(fileName);
+    const QString problem =
+        m_claim.mayHave(fileName)
+            ? m_document.save(fileName)
+            : tr("%1: it is open in another window of the board. Save under another name.").arg(fileName);
     if (!problem.isEmpty())
-        warn(tr("The lesson was not saved"), problem);
-    return problem.isEmpty();
+        return saveElsewhere(problem);
+    claimFile();
+    m_recovery.forget();
+    return true;
 }
 
-void FileCommands::startJournal(const QString &folder)
+bool FileCommands::saveElsewhere(const QString &problem)
 {
-    offerRecovery(folder);
+    QMessageBox box(QMessageBox::Warning, tr("The lesson was not saved"), problem,
+                    QMessageBox::Save | QMessageBox::Cancel, &m_window);
+    box.button(QMessageBox::Save)->setText(tr("Save elsewhere…"));
+    return box.exec() == QMessageBox::Save && saveAs();
+}
+
+void FileCommands::startJournal(const QString &folder, const QString &lessonFile)
+{
+    m_claim.setFolder(folder);
+    m_recovery.setFolder(folder);
+    if (!lessonFile.isEmpty())
+        openFile(lessonFile);
+    m_recovery.offer();
+    claimFile(); // of a lesson that was opened again there is none
     const QString problem = m_document.keepJournal(folder);
     if (!problem.isEmpty())
         warn(tr("The lesson is not safe"), problem);
-}
-
-// The journal stays until the lesson in it was offered and answered for; the new journal holds it again.
-void FileCommands::offerRecovery(const QString &folder)
-{
-    for (const QString &journal : Log::abandoned(folder)) {
-        const QString time = QLocale().toString(QFileInfo(journal).lastModified(), QLocale::LongFormat);
-        const auto answer =
-            QMessageBox::question(&m_window, tr("A lesson was not closed"),
-                                  tr("The lesson of %1 ended without being saved. Open it again?").arg(time),
-                                  QMessageBox::Yes | QMessageBox::Discard | QMessageBox::Ignore, QMessageBox::Yes);
-        if (answer == QMessageBox::Discard)
-            QFile::remove(journal);
-        if (answer != QMessageBox::Yes)
-            continue;
-        m_document.recover(journal); // its last line may be cut off, which is what recovery is for
-        QFile::rename(journal, journal + QStringLiteral(".recovered"));
-        return;
-    }
 }
 
 } // namespace Board

@@ -1,5 +1,8 @@
 #pragma once
 
+#include "FileClaim.h"
+#include "Recovery.h"
+
 #include <QtCore/QObject>
 
 class QWidget;
@@ -19,23 +22,29 @@ public:
     FileCommands(Document &document, Canvas &canvas, QWidget &window);
 
     void open();
+    void openFile(const QString &fileName); // in the place of the document, which is not asked about
+    void recover();                         // one of the unsaved lessons
     bool save(); // true once the document is written
     bool saveAs();
 
     // Asks what is to become of changes. False when the person wants to go on with them.
     bool letGo();
 
-    // Offers what a board that ended by itself has left in `folder`, and keeps a journal there from now on.
-    void startJournal(const QString &folder);
+    // Opens the lesson, if one is named, offers what a board that ended by itself has left in `folder`, and keeps a
+    // journal there from now on.
+    void startJournal(const QString &folder, const QString &lessonFile = {});
 
 private:
     bool saveTo(const QString &fileName);
-    void offerRecovery(const QString &folder);
+    bool saveElsewhere(const QString &problem);
+    void claimFile();
     void warn(const QString &title, const QString &problem);
 
     Document &m_document;
     Canvas &m_canvas;
     QWidget &m_window;
+    FileClaim m_claim; // to the file of the document
+    Recovery m_recovery;
 };
 
 } // namespace Board

@@ -51,7 +51,10 @@ int showWindow(const CommandLine &line)
     window.show();
     if (line.exportFile.isEmpty()) // or a script runs it
         window.files().startJournal(QStandardPaths::writableLocation(QStandardPaths::AppDataLocation) +
-                                    QStringLiteral("/journals"));
+                                        QStringLiteral("/journals"),
+                                    line.lessonFile);
+    else if (!line.lessonFile.isEmpty())
+        window.files().openFile(line.lessonFile);
     QApplication::exec();
     return ended(line.exportFile.isEmpty() ? QString() : window.exportPage(line.exportFile));
 }

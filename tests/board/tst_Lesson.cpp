@@ -11,6 +11,7 @@
 #include <QtWidgets/QLineEdit>
 #include <QtWidgets/QListWidget>
 #include <QtWidgets/QMessageBox>
+#include <QtWidgets/QPushButton>
 
 using namespace Board;
 
@@ -41,6 +42,19 @@ void answer(QMessageBox::StandardButton button)
     whenAsked<QMessageBox>([button](QMessageBox &box) { box.button(button)->click(); });
 }
 
+// A lesson of one page of ruled paper, by a board that ended by itself.
+void leaveBehind(const QString &folder)
+{
+    Document document(QSize(600, 400));
+    QCOMPARE(document.keepJournal(folder), QString());
+    document.page().setPaper({Paper::Kind::Ruled, {}});
+}
+
+int kept(const QString &folder)
+{
+    return int(QDir(folder).entryList({QStringLiteral("*.inkboard.kept")}, QDir::Files).size());
+}
+
 } // namespace
 
 // A whole lesson in the window: pages, saving, opening and what is left behind.
@@ -61,6 +75,13 @@ private slots:
     void changesThePaper();
     void exportsBySuffix();
     void offersALessonThatWasNotClosed();
+    void forgetsALessonThatIsNotWanted();
+    void keepsALessonForLater();
+    void listsUnsavedLessons();
+    void saysThatALessonWasRecoveredInPart();
+    void opensTheLessonThatIsNamed();
+    void opensACopyOfWhatIsOpenElsewhere();
+    void savesElsewhereWhereAFolderIsReadOnly();
     void leavesNoJournalWhenClosed();
 
 private:
@@ -226,18 +247,8 @@ void tst_Lesson::exportsBySuffix()
 void tst_Lesson::offersALessonThatWasNotClosed()
 {
     const QString folder = path("journals");
-    {
-        Document document(QSize(600, 400));
-        QCOMPARE(document.keepJournal(folder), QString());
-        document.page().setPaper({Paper::Kind::Ruled, {}});
-    }
+    leaveBehind(folder);
     QCOMPARE(Log::abandoned(folder).size(), 1);
-    answer(QMessageBox::Ignore);
-    m_window->files().startJournal(folder);
-    QCOMPARE(pixel(300, 32), 0xFFFFFFFFU);
-    QCOMPARE(Log::abandoned(folder).size(), 1); // still there
-
-    m_window = std::make_unique<MainWindow>(QSize(600, 400));
     answer(QMessageBox::Yes);
     m_window->files().startJournal(folder);
     QCOMPARE(pixel(300, 32), 0xFFCBD8EAU);
@@ -245,6 +256,211 @@ void tst_Lesson::offersALessonThatWasNotClosed()
     QFile journal(document().log().journalName());
     QVERIFY(journal.open(QIODevice::ReadOnly));
     QVERIFY(journal.readAll().contains("\"ruled\"")); // safe again
+
+    QCOMPARE(kept(folder), 1); // until it is saved
+    chooseFile(path("safe.inkboard"));
+    trigger("save");
+    QCOMPARE(kept(folder), 0);
+}
+
+void tst_Lesson::forgetsALessonThatIsNotWanted()
+{
+    const QString folder = path("unwanted");
+    leaveBehind(folder);
+    answer(QMessageBox::Discard);
+    m_window->files().startJournal(folder);
+    QCOMPARE(pixel(300, 32), 0xFFFFFFFFU);
+    QCOMPARE(Log::abandoned(folder).size(), 0);
+    QCOMPARE(kept(folder), 0);
+
+    m_window = std::make_unique<MainWindow>(QSize(600, 400));
+    leaveBehind(folder);
+    answer(QMessageBox::Yes);
+    m_window->files().startJournal(folder);
+    answer(QMessageBox::Discard);
+    QVERIFY(m_window->close());
+    QCOMPARE(kept(folder), 0);
+}
+
+void tst_Lesson::keepsALessonForLater()
+{
+    const QString folder = path("later");
+    leaveBehind(folder);
+    leaveBehind(folder);
+    whenAsked<QMessageBox>([](QMessageBox &box) {
+        answer(QMessageBox::Ignore);
+        box.button(QMessageBox::Ignore)->click();
+    });
+    m_window->files().startJournal(folder);
+    QCOMPARE(pixel(300, 32), 0xFFFFFFFFU);
+    QCOMPARE(kept(folder), 2);
+    m_window = std::make_unique<MainWindow>(QSize(600, 400));
+    m_window->files().startJournal(folder); // asks no more
+    QCOMPARE(kept(folder), 2);
+}
+
+void tst_Lesson::listsUnsavedLessons()
+{
+    const QString folder = path("listed");
+    m_window->files().startJournal(folder);
+    whenAsked<QMessageBox>([](QMessageBox &box) {
+        QCOMPARE(box.text(), QStringLiteral("There are none."));
+        box.accept();
+    });
+    trigger("recover");
+
+    leaveBehind(folder);
+    leaveBehind(folder);
+    leaveBehind(folder);
+    int listed = 0;
+    whenAsked<QDialog>([&](QDialog &dialog) {
+        dialog.findChild<QPushButton *>(QStringLiteral("delete"))->click();
+        listed = dialog.findChild<QListWidget *>()->count();
+        dialog.reject();
+    });
+    trigger("recover");
+    QCOMPARE(listed, 2);
+    QCOMPARE(Log::abandoned(folder).size(), 2);
+
+    drawLine(60);
+    whenAsked<QDialog>([](QDialog &dialog) {
+        answer(QMessageBox::Cancel); // to the loss of the line
+        dialog.accept();
+    });
+    trigger("recover");
+    QVERIFY(hasLine(60));
+    whenAsked<QDialog>([](QDialog &dialog) {
+        answer(QMessageBox::Discard);
+        dialog.accept();
+    });
+    trigger("recover");
+    QCOMPARE(pixel(300, 32), 0xFFCBD8EAU);
+    QCOMPARE(Log::abandoned(folder).size(), 1);
+    whenAsked<QDialog>([&](QDialog &dialog) {
+        listed = dialog.findChild<QListWidget *>()->count();
+        dialog.findChild<QPushButton *>(QStringLiteral("delete"))->click(); // the last ends the list
+    });
+    trigger("recover");
+    QCOMPARE(listed, 1); // not the one that is open
+    QCOMPARE(Log::abandoned(folder).size(), 0);
+    QCOMPARE(kept(folder), 1);
+    m_window->setAsksBeforeClosing(false);
+}
+
+// The middle of a journal is broken, which is not what the end of a program does.
+void tst_Lesson::saysThatALessonWasRecoveredInPart()
+{
+    const QString folder = path("broken");
+    leaveBehind(folder);
+    const QString journal = Log::abandoned(folder).constFirst();
+    QFile file(journal);
+    QVERIFY(file.open(QIODevice::Append));
+    file.write("nonsense\n");
+    file.close();
+    whenAsked<QMessageBox>([&](QMessageBox &box) {
+        whenAsked<QMessageBox>([&](QMessageBox &warning) {
+            QCOMPARE(warning.text(), journal + ": line 3: do: nothing that can be done");
+            warning.accept();
+        });
+        box.button(QMessageBox::Yes)->click();
+    });
+    m_window->files().startJournal(folder);
+    QCOMPARE(pixel(300, 32), 0xFFCBD8EAU);
+    QCOMPARE(kept(folder), 1);
+    m_window->setAsksBeforeClosing(false);
+}
+
+void tst_Lesson::opensTheLessonThatIsNamed()
+{
+    drawLine(60);
+    QCOMPARE(document().save(path("named.inkboard")), QString());
+    m_window = std::make_unique<MainWindow>(QSize(600, 400));
+    m_window->files().startJournal(path("named"), path("named.inkboard"));
+    QVERIFY(hasLine(60));
+    QVERIFY(document().isSaved());
+    QCOMPARE(document().fileName(), path("named.inkboard"));
+
+    m_window = std::make_unique<MainWindow>(QSize(600, 400));
+    whenAsked<QMessageBox>([&](QMessageBox &box) {
+        QCOMPARE(box.text(), path("missing.inkboard") + ": cannot be read: No such file or directory");
+        box.accept();
+    });
+    m_window->files().startJournal(path("unnamed"), path("missing.inkboard"));
+    QVERIFY(!hasLine(60));
+}
+
+void tst_Lesson::opensACopyOfWhatIsOpenElsewhere()
+{
+    const QString file = path("shared.inkboard");
+    const QString folder = path("shared");
+    drawLine(60);
+    QCOMPARE(document().save(file), QString());
+    m_window->files().startJournal(folder, file);
+
+    MainWindow second(QSize(600, 400));
+    second.show();
+    whenAsked<QMessageBox>([&](QMessageBox &box) {
+        QCOMPARE(box.text(), file + ": it is open in another window of the board. This is a copy: save it under "
+                                    "another name.");
+        box.accept();
+    });
+    second.files().startJournal(folder, file);
+    QCOMPARE(second.document().page().items().size(), std::size_t(1));
+    QVERIFY(second.document().isSaved());
+    QCOMPARE(second.document().fileName(), QString());
+
+    second.document().page().setPaper({Paper::Kind::Ruled, {}});
+    const auto chosen = [](const QString &fileName) {
+        whenAsked<QFileDialog>([fileName](QFileDialog &dialog) {
+            dialog.setOption(QFileDialog::DontConfirmOverwrite);
+            dialog.findChild<QLineEdit *>()->setText(fileName);
+            QMetaObject::invokeMethod(&dialog, "accept");
+        });
+    };
+    whenAsked<QFileDialog>([&](QFileDialog &dialog) {
+        whenAsked<QMessageBox>([&](QMessageBox &box) {
+            QCOMPARE(box.text(), file + ": it is open in another window of the board. Save under another name.");
+            chosen(path("copy.inkboard"));
+            box.button(QMessageBox::Save)->click();
+        });
+        dialog.setOption(QFileDialog::DontConfirmOverwrite);
+        dialog.findChild<QLineEdit *>()->setText(file);
+        QMetaObject::invokeMethod(&dialog, "accept");
+    });
+    QVERIFY(second.files().save());
+    QCOMPARE(second.document().fileName(), path("copy.inkboard"));
+    trigger("save"); // the first's, which nobody has changed
+    QVERIFY(document().isSaved());
+
+    m_window.reset(); // and the file is free
+    second.files().openFile(file);
+    QCOMPARE(second.document().fileName(), file);
+}
+
+// /sys takes no files, not even from its owner.
+void tst_Lesson::savesElsewhereWhereAFolderIsReadOnly()
+{
+    drawLine(60);
+    whenAsked<QFileDialog>([&](QFileDialog &dialog) {
+        whenAsked<QMessageBox>([&](QMessageBox &box) {
+            QCOMPARE(box.text(), QStringLiteral("/sys/lesson.inkboard: cannot be written: Permission denied"));
+            chooseFile(path("elsewhere.inkboard"));
+            box.button(QMessageBox::Save)->click();
+        });
+        dialog.findChild<QLineEdit *>()->setText(QStringLiteral("/sys/lesson.inkboard"));
+        QMetaObject::invokeMethod(&dialog, "accept");
+    });
+    QVERIFY(m_window->files().save());
+    QVERIFY(document().isSaved());
+    QCOMPARE(document().fileName(), path("elsewhere.inkboard"));
+
+    drawLine(90);
+    whenAsked<QMessageBox>([](QMessageBox &box) { box.button(QMessageBox::Cancel)->click(); });
+    QVERIFY(QFile::remove(path("elsewhere.inkboard")));
+    QVERIFY(QDir().mkdir(path("elsewhere.inkboard"))); // so that it cannot be written
+    QVERIFY(!m_window->files().save());
+    QVERIFY(!document().isSaved());
+    QVERIFY(hasLine(90));
     m_window->setAsksBeforeClosing(false);
 }
 

@@ -185,7 +185,8 @@ void tst_play::sayWhatIsWrong_data()
         "--size 16384x16384: a page has at most 67108864 pixels in all");
     row("--play --png out.png --export page.png red.json", "--export: only in the window; --play has --png");
     row("--play --png out.png --loud red.json", "Unknown option 'loud'.");
-    row("-platform offscreen red.json", "red.json: files are only read with --play");
+    row("-platform offscreen a.inkboard b.inkboard", "b.inkboard: the window opens one lesson at a time");
+    row("-platform offscreen --size 50x40 a.inkboard", "--size: a lesson has a size of its own");
     row("-platform offscreen --png out.png", "--png: only with --play; the window has --export");
     row("-platform offscreen --export=", "--export: the file name is missing");
 }
