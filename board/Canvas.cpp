@@ -77,6 +77,7 @@ Canvas::Canvas(Document &document, QWidget *parent)
     setCursor(Qt::CrossCursor);
     setAccessibleName(tr("Page"));
     m_scattering.setInterval(kScatterInterval);
+    connect(&m_laser, &LaserPen::changed, this, [this](const QRect &area) { update(area); });
     connect(&m_scattering, &QTimer::timeout, this, &Canvas::scatter);
     connect(&m_document, &Document::currentChanged, this, &Canvas::showDocument);
 }
@@ -332,6 +333,8 @@ bool Canvas::press(Device device, const QPointF &pos)
             pick(page().topmostAt(m_last));
         else if (m_tool->use == Use::Removes)
             removeAt(m_last);
+        else if (m_tool->use == Use::Points)
+            m_laser.press(m_last, m_ink);
         if (m_tool->use != Use::Draws)
             return true;
         m_edit = m_tool->edit;
@@ -364,6 +367,7 @@ void Canvas::move(Device device, const QPointF &pos)
         update(); // the frame follows
         return;
     }
+    m_laser.move(pt);
     if (m_tapping && m_tool->tapsWithOnePoint)
         return;
     if (m_tool->scatters)
@@ -392,6 +396,7 @@ void Canvas::release(Device device, const QPointF &pos)
         return;
     const QPoint pt = snapped(pixelAt(pos));
     m_device = Device::None;
+    m_laser.release();
     if (m_picked != 0)
         endPicking(pt - m_press);
     else
@@ -422,6 +427,7 @@ void Canvas::paintEvent(QPaintEvent *event)
         painter.setPen(QPen(QColor(kAccentColor), 1, Qt::DashLine));
         painter.drawRect(item->object->m_rcHot.translated(m_device == Device::None ? QPoint() : m_last - m_press));
     }
+    m_laser.paint(painter);
 }
 
 void Canvas::resizeEvent(QResizeEvent * /*event*/)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Document.h"
+#include "LaserPen.h"
 #include "Scatter.h"
 #include "Tools.h"
 
@@ -116,6 +117,7 @@ private:
     int m_finger{-1};
     bool m_tapping{};                  // pressed and not moved since
     QCursor m_cursor{Qt::CrossCursor}; // beside an object
+    LaserPen m_laser;
     Scatter m_scatter;
     QTimer m_scattering;
 };

@@ -49,8 +49,9 @@ enum class Snap {
 // What a press on the page does.
 enum class Use {
     Draws,
-    Picks,  // an object that is there, to be changed
-    Removes // objects that are there
+    Picks,   // an object that is there, to be changed
+    Removes, // objects that are there
+    Points   // with ink that disappears
 };
 
 using Gesture = std::vector<QPoint>; // from the press to the release

@@ -44,6 +44,19 @@ void paintCrossedBox(QPainter &painter, const QColor &color)
     painter.drawLine(28, 5, 17, 16);
 }
 
+// A dot with rays, and what is left of its trail.
+void paintLaser(QPainter &painter, const QColor &color)
+{
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(color);
+    painter.drawEllipse(QPointF(20, 12), 4, 4);
+    const QPointF trail[] = {{20, 16}, {16, 12}, {4, 28}};
+    painter.drawPolygon(trail, 3);
+    painter.setPen(QPen(color, 2, Qt::SolidLine, Qt::RoundCap));
+    for (const QLine &ray : {QLine(20, 3, 20, 5), QLine(26, 6, 27, 5), QLine(27, 12, 29, 12), QLine(26, 18, 27, 19)})
+        painter.drawLine(ray);
+}
+
 // A tilted bucket and the drop that falls from it.
 void paintBucket(QPainter &painter, const QColor &color)
 {
@@ -133,6 +146,14 @@ Tool remove()
     return row;
 }
 
+Tool laser()
+{
+    Tool row = tool("laser", QT_TRANSLATE_NOOP("Board::Tool", "Laser pen"), "Z", plain<NoObject>, paintLaser);
+    row.usage = QT_TRANSLATE_NOOP("Board::Tool", "drag to point at something; the ink disappears");
+    row.use = Use::Points;
+    return row;
+}
+
 Tool fill()
 {
     Tool row = tool("fill", QT_TRANSLATE_NOOP("Board::Tool", "Fill"), "Shift+F", onCanvas<CInkFloodFill>, paintBucket);
@@ -163,7 +184,7 @@ Tool text()
 
 std::vector<Tool> rasterTools()
 {
-    return {pick(), select(), remove(), fill(), text()};
+    return {pick(), select(), remove(), fill(), text(), laser()};
 }
 
 } // namespace Board

@@ -79,7 +79,8 @@ void tst_Tools::knowsEveryToolByName()
                              "cloud-label",
                              "heart",
                              "fill",
-                             "text"}) {
+                             "text",
+                             "laser"}) {
         QVERIFY2(findTool(QString::fromLatin1(name)), name);
         QVERIFY2(toolNames().split(QStringLiteral(", ")).contains(QString::fromLatin1(name)), name);
     }
