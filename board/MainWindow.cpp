@@ -76,6 +76,7 @@ MainWindow::MainWindow(const QSize &pageSize)
     restoreKeys(*this);
     connectControls();
     showState();
+    setFocusProxy(m_canvas);
     m_canvas->setFocus(); // so that no button starts with the ring of the keyboard around it
     resize(sizeHint().boundedTo(screen()->availableSize())); // Qt alone takes two thirds of the screen at most
 }
@@ -89,6 +90,7 @@ void MainWindow::addCommands()
     addCanvasCommands(*m_canvas, *this);
     m_undo = command("undo");
     m_redo = command("redo");
+    m_rail->add(*command("picture"), groupTitle(*findTool(QStringLiteral("text"))));
     const CommandGroup group(boardGroup(), *this);
     connect(group.add("shortcuts", tr("Keys…"), QStringLiteral("F1")), &QAction::triggered, this,
             [this] { ShortcutDialog(*this).exec(); });

@@ -4,6 +4,7 @@
 #include "CommandGroup.h"
 #include "PageOutput.h"
 #include "PictureFile.h"
+#include "ToolIcon.h"
 
 #include <QtCore/QMimeData>
 #include <QtGui/QClipboard>
@@ -34,8 +35,9 @@ PageCommands::PageCommands(Document &document, Canvas &canvas, QWidget &window)
 void PageCommands::addPictureCommands()
 {
     const CommandGroup group(tr("Pictures"), m_window);
-    connect(group.add("picture", tr("Picture…"), QStringLiteral("Ctrl+I")), &QAction::triggered, this,
-            &PageCommands::askForPicture);
+    QAction *picture = group.add("picture", tr("Picture…"), QStringLiteral("Ctrl+I"));
+    picture->setIcon(pictureIcon());
+    connect(picture, &QAction::triggered, this, &PageCommands::askForPicture);
     connect(group.add("copy", tr("Copy the page"), QStringLiteral("Ctrl+C")), &QAction::triggered, this,
             &PageCommands::copy);
     connect(group.add("paste", tr("Paste a picture"), QStringLiteral("Ctrl+V")), &QAction::triggered, this,

@@ -91,6 +91,23 @@ QImage sampleInk(const Tool &tool, const QColor &color)
     return tool.iconWhileEdited ? editedSample(tool, ink) : committedSample(tool, ink);
 }
 
+// The sun over two mountains, in a frame.
+QIcon pictureIcon()
+{
+    QPixmap pixmap(kSampleSize);
+    pixmap.fill(Qt::transparent);
+    QPainter painter(&pixmap);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(QColor(kTextColor), 2, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    painter.drawRoundedRect(4, 6, 24, 20, 3, 3);
+    painter.setBrush(QColor(kTextColor));
+    painter.drawEllipse(QPoint(22, 12), 2, 2);
+    const QPointF mountains[] = {{5, 25}, {12, 15}, {17, 21}, {20, 18}, {27, 25}};
+    painter.drawPolygon(mountains, 5);
+    painter.end();
+    return pixmap;
+}
+
 QIcon toolIcon(const Tool &tool)
 {
     QIcon icon;

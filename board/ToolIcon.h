@@ -12,4 +12,7 @@ QImage sampleInk(const Tool &tool, const QColor &color);
 // With a lighter picture for the button that is switched on. A tool that leaves no mark shows a dotted line.
 QIcon toolIcon(const Tool &tool);
 
+// Of the command that puts a picture on the page.
+QIcon pictureIcon();
+
 } // namespace Board

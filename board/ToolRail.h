@@ -1,18 +1,26 @@
 #pragma once
 
-#include <QtWidgets/QScrollArea>
+#include <QtCore/QHash>
+#include <QtWidgets/QWidget>
 
+#include <vector>
+
+class QAction;
 class QActionGroup;
 class QGridLayout;
+class QLabel;
+class QLineEdit;
+class QScrollArea;
 class QToolButton;
 
 namespace Board {
 
+class ArrowKeys;
 struct Tool;
 
-// The palette of tools: a button each under the heading of its group, one of them switched on. It scrolls where the
-// window is too low for all of them.
-class ToolRail : public QScrollArea
+// The palette of tools: a button each under the heading of its group, one of them switched on, and a field to search
+// them by name. It scrolls where the window is too low for all of them.
+class ToolRail : public QWidget
 {
     Q_OBJECT
 
@@ -21,16 +29,41 @@ public:
 
     void choose(const Tool &tool);
 
+    // Gives a command a button among the tools of a group.
+    void add(QAction &command, const QString &group);
+
     QSize sizeHint() const override;
 
 signals:
     void chosen(const Tool &tool);
 
-private:
-    void fill(QGridLayout &grid);
-    QToolButton *makeButton(const Tool &tool);
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+    void showEvent(QShowEvent *event) override;
 
-    QActionGroup *m_actions; // owned by this widget
+private:
+    struct Entry
+    {
+        QToolButton *button;
+        QString group;
+        QString words; // that find it
+    };
+
+    void makeSearch();
+    void addTool(const Tool &tool);
+    QToolButton *makeButton(QAction &action) const;
+    QLabel *heading(const QString &group);
+    void layOut();
+    void leaveSearch();
+
+    std::vector<Entry> m_entries; // of one group after the other
+    QHash<QString, QLabel *> m_headings;
+    QActionGroup *m_actions; // all owned by this widget
+    ArrowKeys *m_keys;
+    QLineEdit *m_search;
+    QScrollArea *m_scroll;
+    QGridLayout *m_grid;
+    QLabel *m_nothing;
 };
 
 } // namespace Board

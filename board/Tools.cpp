@@ -19,7 +19,7 @@ constexpr unsigned int kLoopback = 0x7F000001; // 127.0.0.1
 std::vector<Tool> makeTable()
 {
     std::vector<Tool> table;
-    for (const auto group : {pens, shapes, stencils, rasterTools}) {
+    for (const auto group : {pens, rasterTools, shapes, stencils}) {
         std::vector<Tool> members = group();
         std::move(members.begin(), members.end(), std::back_inserter(table));
     }

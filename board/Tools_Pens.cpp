@@ -5,14 +5,11 @@
 #include "CInkBrush.h"
 #include "CInkColorBrush.h"
 #include "CInkCrayon.h"
-#include "CInkEraser.h"
 #include "CInkFlatBrush.h"
 #include "CInkHighLightPen.h"
 #include "CInkPencil.h"
 #include "CInkSprayGun.h"
 #include "CInkWaterColorPen.h"
-
-#include <QtGui/QPainter>
 
 namespace Board {
 
@@ -26,24 +23,6 @@ void setOpacity(CInkGraph &object, int percent)
 void setNibAngle(CInkGraph &object, int degrees)
 {
     static_cast<CInkFlatBrush &>(object).m_fNibAngle = float(degrees);
-}
-
-// The background along the eraser's path.
-void paintErased(QPainter &painter, CInkGraph &object, const QImage &background)
-{
-    QImage shown(background.size(), QImage::Format_ARGB32_Premultiplied);
-    shown.fill(Qt::transparent);
-    QImage paper = background;
-    QImage pageLayer(1, 1, QImage::Format_RGB32); // page and ink are not wanted
-    QImage inkLayer(1, 1, QImage::Format_RGB32);
-    {
-        QPainter page(&pageLayer);
-        QPainter surface(&shown);
-        QPainter under(&paper);
-        QPainter ink(&inkLayer);
-        object.Draw(page, surface, under, ink, shown.rect(), 0, 0);
-    }
-    painter.drawImage(0, 0, shown);
 }
 
 Tool pen(const char *name, const char *title, const char *shortcut, decltype(Tool::create) create, Gesture sample)
@@ -122,18 +101,6 @@ Tool sprayGun()
     return tool;
 }
 
-Tool eraser()
-{
-    const Gesture sample{{8, 20}, {14, 12}, {18, 20}, {24, 12}};
-    Tool tool = pen("eraser", QT_TRANSLATE_NOOP("Board::Tool", "Eraser"), "X", plain<CInkEraser>, sample);
-    tool.sampleWidth = 5;
-    tool.sampleOnInk = true;
-    tool.paintFlat = paintErased;
-    tool.cursorShowsWidth = true;
-    tool.tapsWithOnePoint = true;
-    return tool;
-}
-
 } // namespace
 
 std::vector<Tool> pens()
@@ -147,7 +114,6 @@ std::vector<Tool> pens()
         crayon(),
         waterColorPen(),
         sprayGun(),
-        eraser(),
     };
 }
 

@@ -3,6 +3,7 @@
 #include "Life.h"
 #include "TextEditor.h"
 
+#include "CInkEraser.h"
 #include "CInkFloodFill.h"
 #include "CInkRgnSelect.h"
 #include "CInkText.h"
@@ -13,6 +14,8 @@
 namespace Board {
 
 namespace {
+
+constexpr const char *kPlaced = QT_TRANSLATE_NOOP("Board::Tool", "Pictures and text");
 
 // For tools that draw none.
 class NoObject : public CInkGraph
@@ -116,6 +119,24 @@ void paintFilled(QPainter &painter, CInkGraph &object, const QImage & /*backgrou
         painter.drawImage(0, 0, *object.m_pImage);
 }
 
+// The background along the eraser's path.
+void paintErased(QPainter &painter, CInkGraph &object, const QImage &background)
+{
+    QImage shown(background.size(), QImage::Format_ARGB32_Premultiplied);
+    shown.fill(Qt::transparent);
+    QImage paper = background;
+    QImage pageLayer(1, 1, QImage::Format_RGB32); // page and ink are not wanted
+    QImage inkLayer(1, 1, QImage::Format_RGB32);
+    {
+        QPainter page(&pageLayer);
+        QPainter surface(&shown);
+        QPainter under(&paper);
+        QPainter ink(&inkLayer);
+        object.Draw(page, surface, under, ink, shown.rect(), 0, 0);
+    }
+    painter.drawImage(0, 0, shown);
+}
+
 ObjectEditor *editText(CInkGraph &object, QWidget *parent)
 {
     return new TextEditor(static_cast<CInkText &>(object), parent);
@@ -124,7 +145,7 @@ ObjectEditor *editText(CInkGraph &object, QWidget *parent)
 Tool tool(const char *name, const char *title, const char *shortcut, decltype(Tool::create) create,
           decltype(Tool::paintIcon) paintIcon)
 {
-    Tool row{name, title, shortcut, create, {}, QT_TRANSLATE_NOOP("Board::Tool", "Tools")};
+    Tool row{name, title, shortcut, create, {}, QT_TRANSLATE_NOOP("Board::Tool", "Erase, fill, select")};
     row.paintIcon = paintIcon;
     return row;
 }
@@ -154,6 +175,18 @@ Tool laser()
     return row;
 }
 
+Tool eraser()
+{
+    Tool row = tool("eraser", QT_TRANSLATE_NOOP("Board::Tool", "Eraser"), "X", plain<CInkEraser>, nullptr);
+    row.sample = {{{8, 20}, {14, 12}, {18, 20}, {24, 12}}};
+    row.sampleWidth = 5;
+    row.sampleOnInk = true;
+    row.paintFlat = paintErased;
+    row.cursorShowsWidth = true;
+    row.tapsWithOnePoint = true;
+    return row;
+}
+
 Tool fill()
 {
     Tool row = tool("fill", QT_TRANSLATE_NOOP("Board::Tool", "Fill"), "Shift+F", onCanvas<CInkFloodFill>, paintBucket);
@@ -176,6 +209,7 @@ Tool text()
 {
     Tool row = tool("text", QT_TRANSLATE_NOOP("Board::Tool", "Text"), "Shift+A", plain<CInkText>, paintLetter);
     row.usage = QT_TRANSLATE_NOOP("Board::Tool", "drag a frame on the page to write in");
+    row.group = kPlaced;
     row.edit = editText;
     return row;
 }
@@ -184,7 +218,7 @@ Tool text()
 
 std::vector<Tool> rasterTools()
 {
-    return {pick(), select(), remove(), fill(), text(), laser()};
+    return {pick(), eraser(), select(), remove(), fill(), laser(), text()};
 }
 
 } // namespace Board

@@ -15,7 +15,7 @@ namespace Board {
 
 namespace {
 
-constexpr const char *kShapes = QT_TRANSLATE_NOOP("Board::Tool", "Shapes");
+constexpr const char *kShapes = QT_TRANSLATE_NOOP("Board::Tool", "Lines and shapes");
 
 std::unique_ptr<CInkGraph> curve(const QSize & /*canvas*/)
 {

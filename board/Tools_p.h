@@ -8,9 +8,9 @@ namespace Board {
 
 // The tools of each group, in the order of the palette.
 std::vector<Tool> pens();
+std::vector<Tool> rasterTools();
 std::vector<Tool> shapes();
 std::vector<Tool> stencils();
-std::vector<Tool> rasterTools();
 
 // Creates an object that does not ask for the size of its canvas.
 template <typename Object>

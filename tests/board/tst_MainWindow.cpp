@@ -2,6 +2,7 @@
 #include "ColorRow.h"
 #include "MainWindow.h"
 #include "Paper.h"
+#include "Shortcuts.h"
 #include "ToolRail.h"
 #include "Tools.h"
 #include "WidthControl.h"
@@ -19,6 +20,7 @@
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QLineEdit>
 #include <QtWidgets/QMessageBox>
+#include <QtWidgets/QScrollArea>
 #include <QtWidgets/QSlider>
 #include <QtWidgets/QTextEdit>
 #include <QtWidgets/QToolButton>
@@ -167,7 +169,7 @@ void tst_MainWindow::scrollsToTheChosenTool()
     const auto *rail = m_window->findChild<ToolRail *>();
     const auto shown = [&](const char *name) {
         const QWidget *button = action(name)->associatedWidgets().constLast(); // the first is the window
-        const QWidget *viewport = rail->viewport();
+        const QWidget *viewport = rail->findChild<QScrollArea *>()->viewport();
         return viewport->rect().contains(QRect(button->mapTo(viewport, QPoint()), button->size()));
     };
     QVERIFY(shown("pencil"));
@@ -327,9 +329,7 @@ void tst_MainWindow::everythingHasAKeyAndAName()
 {
     QSet<QString> keys;
     int count = 0;
-    for (const QAction *action : m_window->findChildren<QAction *>()) {
-        if (action->objectName().isEmpty())
-            continue; // not ours
+    for (const QAction *action : commands(*m_window)) {
         keys.insert(action->shortcut().toString());
         ++count;
     }
@@ -338,8 +338,9 @@ void tst_MainWindow::everythingHasAKeyAndAName()
     QVERIFY(!keys.contains(QString()));
 
     for (const QAbstractButton *button : m_window->findChildren<QAbstractButton *>()) {
+        if (button->inherits("QLineEditIconButton"))
+            continue; // not ours
         QVERIFY(!button->accessibleName().isEmpty());
-        QVERIFY2(button->focusPolicy() & Qt::TabFocus, qPrintable(button->accessibleName()));
         QVERIFY2(button->toolTip().contains(QLatin1Char('(')), qPrintable(button->accessibleName()));
     }
     QVERIFY(m_window->findChild<QSlider *>()->focusPolicy() & Qt::TabFocus);

@@ -119,8 +119,9 @@ void tst_Tools::keepsTheToolsOfAGroupTogether()
         if (headings.isEmpty() || headings.constLast() != groupTitle(tool))
             headings.append(groupTitle(tool));
     }
-    QCOMPARE(headings, (QStringList{QStringLiteral("Pens"), QStringLiteral("Shapes"), QStringLiteral("Stencils"),
-                                    QStringLiteral("Tools")}));
+    QCOMPARE(headings, (QStringList{QStringLiteral("Pens"), QStringLiteral("Erase, fill, select"),
+                                    QStringLiteral("Pictures and text"), QStringLiteral("Lines and shapes"),
+                                    QStringLiteral("Stencils")}));
 }
 
 void tst_Tools::preparesAnObject_data()
