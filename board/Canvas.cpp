@@ -107,6 +107,14 @@ void Canvas::setInkWidth(int width)
         setCursor(m_cursor);
 }
 
+void Canvas::setDash(Qt::PenStyle dash)
+{
+    m_ink.dash = dash;
+    const Tool *edited = findTool(page().tool());
+    if (page().reopened() != 0 && edited && edited->takesDash)
+        restyle(DashAct{dash});
+}
+
 void Canvas::takeCursor()
 {
     m_cursor = m_tool->cursorShowsWidth ? circleCursor(m_ink.width) : QCursor(Qt::CrossCursor);

@@ -32,6 +32,7 @@ public:
     void setTool(const Tool &tool);
     void setColor(const QColor &color);
     void setInkWidth(int width);
+    void setDash(Qt::PenStyle dash);
     void setInkOption(std::optional<int> option) { m_ink.option = option; }
 
     // The dots of a tool that scatters are the same after the same seed.

@@ -39,6 +39,11 @@ QString fileGroup()
     return QCoreApplication::translate("Board::CommandGroup", "File");
 }
 
+QString penGroup()
+{
+    return QCoreApplication::translate("Board::CommandGroup", "Pen");
+}
+
 QString boardGroup()
 {
     return QCoreApplication::translate("Board::CommandGroup", "Board");

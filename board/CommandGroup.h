@@ -30,6 +30,7 @@ private:
 
 // The titles of groups that more than one part of the board adds to.
 QString fileGroup();
+QString penGroup();
 QString boardGroup();
 
 // The heading of a command's group; empty for an action that is no command.

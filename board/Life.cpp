@@ -40,6 +40,11 @@ struct Performer
         object.SetWidth(act.width);
         return object.GetUpdateRect();
     }
+    QRect operator()(const DashAct &act) const
+    {
+        setDash(object, act.dash);
+        return object.GetUpdateRect();
+    }
     QRect operator()(const TextAct &act) const
     {
         QImage image = act.image;
@@ -67,6 +72,16 @@ bool canReopen(const Life &life)
 {
     const Tool *tool = findTool(life.tool);
     return tool ? tool->hasHandles : life.tool == QLatin1String(kPictureTool);
+}
+
+Qt::PenStyle dashOf(const Life &life)
+{
+    Qt::PenStyle dash = life.ink.dash;
+    for (const Act &act : life.acts) {
+        if (const auto *other = std::get_if<DashAct>(&act))
+            dash = other->dash;
+    }
+    return dash;
 }
 
 void shift(Life &life, const QPoint &by)

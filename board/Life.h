@@ -31,12 +31,16 @@ struct WidthAct
 {
     int width;
 };
+struct DashAct
+{
+    Qt::PenStyle dash;
+};
 struct TextAct
 {
     QString text;
     QImage image; // of the text; exactImage()
 };
-using Act = std::variant<PointerAct, FinishAct, ReopenAct, ColorAct, WidthAct, TextAct>;
+using Act = std::variant<PointerAct, FinishAct, ReopenAct, ColorAct, WidthAct, DashAct, TextAct>;
 
 // Does it, and returns the area that the object reports.
 QRect perform(const Act &act, CInkGraph &object);
@@ -59,6 +63,9 @@ QImage exactImage(const QImage &image);
 
 // Whether the object can have its handles again once it is committed.
 bool canReopen(const Life &life);
+
+// The dash style that the object has in the end.
+Qt::PenStyle dashOf(const Life &life);
 
 // Moves everything that was done.
 void shift(Life &life, const QPoint &by);

@@ -5,6 +5,7 @@
 #include "ColorRow.h"
 #include "CommandGroup.h"
 #include "CommandMenu.h"
+#include "DashControl.h"
 #include "FileCommands.h"
 #include "OptionControl.h"
 #include "PageCommands.h"
@@ -46,6 +47,7 @@ MainWindow::MainWindow(const QSize &pageSize)
     , m_rail(new ToolRail(this))
     , m_colors(new ColorRow(this))
     , m_width(new WidthControl(this))
+    , m_dash(new DashControl(this))
     , m_option(new OptionControl(this))
     , m_hint(new QLabel(this))
     , m_tool(&tools().front())
@@ -56,6 +58,7 @@ MainWindow::MainWindow(const QSize &pageSize)
     auto *foot = new QHBoxLayout(m_hint); // the bar above has no room to spare in a small window
     foot->setContentsMargins(0, 0, 16, 0);
     foot->addStretch(1);
+    foot->addWidget(m_dash);
     foot->addWidget(m_option);
     setStyleSheet(windowStyle());
     addCommands();
@@ -132,7 +135,7 @@ void MainWindow::connectControls()
 {
     connect(m_rail, &ToolRail::chosen, this, [this](const Tool &tool) {
         m_tool = &tool;
-        m_canvas->setTool(tool);
+        m_canvas->setTool(tool); // which shows its state
         m_option->setTool(tool);
         m_canvas->setInkOption(m_option->value());
     });
@@ -141,6 +144,7 @@ void MainWindow::connectControls()
         m_width->setColor(color);
     });
     connect(m_width, &WidthControl::picked, m_canvas, &Canvas::setInkWidth);
+    connect(m_dash, &DashControl::picked, m_canvas, &Canvas::setDash);
     connect(m_option, &OptionControl::picked, m_canvas, &Canvas::setInkOption);
     connect(m_canvas, &Canvas::changed, this, &MainWindow::showState);
     connect(&m_document.undoStack(), &QUndoStack::indexChanged, this, &MainWindow::showState);
@@ -161,6 +165,8 @@ void MainWindow::showState()
     const Page &page = m_canvas->page();
     m_undo->setEnabled(page.isBusy() || m_document.undoStack().canUndo());
     m_redo->setEnabled(m_document.undoStack().canRedo());
+    const Tool *changed = findTool(page.tool());
+    m_dash->setVisible((changed ? changed : m_tool)->takesDash);
     const bool edited = page.isBusy() && !page.isForming();
     m_hint->setText(edited ? tr("Drag a handle to change the object. Enter lets it go, %1 deletes it.")
                                  .arg(keysText(*command("delete")))

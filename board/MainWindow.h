@@ -11,6 +11,7 @@ namespace Board {
 
 class Canvas;
 class ColorRow;
+class DashControl;
 class FileCommands;
 class OptionControl;
 class PageCommands;
@@ -54,6 +55,7 @@ private:
     ToolRail *m_rail;
     ColorRow *m_colors;
     WidthControl *m_width;
+    DashControl *m_dash;
     OptionControl *m_option;
     QLabel *m_hint; // what can be done next
     QAction *m_undo{};

@@ -46,7 +46,7 @@ OptionControl::OptionControl(QWidget *parent)
 
 void OptionControl::addCommands()
 {
-    const CommandGroup group(tr("Pen"), *window(), CommandGroup::Place::Buttons);
+    const CommandGroup group(penGroup(), *window(), CommandGroup::Place::Buttons);
     m_less = group.add("less", tr("Less of the tool's option"), QStringLiteral(","));
     m_more = group.add("more", tr("More of the tool's option"), QStringLiteral("."));
     connect(m_less, &QAction::triggered, this, [this] { step(-1); });

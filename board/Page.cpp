@@ -188,7 +188,7 @@ QRect Page::commit(const QRect &reach)
 QRect Page::commitReopened()
 {
     const auto before = *std::exchange(m_reopened, std::nullopt);
-    const bool isSame = isAlike(*m_object, *before.item->object);
+    const bool isSame = isAlike(*m_object, *before.item->object) && dashOf(m_life) == dashOf(before.item->life);
     const Life life = std::move(m_life);
     drop();
     m_items = before.items;

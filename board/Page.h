@@ -76,9 +76,10 @@ public:
     // Takes the object in progress away.
     QRect discard();
 
-    bool isBusy() const { return bool(m_object); } // there is an object in progress
-    CInkGraph *object() { return m_object.get(); } // in progress, or null
-    bool isForming() const;                        // ... and it is still being drawn
+    bool isBusy() const { return bool(m_object); }                      // there is an object in progress
+    CInkGraph *object() { return m_object.get(); }                      // in progress, or null
+    QString tool() const { return m_object ? m_life.tool : QString(); } // of the object in progress
+    bool isForming() const;                                             // ... and it is still being drawn
     int reopened() const;                  // the number of the object in progress where that was committed before, or 0
     ModifyType handleAt(const QPoint &pt); // of the object in progress; not during a drag
     float angle() const;                   // of the object in progress, degrees clockwise

@@ -16,6 +16,9 @@ namespace {
 
 constexpr int kMaxPicturePixels = 64 * 1024 * 1024;
 
+// In the order of Qt::PenStyle, from the solid line on.
+const char *const kDashes[] = {"solid", "dash", "dot", "dash-dot", "dash-dot-dot"};
+
 const char *const kPapers[] = {"blank", "ruled", "squared", "picture"}; // in the order of Paper::Kind
 
 QString text(const char *latin1)
@@ -31,6 +34,11 @@ QJsonArray pointJson(const QPoint &pt)
 QJsonArray sizeJson(const QSize &size)
 {
     return {size.width(), size.height()};
+}
+
+QString dashJson(Qt::PenStyle dash)
+{
+    return text(kDashes[dash - Qt::SolidLine]);
 }
 
 QString pictureJson(const QImage &picture)
@@ -51,6 +59,7 @@ struct ActWriter
         return QJsonObject{{text("color"), act.color.name(QColor::HexArgb)}};
     }
     QJsonValue operator()(const WidthAct &act) const { return QJsonObject{{text("width"), act.width}}; }
+    QJsonValue operator()(const DashAct &act) const { return QJsonObject{{text("dash"), dashJson(act.dash)}}; }
     QJsonValue operator()(const TextAct &act) const
     {
         return QJsonObject{{text("text"), act.text}, {text("image"), pictureJson(act.image)}};
@@ -72,6 +81,8 @@ QJsonObject lifeJson(const Life &life, bool withPicture)
         json.insert(text("width"), life.ink.width);
         if (life.ink.option)
             json.insert(text("option"), *life.ink.option);
+        if (life.ink.dash != Qt::SolidLine)
+            json.insert(text("dash"), dashJson(life.ink.dash));
     }
     return json;
 }
@@ -185,6 +196,9 @@ bool RecordReader::readLife(const QJsonValue &value, Life &life)
                 return false;
             life.ink.option = option;
         }
+        const QJsonValue dash = object.value(text("dash"));
+        if (!dash.isUndefined() && !readDash(dash, text("life.dash"), life.ink.dash))
+            return false;
     }
     return readActs(object.value(text("acts")), life.acts);
 }
@@ -229,6 +243,11 @@ bool RecordReader::readAct(const QJsonValue &value, Act &act)
         if (!readNumber(object.value(text("width")), {}, width.width))
             return false;
         act = width;
+    } else if (object.contains(text("dash"))) {
+        DashAct dash{};
+        if (!readDash(object.value(text("dash")), {}, dash.dash))
+            return false;
+        act = dash;
     } else {
         TextAct entered{object.value(text("text")).toString(), {}};
         if (!readPicture(object.value(text("image")), {}, entered.image))
@@ -260,6 +279,17 @@ bool RecordReader::readPicture(const QJsonValue &value, const QString &place, QI
     if (qint64(size.width()) * size.height() <= kMaxPicturePixels)
         picture = exactImage(reader.read());
     return !picture.isNull() || fail(place, tr("not a picture"));
+}
+
+bool RecordReader::readDash(const QJsonValue &value, const QString &place, Qt::PenStyle &dash)
+{
+    const QString name = value.toString();
+    const auto *found = std::find_if(std::begin(kDashes), std::end(kDashes),
+                                     [&](const char *known) { return name == QLatin1String(known); });
+    if (found == std::end(kDashes))
+        return fail(place, tr("no kind of line"));
+    dash = Qt::PenStyle(Qt::SolidLine + (found - std::begin(kDashes)));
+    return true;
 }
 
 bool RecordReader::readColor(const QJsonValue &value, const QString &place, QColor &color)

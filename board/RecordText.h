@@ -30,6 +30,7 @@ private:
     bool readAct(const QJsonValue &value, Act &act);
     bool readPaper(const QJsonValue &value, Paper &paper);
     bool readPicture(const QJsonValue &value, const QString &place, QImage &picture);
+    bool readDash(const QJsonValue &value, const QString &place, Qt::PenStyle &dash);
     bool readColor(const QJsonValue &value, const QString &place, QColor &color);
     bool readNumber(const QJsonValue &value, const QString &place, int &number);
     bool readPoint(const QJsonValue &value, const QString &place, QPoint &point);

@@ -11,6 +11,12 @@ QString windowStyle()
         #tools { background: #ffffff; }
         QLabel { color: #5b6675; font-size: 14px; }
         QLabel[heading="true"] { font-size: 12px; font-weight: bold; padding: 6px 0 0 4px; }
+        #hint QComboBox {
+            background: #ffffff; border: 1px solid #c3ccd8; border-radius: 8px; padding: 2px 4px 2px 8px;
+        }
+        #hint QComboBox::drop-down { border: none; width: 20px; }
+        #hint QComboBox:focus { border-color: #2563c9; }
+        #hint QComboBox QAbstractItemView { background: #ffffff; selection-background-color: #e3ecfb; }
         #hint { background: #ffffff; border-top: 1px solid #d9dee6; padding-left: 16px; }
 
         QToolButton {

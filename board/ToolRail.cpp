@@ -23,7 +23,7 @@ namespace {
 
 constexpr int kColumns = 3;
 constexpr QSize kButton{48, 48}; // large enough for a finger
-constexpr int kHeadingHeight = 32;
+constexpr int kHeadingHeight = 40;
 
 } // namespace
 

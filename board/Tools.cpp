@@ -2,7 +2,10 @@
 
 #include "Tools_p.h"
 
+#include "CInkDiamond.h"
 #include "CInkGraph.h"
+#include "CInkLine.h"
+#include "CInkSignGraph.h"
 
 #include <QtCore/QCoreApplication>
 #include <QtCore/QStringList>
@@ -69,6 +72,16 @@ QString optionTitle(const InkOption &option)
     return QCoreApplication::translate("Board::Tool", option.title);
 }
 
+void setDash(CInkGraph &object, Qt::PenStyle dash)
+{
+    if (auto *line = dynamic_cast<CInkLine *>(&object))
+        line->m_nPenStyle = dash;
+    else if (auto *diamond = dynamic_cast<CInkDiamond *>(&object))
+        diamond->m_penStyle = dash;
+    else if (auto *stencil = dynamic_cast<CInkSignGraph *>(&object))
+        stencil->m_penStyle = dash;
+}
+
 void setDrawnHere(CInkGraph &object)
 {
     object.SetOwnerIP(kLoopback);
@@ -83,6 +96,7 @@ std::unique_ptr<CInkGraph> createObject(const Tool &tool, const Ink &ink, const 
     object->SetWidth(ink.width);
     if (tool.option)
         tool.option->apply(*object, ink.option.value_or(tool.option->value));
+    setDash(*object, ink.dash);
     setDrawnHere(*object);
     return object;
 }

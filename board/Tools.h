@@ -25,7 +25,8 @@ struct Ink
 {
     QColor color{Qt::black};
     int width{4};
-    std::optional<int> option{}; // of a tool with an option of its own; by default that option's first value
+    std::optional<int> option{};      // of a tool with an option of its own; by default that option's first value
+    Qt::PenStyle dash{Qt::SolidLine}; // of a tool that takes one
 };
 
 // What can be set for one tool beside colour and width.
@@ -80,6 +81,7 @@ struct Tool
     bool hasHandles{};                                                        // also once it is reopened
     Snap snap{Snap::None};
     Use use{Use::Draws};
+    bool takesDash{}; // its outline is painted in the dash style of the ink
     // Paints what a committed object that works on the layers' pixels shows on a page of this background.
     void (*paintFlat)(QPainter &painter, CInkGraph &object, const QImage &background){};
 };
@@ -100,6 +102,9 @@ QString toolTitle(const Tool &tool);
 QString toolUsage(const Tool &tool);
 QString groupTitle(const Tool &tool);
 QString optionTitle(const InkOption &option);
+
+// Does nothing to an object that is always painted with solid lines.
+void setDash(CInkGraph &object, Qt::PenStyle dash);
 
 // Makes the participant at this board the object's owner and drawer: equal addresses show handles, others a shade.
 void setDrawnHere(CInkGraph &object);

@@ -89,6 +89,8 @@ std::vector<Tool> shapes()
     }
     for (std::size_t line : {0, 1})
         table[line].snap = Snap::Angle;
+    for (std::size_t dashed : {0, 1, 7}) // lines and diamond; the others are always solid
+        table[dashed].takesDash = true;
     for (std::size_t path : {8, 9}) // polygon and curve, of several gestures
         table[path].snap = Snap::None;
     return table;

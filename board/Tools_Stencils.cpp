@@ -69,7 +69,10 @@ std::vector<Tool> stencils()
     for (Tool &tool : table) {
         tool.hasHandles = true;
         tool.snap = Snap::Square;
+        tool.takesDash = true;
     }
+    for (std::size_t solid : {15, 17}) // speech box and heart
+        table[solid].takesDash = false;
     return table;
 }
 

@@ -78,7 +78,7 @@ WidthControl::WidthControl(QWidget *parent)
 
 void WidthControl::addCommands()
 {
-    const CommandGroup group(tr("Pen"), *window(), CommandGroup::Place::Buttons);
+    const CommandGroup group(penGroup(), *window(), CommandGroup::Place::Buttons);
     QAction *thinner = group.add("thinner", tr("Thinner"), QStringLiteral("["));
     QAction *thicker = group.add("thicker", tr("Thicker"), QStringLiteral("]"));
     connect(thinner, &QAction::triggered, this, [this] { setInkWidth(inkWidth() - 1); });

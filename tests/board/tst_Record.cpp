@@ -65,6 +65,11 @@ void tst_Record::writesARecord_data()
     row("draw", DrawRecord{7, life, false}, R"({"do":"draw","id":7,)" + lifeJson + "}");
     row("draw in its place", DrawRecord{7, life, true}, R"({"do":"draw","id":7,)" + lifeJson + R"(,"succeeds":true})");
     row("replace", ReplaceRecord{7, life}, R"({"do":"replace","id":7,)" + lifeJson + "}");
+    life.ink.dash = Qt::DotLine;
+    life.acts = {PointerAct{1, {10, 20}}, DashAct{Qt::DashDotDotLine}, DashAct{Qt::SolidLine}};
+    row("dashed", DrawRecord{7, life, false},
+        R"({"do":"draw","id":7,"life":{"acts":[[1,10,20],{"dash":"dash-dot-dot"},{"dash":"solid"}],)"
+        R"("canvas":[400,300],"color":"#ffff0000","dash":"dot","tool":"line","width":4}})");
     row("delete", DeleteRecord{7}, R"({"do":"delete","id":7})");
     row("order", OrderRecord{7, 2}, R"({"do":"order","id":7,"place":2})");
     row("clear", ClearRecord(), R"({"do":"clear"})");
@@ -156,10 +161,15 @@ void tst_Record::saysWhatIsWrong_data()
         "life.acts: not an array");
     row(R"({"do":"draw","id":1,"life":{"canvas":[4,3],"tool":"line","color":"#ff0000","width":1,"option":"x"}})",
         "life.option: not a whole number");
+    row(R"({"do":"draw","id":1,"life":{"canvas":[4,3],"tool":"line","color":"#ff0000","width":1,"dash":"wavy"}})",
+        "life.dash: no kind of line");
+    row(R"({"do":"draw","id":1,"life":{"canvas":[4,3],"tool":"line","color":"#ff0000","width":1,"dash":2}})",
+        "life.dash: no kind of line");
     row(R"({"do":"draw","id":1,"life":{"canvas":[4,3],"tool":"picture"}})", "life.position: not a point");
     row(R"({"do":"draw","id":1,"life":{"canvas":[4,3],"tool":"picture","position":[0,0],"picture":"x"}})",
         "life.picture: not a picture");
-    for (const char *act : {"[1,2]", "[1,2,\"3\"]", "\"jump\"", "{\"color\":\"no\"}", "{\"width\":null}", "{}", "7"})
+    for (const char *act :
+         {"[1,2]", "[1,2,\"3\"]", "\"jump\"", "{\"color\":\"no\"}", "{\"width\":null}", "{\"dash\":\"\"}", "{}", "7"})
         QTest::newRow(act) << QByteArray(R"({"do":"draw","id":1,"life":{"canvas":[4,3],"tool":"line",)"
                                          R"("color":"#ff0000","width":1,"acts":[[1,2,3],)") +
                                   act + "]}}"
