@@ -12,23 +12,23 @@ namespace {
 constexpr int kChunk = 1024 * 1024;
 constexpr int kMaxBytes = 256 * kChunk;
 
-QString tr(const char *text)
+struct Texts
 {
-    return QCoreApplication::translate("Board::StrokeFile", text);
-}
+    Q_DECLARE_TR_FUNCTIONS(Board::StrokeFile)
+};
 
 // Piece by piece, since a pipe or a device does not say how long it is. Returns what went wrong.
 QString readBytes(const QString &fileName, QByteArray &bytes)
 {
     QFile file(fileName);
     if (!file.open(QIODevice::ReadOnly))
-        return tr("cannot be read: %1").arg(file.errorString());
+        return Texts::tr("cannot be read: %1").arg(file.errorString());
     for (QByteArray chunk = file.read(kChunk); !chunk.isEmpty(); chunk = file.read(kChunk)) {
         if (bytes.size() + chunk.size() > kMaxBytes)
-            return tr("larger than 256 MiB");
+            return Texts::tr("larger than 256 MiB");
         bytes += chunk;
     }
-    return file.error() == QFile::NoError ? QString() : tr("cannot be read: %1").arg(file.errorString());
+    return file.error() == QFile::NoError ? QString() : Texts::tr("cannot be read: %1").arg(file.errorString());
 }
 
 } // namespace

@@ -50,9 +50,9 @@ ToolRail::ToolRail(QWidget *parent)
     m_nothing = new QLabel(tr("No such tool"), content);
     m_scroll->setWidget(content); // which takes it over
     m_scroll->setWidgetResizable(true);
-    makeSearch();
     for (const Tool &tool : tools())
         addTool(tool);
+    makeSearch();
     layOut();
     m_actions->actions().constFirst()->setChecked(true);
 

@@ -2,8 +2,10 @@
 #include "CommandLine.h"
 #include "FileCommands.h"
 #include "MainWindow.h"
+#include "Translation.h"
 
 #include <QtCore/QFile>
+#include <QtCore/QLocale>
 #include <QtCore/QLoggingCategory>
 #include <QtCore/QStandardPaths>
 #include <QtCore/QTemporaryDir>
@@ -85,6 +87,7 @@ int main(int argc, char **argv)
     QApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("inkboard"));
+    translateInto(QLocale(), application);
     QApplication::setApplicationVersion(QStringLiteral(INKBOARD_VERSION));
     QString error;
     const std::optional<CommandLine> line = parseCommandLine(QApplication::arguments(), error);

@@ -1,0 +1,1068 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="de_DE">
+<context>
+    <name>Board</name>
+    <message>
+        <source>not enough memory for the page</source>
+        <translation>nicht genug Speicher für die Seite</translation>
+    </message>
+</context>
+<context>
+    <name>Board::Canvas</name>
+    <message>
+        <source>Page</source>
+        <translation>Seite</translation>
+    </message>
+    <message>
+        <source>Objects</source>
+        <translation>Objekte</translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <translation>Rückgängig</translation>
+    </message>
+    <message>
+        <source>Redo</source>
+        <translation>Wiederholen</translation>
+    </message>
+    <message>
+        <source>Finish the object</source>
+        <translation>Objekt loslassen</translation>
+    </message>
+    <message>
+        <source>Delete the object</source>
+        <translation>Objekt löschen</translation>
+    </message>
+    <message>
+        <source>Duplicate the object</source>
+        <translation>Objekt verdoppeln</translation>
+    </message>
+    <message>
+        <source>Bring the object to the front</source>
+        <translation>Objekt nach vorn holen</translation>
+    </message>
+    <message>
+        <source>Send the object to the back</source>
+        <translation>Objekt nach hinten stellen</translation>
+    </message>
+    <message>
+        <source>Clear</source>
+        <translation>Leeren</translation>
+    </message>
+</context>
+<context>
+    <name>Board::ColorRow</name>
+    <message>
+        <source>Black</source>
+        <translation>Schwarz</translation>
+    </message>
+    <message>
+        <source>Grey</source>
+        <translation>Grau</translation>
+    </message>
+    <message>
+        <source>Red</source>
+        <translation>Rot</translation>
+    </message>
+    <message>
+        <source>Orange</source>
+        <translation>Orange</translation>
+    </message>
+    <message>
+        <source>Green</source>
+        <translation>Grün</translation>
+    </message>
+    <message>
+        <source>Blue</source>
+        <translation>Blau</translation>
+    </message>
+    <message>
+        <source>Purple</source>
+        <translation>Violett</translation>
+    </message>
+    <message>
+        <source>Brown</source>
+        <translation>Braun</translation>
+    </message>
+    <message>
+        <source>Colours</source>
+        <translation>Farben</translation>
+    </message>
+    <message>
+        <source>Another colour…</source>
+        <translation>Andere Farbe …</translation>
+    </message>
+    <message>
+        <source>Another colour</source>
+        <translation>Andere Farbe</translation>
+    </message>
+</context>
+<context>
+    <name>Board::CommandGroup</name>
+    <message>
+        <source>File</source>
+        <translation>Datei</translation>
+    </message>
+    <message>
+        <source>Pen</source>
+        <translation>Stift</translation>
+    </message>
+    <message>
+        <source>Board</source>
+        <translation>Tafel</translation>
+    </message>
+    <message>
+        <source>no key</source>
+        <translation>keine Taste</translation>
+    </message>
+</context>
+<context>
+    <name>Board::CommandLine</name>
+    <message>
+        <source>Play the stroke FILEs onto one page, the first lowest, instead of opening the window. Needs --png, but no display.</source>
+        <translation>Die Strichdateien FILE auf eine Seite spielen, die erste zuunterst, statt das Fenster zu öffnen. Braucht --png, aber keinen Bildschirm.</translation>
+    </message>
+    <message>
+        <source>Write the played page to the PNG file OUT.</source>
+        <translation>Die gespielte Seite in die PNG-Datei OUT schreiben.</translation>
+    </message>
+    <message>
+        <source>Write the page to the PNG file OUT when the window is closed.</source>
+        <translation>Die Seite in die PNG-Datei OUT schreiben, wenn das Fenster geschlossen wird.</translation>
+    </message>
+    <message>
+        <source>Play with, or start the window with, the tool NAME: %1.</source>
+        <translation>Mit dem Werkzeug NAME spielen oder das Fenster beginnen: %1.</translation>
+    </message>
+    <message>
+        <source>Pixels of the page, %1 a side and %2 in all at most. By default it is 1280x800 in the window, where it grows with it, and as large as the largest FILE with --play. A lesson has its own.</source>
+        <translation>Pixel der Seite, höchstens %1 je Kante und %2 insgesamt. Ohne Angabe 1280x800 im Fenster, mit dem sie wächst, und so groß wie die größte FILE bei --play. Eine Stunde hat ihre eigene.</translation>
+    </message>
+    <message>
+        <source>Show this help.</source>
+        <translation>Diese Hilfe zeigen.</translation>
+    </message>
+    <message>
+        <source>Show the version.</source>
+        <translation>Die Version zeigen.</translation>
+    </message>
+    <message>
+        <source>A whiteboard for the classroom. It ends with 0, or with 2 after one line that says what is wrong.</source>
+        <translation>Eine Tafel für den Unterricht. Sie endet mit 0, oder mit 2 nach einer Zeile, die den Fehler nennt.</translation>
+    </message>
+    <message>
+        <source>A lesson (.inkboard) to open in the window; with --play, drawings of recorded strokes (JSON).</source>
+        <translation>Eine Stunde (.inkboard), die das Fenster öffnet; mit --play Zeichnungen aus aufgezeichneten Strichen (JSON).</translation>
+    </message>
+    <message>
+        <source>--tool %1: no such tool; there are: %2</source>
+        <translation>--tool %1: kein solches Werkzeug; es gibt: %2</translation>
+    </message>
+    <message>
+        <source>not a size of the form WIDTHxHEIGHT</source>
+        <translation>keine Größe der Form BREITExHÖHE</translation>
+    </message>
+    <message>
+        <source>--size %1: %2</source>
+        <translation>--size %1: %2</translation>
+    </message>
+    <message>
+        <source>%1: the window opens one lesson at a time</source>
+        <translation>%1: das Fenster öffnet nur eine Stunde</translation>
+    </message>
+    <message>
+        <source>--size: a lesson has a size of its own</source>
+        <translation>--size: eine Stunde hat ihre eigene Größe</translation>
+    </message>
+    <message>
+        <source>--png: only with --play; the window has --export</source>
+        <translation>--png: nur mit --play; das Fenster hat --export</translation>
+    </message>
+    <message>
+        <source>--export: the file name is missing</source>
+        <translation>--export: der Dateiname fehlt</translation>
+    </message>
+    <message>
+        <source>--play: the stroke files are missing</source>
+        <translation>--play: die Strichdateien fehlen</translation>
+    </message>
+    <message>
+        <source>--export: only in the window; --play has --png</source>
+        <translation>--export: nur im Fenster; --play hat --png</translation>
+    </message>
+    <message>
+        <source>--play: --png OUT is missing</source>
+        <translation>--play: --png OUT fehlt</translation>
+    </message>
+</context>
+<context>
+    <name>Board::CommandMenu</name>
+    <message>
+        <source>Menu</source>
+        <translation>Menü</translation>
+    </message>
+</context>
+<context>
+    <name>Board::DashControl</name>
+    <message>
+        <source>Solid line</source>
+        <translation>Durchgezogene Linie</translation>
+    </message>
+    <message>
+        <source>Dashed line</source>
+        <translation>Gestrichelte Linie</translation>
+    </message>
+    <message>
+        <source>Dotted line</source>
+        <translation>Gepunktete Linie</translation>
+    </message>
+    <message>
+        <source>Dashes and dots</source>
+        <translation>Striche und Punkte</translation>
+    </message>
+    <message>
+        <source>Dashes and two dots</source>
+        <translation>Striche und zwei Punkte</translation>
+    </message>
+    <message>
+        <source>Line style</source>
+        <translation>Linienart</translation>
+    </message>
+    <message>
+        <source>Another line style</source>
+        <translation>Andere Linienart</translation>
+    </message>
+    <message>
+        <source>Line style (%1 another)</source>
+        <translation>Linienart (%1 andere)</translation>
+    </message>
+</context>
+<context>
+    <name>Board::Document</name>
+    <message>
+        <source>%1: cannot be written: %2. Save the lesson elsewhere.</source>
+        <translation>%1: nicht beschreibbar: %2. Speichern Sie die Stunde woanders.</translation>
+    </message>
+    <message>
+        <source>%1: another program has changed it since. Save under another name.</source>
+        <translation>%1: ein anderes Programm hat sie inzwischen geändert. Speichern Sie unter einem anderen Namen.</translation>
+    </message>
+    <message>
+        <source>%1: line %2: %3</source>
+        <translation>%1: Zeile %2: %3</translation>
+    </message>
+    <message>
+        <source>%1: cannot be read: %2</source>
+        <translation>%1: nicht lesbar: %2</translation>
+    </message>
+    <message>
+        <source>this is not a lesson of this board</source>
+        <translation>dies ist keine Stunde dieser Tafel</translation>
+    </message>
+    <message>
+        <source>the lesson was written by a later version of this board</source>
+        <translation>die Stunde stammt von einer neueren Version dieser Tafel</translation>
+    </message>
+    <message>
+        <source>it was cut off here</source>
+        <translation>hier wurde sie abgeschnitten</translation>
+    </message>
+    <message>
+        <source>there is nothing to undo</source>
+        <translation>es gibt nichts rückgängig zu machen</translation>
+    </message>
+    <message>
+        <source>there is nothing to redo</source>
+        <translation>es gibt nichts zu wiederholen</translation>
+    </message>
+    <message>
+        <source>there is no place for this page</source>
+        <translation>für diese Seite ist kein Platz</translation>
+    </message>
+    <message>
+        <source>there is no such page</source>
+        <translation>es gibt keine solche Seite</translation>
+    </message>
+    <message>
+        <source>this cannot be done on the page</source>
+        <translation>das geht auf der Seite nicht</translation>
+    </message>
+</context>
+<context>
+    <name>Board::FileCommands</name>
+    <message>
+        <source>Lessons (*.inkboard)</source>
+        <translation>Stunden (*.inkboard)</translation>
+    </message>
+    <message>
+        <source>Open…</source>
+        <translation>Öffnen …</translation>
+    </message>
+    <message>
+        <source>Unsaved lessons…</source>
+        <translation>Ungespeicherte Stunden …</translation>
+    </message>
+    <message>
+        <source>Save</source>
+        <translation>Speichern</translation>
+    </message>
+    <message>
+        <source>Save as…</source>
+        <translation>Speichern unter …</translation>
+    </message>
+    <message>
+        <source>The lesson is not safe</source>
+        <translation>Die Stunde ist nicht gesichert</translation>
+    </message>
+    <message>
+        <source>The lesson has changed</source>
+        <translation>Die Stunde wurde geändert</translation>
+    </message>
+    <message>
+        <source>Save the lesson before?</source>
+        <translation>Die Stunde vorher speichern?</translation>
+    </message>
+    <message>
+        <source>Open a lesson</source>
+        <translation>Eine Stunde öffnen</translation>
+    </message>
+    <message>
+        <source>The lesson could not be read to its end</source>
+        <translation>Die Stunde war nicht bis zum Ende lesbar</translation>
+    </message>
+    <message>
+        <source>The lesson is open in another window</source>
+        <translation>Die Stunde ist in einem anderen Fenster offen</translation>
+    </message>
+    <message>
+        <source>%1: it is open in another window of the board. This is a copy: save it under another name.</source>
+        <translation>%1: in einem anderen Fenster der Tafel offen. Dies ist eine Kopie: speichern Sie sie unter einem anderen Namen.</translation>
+    </message>
+    <message>
+        <source>Save the lesson</source>
+        <translation>Die Stunde speichern</translation>
+    </message>
+    <message>
+        <source>lesson.inkboard</source>
+        <translation>stunde.inkboard</translation>
+    </message>
+    <message>
+        <source>%1: it is open in another window of the board. Save under another name.</source>
+        <translation>%1: in einem anderen Fenster der Tafel offen. Speichern Sie unter einem anderen Namen.</translation>
+    </message>
+    <message>
+        <source>The lesson was not saved</source>
+        <translation>Die Stunde wurde nicht gespeichert</translation>
+    </message>
+    <message>
+        <source>Save elsewhere…</source>
+        <translation>Woanders speichern …</translation>
+    </message>
+</context>
+<context>
+    <name>Board::LessonList</name>
+    <message>
+        <source>Unsaved lessons</source>
+        <translation>Ungespeicherte Stunden</translation>
+    </message>
+    <message>
+        <source>Lesson of %1</source>
+        <translation>Stunde vom %1</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>Löschen</translation>
+    </message>
+</context>
+<context>
+    <name>Board::Log</name>
+    <message>
+        <source>%1: no journal can be kept: %2</source>
+        <translation>%1: kein Protokoll möglich: %2</translation>
+    </message>
+    <message>
+        <source>%1: cannot be written: %2</source>
+        <translation>%1: nicht beschreibbar: %2</translation>
+    </message>
+</context>
+<context>
+    <name>Board::MainWindow</name>
+    <message>
+        <source>Inkboard</source>
+        <translation>Inkboard</translation>
+    </message>
+    <message>
+        <source>Keys…</source>
+        <translation>Tasten …</translation>
+    </message>
+    <message>
+        <source>Quit</source>
+        <translation>Beenden</translation>
+    </message>
+    <message>
+        <source>Saved as %1</source>
+        <translation>Gespeichert als %1</translation>
+    </message>
+    <message>
+        <source>Drag a handle to change the object. Enter lets it go, %1 deletes it.</source>
+        <translation>Ein Griff ändert das Objekt. Die Eingabetaste lässt es los, %1 löscht es.</translation>
+    </message>
+    <message>
+        <source>%1: %2.</source>
+        <translation>%1: %2.</translation>
+    </message>
+</context>
+<context>
+    <name>Board::OptionControl</name>
+    <message>
+        <source>Less of the tool&apos;s option</source>
+        <translation>Weniger (Einstellung des Werkzeugs)</translation>
+    </message>
+    <message>
+        <source>More of the tool&apos;s option</source>
+        <translation>Mehr (Einstellung des Werkzeugs)</translation>
+    </message>
+    <message>
+        <source>%1 (%2 less, %3 more)</source>
+        <translation>%1 (%2 weniger, %3 mehr)</translation>
+    </message>
+</context>
+<context>
+    <name>Board::PageCommands</name>
+    <message>
+        <source>Export…</source>
+        <translation>Exportieren …</translation>
+    </message>
+    <message>
+        <source>Print…</source>
+        <translation>Drucken …</translation>
+    </message>
+    <message>
+        <source>Pictures</source>
+        <translation>Bilder</translation>
+    </message>
+    <message>
+        <source>Picture…</source>
+        <translation>Bild …</translation>
+    </message>
+    <message>
+        <source>Copy the page</source>
+        <translation>Seite kopieren</translation>
+    </message>
+    <message>
+        <source>Paste a picture</source>
+        <translation>Bild einfügen</translation>
+    </message>
+    <message>
+        <source>Paper</source>
+        <translation>Papier</translation>
+    </message>
+    <message>
+        <source>Blank paper</source>
+        <translation>Leeres Papier</translation>
+    </message>
+    <message>
+        <source>Ruled paper</source>
+        <translation>Liniertes Papier</translation>
+    </message>
+    <message>
+        <source>Squared paper</source>
+        <translation>Kariertes Papier</translation>
+    </message>
+    <message>
+        <source>A picture as paper…</source>
+        <translation>Ein Bild als Papier …</translation>
+    </message>
+    <message>
+        <source>A picture as paper</source>
+        <translation>Ein Bild als Papier</translation>
+    </message>
+    <message>
+        <source>Put a picture on the page</source>
+        <translation>Ein Bild auf die Seite legen</translation>
+    </message>
+    <message>
+        <source>No picture was added</source>
+        <translation>Es wurde kein Bild hinzugefügt</translation>
+    </message>
+    <message>
+        <source>Export the page</source>
+        <translation>Die Seite exportieren</translation>
+    </message>
+    <message>
+        <source>page.png</source>
+        <translation>seite.png</translation>
+    </message>
+    <message>
+        <source>Pictures and documents (*.png *.svg *.pdf)</source>
+        <translation>Bilder und Dokumente (*.png *.svg *.pdf)</translation>
+    </message>
+    <message>
+        <source>The page was not exported</source>
+        <translation>Die Seite wurde nicht exportiert</translation>
+    </message>
+</context>
+<context>
+    <name>Board::PageOutput</name>
+    <message>
+        <source>%1: cannot be written: %2</source>
+        <translation>%1: nicht beschreibbar: %2</translation>
+    </message>
+</context>
+<context>
+    <name>Board::PageSize</name>
+    <message>
+        <source>a side must be 1 to %1 pixels</source>
+        <translation>eine Kante hat 1 bis %1 Pixel</translation>
+    </message>
+    <message>
+        <source>a page has at most %1 pixels in all</source>
+        <translation>eine Seite hat insgesamt höchstens %1 Pixel</translation>
+    </message>
+</context>
+<context>
+    <name>Board::PageStrip</name>
+    <message>
+        <source>Pages</source>
+        <translation>Seiten</translation>
+    </message>
+    <message>
+        <source>Add a page</source>
+        <translation>Seite hinzufügen</translation>
+    </message>
+    <message>
+        <source>Remove the page</source>
+        <translation>Seite entfernen</translation>
+    </message>
+    <message>
+        <source>Previous page</source>
+        <translation>Vorige Seite</translation>
+    </message>
+    <message>
+        <source>Next page</source>
+        <translation>Nächste Seite</translation>
+    </message>
+</context>
+<context>
+    <name>Board::PictureFile</name>
+    <message>
+        <source>%1: cannot be written: %2</source>
+        <translation>%1: nicht beschreibbar: %2</translation>
+    </message>
+    <message>
+        <source>it is too large</source>
+        <translation>es ist zu groß</translation>
+    </message>
+    <message>
+        <source>%1: cannot be shown: %2</source>
+        <translation>%1: nicht darstellbar: %2</translation>
+    </message>
+    <message>
+        <source>there is no picture to paste</source>
+        <translation>es gibt kein Bild zum Einfügen</translation>
+    </message>
+</context>
+<context>
+    <name>Board::Player</name>
+    <message>
+        <source>the page for all files: %1</source>
+        <translation>die Seite für alle Dateien: %1</translation>
+    </message>
+    <message>
+        <source>not enough memory for a page of %1x%2 pixels</source>
+        <translation>nicht genug Speicher für eine Seite von %1x%2 Pixeln</translation>
+    </message>
+</context>
+<context>
+    <name>Board::RecordReader</name>
+    <message>
+        <source>nothing that can be done</source>
+        <translation>nichts, was sich tun lässt</translation>
+    </message>
+    <message>
+        <source>no tool of this board</source>
+        <translation>kein Werkzeug dieser Tafel</translation>
+    </message>
+    <message>
+        <source>not an array</source>
+        <translation>kein Array</translation>
+    </message>
+    <message>
+        <source>nothing that can be done to an object</source>
+        <translation>nichts, was sich mit einem Objekt tun lässt</translation>
+    </message>
+    <message>
+        <source>no kind of paper</source>
+        <translation>keine Art von Papier</translation>
+    </message>
+    <message>
+        <source>not a picture</source>
+        <translation>kein Bild</translation>
+    </message>
+    <message>
+        <source>no kind of line</source>
+        <translation>keine Linienart</translation>
+    </message>
+    <message>
+        <source>not a colour</source>
+        <translation>keine Farbe</translation>
+    </message>
+    <message>
+        <source>not a whole number</source>
+        <translation>keine ganze Zahl</translation>
+    </message>
+    <message>
+        <source>not a point</source>
+        <translation>kein Punkt</translation>
+    </message>
+    <message>
+        <source>not a size</source>
+        <translation>keine Größe</translation>
+    </message>
+</context>
+<context>
+    <name>Board::Recovery</name>
+    <message>
+        <source>A lesson was not closed</source>
+        <translation>Eine Stunde wurde nicht beendet</translation>
+    </message>
+    <message>
+        <source>The lesson of %1 ended without being saved. Open it again?</source>
+        <translation>Die Stunde vom %1 endete, ohne gespeichert zu sein. Wieder öffnen?</translation>
+    </message>
+    <message>
+        <source>Kept for later, it is found in the menu, under Unsaved lessons.</source>
+        <translation>Für später behalten steht sie im Menü unter „Ungespeicherte Stunden“.</translation>
+    </message>
+    <message>
+        <source>Open it</source>
+        <translation>Öffnen</translation>
+    </message>
+    <message>
+        <source>Delete it</source>
+        <translation>Löschen</translation>
+    </message>
+    <message>
+        <source>Keep it for later</source>
+        <translation>Für später behalten</translation>
+    </message>
+    <message>
+        <source>Unsaved lessons</source>
+        <translation>Ungespeicherte Stunden</translation>
+    </message>
+    <message>
+        <source>There are none.</source>
+        <translation>Es gibt keine.</translation>
+    </message>
+    <message>
+        <source>The lesson could not be read to its end</source>
+        <translation>Die Stunde war nicht bis zum Ende lesbar</translation>
+    </message>
+</context>
+<context>
+    <name>Board::ShortcutDialog</name>
+    <message>
+        <source>Standard</source>
+        <translation>Standard</translation>
+    </message>
+    <message>
+        <source>None</source>
+        <translation>Keine</translation>
+    </message>
+    <message>
+        <source>Keys</source>
+        <translation>Tasten</translation>
+    </message>
+    <message>
+        <source>Search</source>
+        <translation>Suchen</translation>
+    </message>
+    <message>
+        <source>Search for a command</source>
+        <translation>Einen Befehl suchen</translation>
+    </message>
+    <message>
+        <source>Commands and their keys</source>
+        <translation>Befehle und ihre Tasten</translation>
+    </message>
+    <message>
+        <source>Command</source>
+        <translation>Befehl</translation>
+    </message>
+    <message>
+        <source>Keys of the command</source>
+        <translation>Tasten des Befehls</translation>
+    </message>
+    <message>
+        <source>All standard</source>
+        <translation>Alle Standard</translation>
+    </message>
+    <message>
+        <source>Choose a command.</source>
+        <translation>Wählen Sie einen Befehl.</translation>
+    </message>
+    <message>
+        <source>%1 moves between the buttons and presses them.</source>
+        <translation>%1 bewegt zwischen den Knöpfen und drückt sie.</translation>
+    </message>
+    <message>
+        <source>%1 belongs to “%2”.</source>
+        <translation>%1 gehört schon zu „%2“.</translation>
+    </message>
+    <message>
+        <source>Take it from there</source>
+        <translation>Dort wegnehmen</translation>
+    </message>
+</context>
+<context>
+    <name>Board::StrokeFile</name>
+    <message>
+        <source>cannot be read: %1</source>
+        <translation>nicht lesbar: %1</translation>
+    </message>
+    <message>
+        <source>larger than 256 MiB</source>
+        <translation>größer als 256 MiB</translation>
+    </message>
+</context>
+<context>
+    <name>Board::StrokeReader</name>
+    <message>
+        <source>line %1, column %2</source>
+        <translation>Zeile %1, Spalte %2</translation>
+    </message>
+    <message>
+        <source>not a JSON object</source>
+        <translation>kein JSON-Objekt</translation>
+    </message>
+    <message>
+        <source>not a text</source>
+        <translation>kein Text</translation>
+    </message>
+    <message>
+        <source>missing</source>
+        <translation>fehlt</translation>
+    </message>
+    <message>
+        <source>not a number</source>
+        <translation>keine Zahl</translation>
+    </message>
+    <message>
+        <source>must be 1 to %1</source>
+        <translation>muss 1 bis %1 sein</translation>
+    </message>
+    <message>
+        <source>not a list</source>
+        <translation>keine Liste</translation>
+    </message>
+    <message>
+        <source>not an object</source>
+        <translation>kein Objekt</translation>
+    </message>
+    <message>
+        <source>not a colour of the form #rrggbb</source>
+        <translation>keine Farbe der Form #rrggbb</translation>
+    </message>
+    <message>
+        <source>no point</source>
+        <translation>kein Punkt</translation>
+    </message>
+    <message>
+        <source>not a pair [x, y]</source>
+        <translation>kein Paar [x, y]</translation>
+    </message>
+    <message>
+        <source>too large</source>
+        <translation>zu groß</translation>
+    </message>
+</context>
+<context>
+    <name>Board::TextEditor</name>
+    <message>
+        <source>Text</source>
+        <translation>Text</translation>
+    </message>
+    <message>
+        <source>Aa</source>
+        <translation>Aa</translation>
+    </message>
+    <message>
+        <source> px</source>
+        <translation> px</translation>
+    </message>
+    <message>
+        <source>Size of the text</source>
+        <translation>Größe des Textes</translation>
+    </message>
+</context>
+<context>
+    <name>Board::Tool</name>
+    <message>
+        <source>drag on the page to draw</source>
+        <translation>auf der Seite ziehen, um zu zeichnen</translation>
+    </message>
+    <message>
+        <source>Pens</source>
+        <translation>Stifte</translation>
+    </message>
+    <message>
+        <source>Brush</source>
+        <translation>Pinsel</translation>
+    </message>
+    <message>
+        <source>Flat brush</source>
+        <translation>Flachpinsel</translation>
+    </message>
+    <message>
+        <source>Nib</source>
+        <translation>Feder</translation>
+    </message>
+    <message>
+        <source>Highlighter</source>
+        <translation>Textmarker</translation>
+    </message>
+    <message>
+        <source>Opacity</source>
+        <translation>Deckkraft</translation>
+    </message>
+    <message>
+        <source>Colour brush</source>
+        <translation>Farbpinsel</translation>
+    </message>
+    <message>
+        <source>Crayon</source>
+        <translation>Kreide</translation>
+    </message>
+    <message>
+        <source>Water-colour pen (leaves no mark)</source>
+        <translation>Aquarellstift (hinterlässt keine Spur)</translation>
+    </message>
+    <message>
+        <source>Spray gun</source>
+        <translation>Sprühdose</translation>
+    </message>
+    <message>
+        <source>Pencil</source>
+        <translation>Bleistift</translation>
+    </message>
+    <message>
+        <source>Pictures and text</source>
+        <translation>Bilder und Text</translation>
+    </message>
+    <message>
+        <source>Erase, fill, select</source>
+        <translation>Radieren und wählen</translation>
+    </message>
+    <message>
+        <source>Pick</source>
+        <translation>Greifen</translation>
+    </message>
+    <message>
+        <source>press on an object to change it</source>
+        <translation>auf ein Objekt drücken, um es zu ändern</translation>
+    </message>
+    <message>
+        <source>Remove objects</source>
+        <translation>Objekte entfernen</translation>
+    </message>
+    <message>
+        <source>drag over the objects to remove</source>
+        <translation>über die Objekte ziehen, die verschwinden sollen</translation>
+    </message>
+    <message>
+        <source>Laser pen</source>
+        <translation>Laserpointer</translation>
+    </message>
+    <message>
+        <source>drag to point at something; the ink disappears</source>
+        <translation>ziehen, um auf etwas zu zeigen; die Spur verschwindet</translation>
+    </message>
+    <message>
+        <source>Eraser</source>
+        <translation>Radiergummi</translation>
+    </message>
+    <message>
+        <source>Fill</source>
+        <translation>Füllen</translation>
+    </message>
+    <message>
+        <source>press on the area to fill</source>
+        <translation>auf die Fläche drücken, die gefüllt werden soll</translation>
+    </message>
+    <message>
+        <source>Select</source>
+        <translation>Auswählen</translation>
+    </message>
+    <message>
+        <source>drag a frame around the ink to move</source>
+        <translation>einen Rahmen um das ziehen, was bewegt werden soll</translation>
+    </message>
+    <message>
+        <source>Text</source>
+        <translation>Text</translation>
+    </message>
+    <message>
+        <source>drag a frame on the page to write in</source>
+        <translation>einen Rahmen zum Schreiben auf der Seite ziehen</translation>
+    </message>
+    <message>
+        <source>Lines and shapes</source>
+        <translation>Linien und Formen</translation>
+    </message>
+    <message>
+        <source>Line</source>
+        <translation>Linie</translation>
+    </message>
+    <message>
+        <source>Arrow line</source>
+        <translation>Pfeillinie</translation>
+    </message>
+    <message>
+        <source>Rectangle</source>
+        <translation>Rechteck</translation>
+    </message>
+    <message>
+        <source>Rounded</source>
+        <translation>Abgerundet</translation>
+    </message>
+    <message>
+        <source>Ellipse</source>
+        <translation>Ellipse</translation>
+    </message>
+    <message>
+        <source>Triangle</source>
+        <translation>Dreieck</translation>
+    </message>
+    <message>
+        <source>Right triangle</source>
+        <translation>Rechtwinkliges Dreieck</translation>
+    </message>
+    <message>
+        <source>Diamond</source>
+        <translation>Raute</translation>
+    </message>
+    <message>
+        <source>Polygon</source>
+        <translation>Vieleck</translation>
+    </message>
+    <message>
+        <source>Curve</source>
+        <translation>Kurve</translation>
+    </message>
+    <message>
+        <source>Stencils</source>
+        <translation>Schablonen</translation>
+    </message>
+    <message>
+        <source>Heart (frame only)</source>
+        <translation>Herz (nur Rahmen)</translation>
+    </message>
+    <message>
+        <source>Check mark</source>
+        <translation>Häkchen</translation>
+    </message>
+    <message>
+        <source>Cross mark</source>
+        <translation>Kreuz</translation>
+    </message>
+    <message>
+        <source>Arrow right</source>
+        <translation>Pfeil nach rechts</translation>
+    </message>
+    <message>
+        <source>Arrow left</source>
+        <translation>Pfeil nach links</translation>
+    </message>
+    <message>
+        <source>Arrow up</source>
+        <translation>Pfeil nach oben</translation>
+    </message>
+    <message>
+        <source>Arrow down</source>
+        <translation>Pfeil nach unten</translation>
+    </message>
+    <message>
+        <source>Four-pointed star</source>
+        <translation>Stern mit vier Zacken</translation>
+    </message>
+    <message>
+        <source>Five-pointed star</source>
+        <translation>Stern mit fünf Zacken</translation>
+    </message>
+    <message>
+        <source>Six-pointed star</source>
+        <translation>Stern mit sechs Zacken</translation>
+    </message>
+    <message>
+        <source>Pentagon</source>
+        <translation>Fünfeck</translation>
+    </message>
+    <message>
+        <source>Hexagon</source>
+        <translation>Sechseck</translation>
+    </message>
+    <message>
+        <source>Lightning</source>
+        <translation>Blitz</translation>
+    </message>
+    <message>
+        <source>Burst of twelve</source>
+        <translation>Explosion mit zwölf Zacken</translation>
+    </message>
+    <message>
+        <source>Burst of fourteen</source>
+        <translation>Explosion mit vierzehn Zacken</translation>
+    </message>
+    <message>
+        <source>Speech bubble</source>
+        <translation>Sprechblase</translation>
+    </message>
+    <message>
+        <source>Speech box</source>
+        <translation>Sprechkasten</translation>
+    </message>
+    <message>
+        <source>Thought cloud</source>
+        <translation>Gedankenwolke</translation>
+    </message>
+</context>
+<context>
+    <name>Board::ToolRail</name>
+    <message>
+        <source>No such tool</source>
+        <translation>Kein solches Werkzeug</translation>
+    </message>
+    <message>
+        <source>Search for a tool</source>
+        <translation>Ein Werkzeug suchen</translation>
+    </message>
+    <message>
+        <source>Search</source>
+        <translation>Suchen</translation>
+    </message>
+</context>
+<context>
+    <name>Board::WidthControl</name>
+    <message>
+        <source>Pen width</source>
+        <translation>Stiftbreite</translation>
+    </message>
+    <message>
+        <source>%1 px</source>
+        <translation>%1 px</translation>
+    </message>
+    <message>
+        <source>Thinner</source>
+        <translation>Dünner</translation>
+    </message>
+    <message>
+        <source>Thicker</source>
+        <translation>Dicker</translation>
+    </message>
+    <message>
+        <source>Pen width (%1 thinner, %2 thicker)</source>
+        <translation>Stiftbreite (%1 dünner, %2 dicker)</translation>
+    </message>
+</context>
+</TS>
