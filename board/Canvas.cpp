@@ -2,8 +2,10 @@
 
 #include "Cursors.h"
 #include "ObjectEditor.h"
+#include "PageSize.h"
 #include "PictureFile.h"
 #include "Style.h"
+#include "ViewPainter.h"
 
 #include "PointerEvent.h"
 
@@ -27,18 +29,13 @@ namespace {
 
 constexpr int kScatterInterval = 16;  // milliseconds, about sixty times a second
 constexpr double kSnapAngle = 15.0;   // degrees
-constexpr int kPickStep = 4;          // pixels; an object is met within three
-constexpr QPoint kCopyOffset{16, 16}; // of a duplicate
+constexpr double kPickReach = 3.0;    // widget pixels around the pointer that an object is met in
+constexpr QPoint kCopyOffset{16, 16}; // of a duplicate; pixels of a plain screen
 
 // A mouse event that the window system made up from a pen or a finger, which has come as itself already.
 bool isCopy(const QMouseEvent &event)
 {
     return event.source() != Qt::MouseEventNotSynthesized;
-}
-
-QPoint pixelAt(const QPointF &pos)
-{
-    return {int(pos.x()), int(pos.y())};
 }
 
 // The line from the press turns to the nearest multiple of 15 degrees, or its box becomes a square.
@@ -63,7 +60,7 @@ QPoint snappedTo(Snap snap, const QPoint &from, const QPoint &to)
 
 Canvas::Canvas(Document &document, QWidget *parent)
     : QWidget(parent)
-    , m_pageSize(document.page().rect().size())
+    , m_sizeHint(document.page().rect().size() / document.density())
     , m_document(document)
     , m_tool(&tools().front())
     , m_scatter(QRandomGenerator::global()->generate())
@@ -77,9 +74,10 @@ Canvas::Canvas(Document &document, QWidget *parent)
     setCursor(Qt::CrossCursor);
     setAccessibleName(tr("Page"));
     m_scattering.setInterval(kScatterInterval);
-    connect(&m_laser, &LaserPen::changed, this, [this](const QRect &area) { update(area); });
+    connect(&m_laser, &LaserPen::changed, this, [this](const QRect &area) { update(view().covering(area)); });
     connect(&m_scattering, &QTimer::timeout, this, &Canvas::scatter);
     connect(&m_document, &Document::currentChanged, this, &Canvas::showDocument);
+    connect(&m_navigator, &Navigator::moved, this, &Canvas::showView);
 }
 
 void Canvas::setTool(const Tool &tool)
@@ -101,7 +99,7 @@ void Canvas::setColor(const QColor &color)
 void Canvas::setInkWidth(int width)
 {
     m_ink.width = width;
-    restyle(WidthAct{width});
+    restyle(WidthAct{pageInk().width});
     takeCursor();
     if (!current().isBusy())
         setCursor(m_cursor);
@@ -117,7 +115,30 @@ void Canvas::setDash(Qt::PenStyle dash)
 
 void Canvas::takeCursor()
 {
-    m_cursor = m_tool->cursorShowsWidth ? circleCursor(m_ink.width) : QCursor(Qt::CrossCursor);
+    const double ratio = view().ratio();
+    m_cursor = m_tool->cursorShowsWidth ? circleCursor(pageInk().width * view().scale() / ratio, ratio)
+                                        : QCursor(Qt::CrossCursor);
+}
+
+QPoint Canvas::pageAt(const QPointF &pos)
+{
+    const QPointF pt = view().toPage(pos);
+    return {int(pt.x()), int(pt.y())};
+}
+
+Ink Canvas::pageInk() const
+{
+    Ink ink = m_ink;
+    ink.width = std::max(qRound(ink.width * m_document.density()), 1);
+    return ink;
+}
+
+// To what the whole widget shows at zoom 1.
+void Canvas::growPage()
+{
+    const QSize size = pageSizeAt(this->size(), m_document.density());
+    if (pageSizeProblem(size.expandedTo(page().rect().size())).isEmpty())
+        current().grow(size);
 }
 
 void Canvas::finish()
@@ -146,16 +167,29 @@ void Canvas::pick(int id)
 void Canvas::showDocument()
 {
     pick(0);
-    current().grow(size());
+    growPage();
+    takeCursor(); // of a width at another density
     repaintPage(current().rect());
     setCursor(m_cursor);
+}
+
+// Another part of the page, or another screen.
+void Canvas::showView()
+{
+    if (m_editor)
+        m_editor->follow(view());
+    const QCursor before = m_cursor;
+    takeCursor();
+    if (cursor() == before)
+        setCursor(m_cursor);
+    update();
 }
 
 void Canvas::duplicate()
 {
     const int original = chosen();
     finish();
-    const int copy = current().duplicate(original, kCopyOffset);
+    const int copy = current().duplicate(original, kCopyOffset * m_document.density());
     repaintPage(current().rect());
     const Page::Item *item = page().item(copy);
     if (item && canReopen(item->life))
@@ -216,9 +250,14 @@ void Canvas::endPicking(const QPoint &by)
     update(); // of a frame that was dragged
 }
 
+int Canvas::topmostAt(const QPoint &pt)
+{
+    return page().topmostAt(pt, view().pageLength(kPickReach));
+}
+
 void Canvas::removeAt(const QPoint &pt)
 {
-    if (const int id = page().topmostAt(pt))
+    if (const int id = topmostAt(pt))
         repaintPage(current().remove(id));
 }
 
@@ -226,7 +265,7 @@ void Canvas::removeAt(const QPoint &pt)
 void Canvas::removeAlong(const QPoint &from, const QPoint &to)
 {
     const QPoint by = to - from;
-    const int steps = std::max(std::abs(by.x()), std::abs(by.y())) / kPickStep + 1;
+    const int steps = std::max(std::abs(by.x()), std::abs(by.y())) / (view().pageLength(kPickReach) + 1) + 1;
     for (int i = 1; i <= steps; ++i)
         removeAt(from + by * i / steps);
 }
@@ -250,14 +289,16 @@ void Canvas::discard()
 void Canvas::insertPicture(const QImage &picture, const std::optional<QPoint> &center)
 {
     finish();
-    const bool fits = rect().contains(picture.rect());
-    const QSize fitting = picture.size().scaled(size(), Qt::KeepAspectRatio).expandedTo(QSize(1, 1));
+    const QRect seen = view().seen();
+    const bool fits = QRect(QPoint(), seen.size()).contains(picture.rect());
+    const QSize fitting = picture.size().scaled(seen.size(), Qt::KeepAspectRatio).expandedTo(QSize(1, 1));
     const QImage shown = fits ? picture : picture.scaled(fitting, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
     m_edit = nullptr;
     Life life{kPictureTool};
     life.canvas = current().rect().size();
     life.picture = exactImage(shown);
-    life.position = center.value_or(QPoint(width() / 2, height() / 2)) - QPoint(shown.width() / 2, shown.height() / 2);
+    life.position = center.value_or(seen.topLeft() + QPoint(seen.width() / 2, seen.height() / 2)) -
+                    QPoint(shown.width() / 2, shown.height() / 2);
     repaintPage(current().insert(std::move(life)));
 }
 
@@ -290,7 +331,7 @@ void Canvas::followObject()
     if (!m_edit || !current().isBusy() || current().isForming())
         return;
     if (m_editor) {
-        m_editor->follow();
+        m_editor->follow(view());
         if (m_editor->isLeft()) {
             closeEditor();
             repaintPage(current().finish());
@@ -298,6 +339,7 @@ void Canvas::followObject()
         }
     } else {
         m_editor = m_edit(*current().object(), this);
+        m_editor->follow(view());
         m_editor->show();
         m_editor->setFocus();
     }
@@ -335,19 +377,20 @@ bool Canvas::press(Device device, const QPointF &pos)
     if (m_device != Device::None)
         return false;
     m_device = device;
-    m_last = m_press = pixelAt(pos);
+    m_last = m_press = pageAt(pos);
     if (!current().isBusy()) {
         if (m_tool->use == Use::Picks)
-            pick(page().topmostAt(m_last));
+            pick(topmostAt(m_last));
         else if (m_tool->use == Use::Removes)
             removeAt(m_last);
         else if (m_tool->use == Use::Points)
-            m_laser.press(m_last, m_ink);
+            m_laser.press(m_last, pageInk());
         if (m_tool->use != Use::Draws)
             return true;
         m_edit = m_tool->edit;
         const QSize size = current().rect().size();
-        current().begin({QLatin1String(m_tool->name), m_ink, size}, createObject(*m_tool, m_ink, size),
+        const Ink ink = pageInk();
+        current().begin({QLatin1String(m_tool->name), ink, size}, createObject(*m_tool, ink, size),
                         m_tool->movesAsItGrows ? Page::Reach::Everywhere : Page::Reach::Reported, m_tool->lift);
     }
     repaintPage(current().feed(PT_DOWN, m_last));
@@ -363,10 +406,10 @@ bool Canvas::press(Device device, const QPointF &pos)
 void Canvas::move(Device device, const QPointF &pos)
 {
     if (m_device == Device::None)
-        showHandle(pixelAt(pos));
+        showHandle(pageAt(pos));
     if (m_device != device)
         return;
-    const QPoint pt = snapped(pixelAt(pos));
+    const QPoint pt = snapped(pageAt(pos));
     m_tapping = m_tapping && pt == m_last;
     if (m_tool->use == Use::Removes)
         removeAlong(m_last, pt);
@@ -387,7 +430,7 @@ void Canvas::move(Device device, const QPointF &pos)
 
 void Canvas::scatter()
 {
-    repaintPage(current().feed(PT_MOVE, m_scatter.around(m_last, m_ink.width)));
+    repaintPage(current().feed(PT_MOVE, m_scatter.around(m_last, pageInk().width)));
 }
 
 void Canvas::endGesture(const QPoint &pt)
@@ -402,14 +445,14 @@ void Canvas::release(Device device, const QPointF &pos)
 {
     if (m_device != device)
         return;
-    const QPoint pt = snapped(pixelAt(pos));
+    const QPoint pt = snapped(pageAt(pos));
     m_device = Device::None;
     m_laser.release();
     if (m_picked != 0)
         endPicking(pt - m_press);
     else
         endGesture(pt);
-    showHandle(pixelAt(pos));
+    showHandle(pageAt(pos));
 }
 
 // Never during a drag: asking an object what lies under the pointer moves the point that its drag starts from.
@@ -422,25 +465,26 @@ void Canvas::showHandle(const QPoint &pt)
 void Canvas::repaintPage(const QRect &area)
 {
     if (!area.isEmpty())
-        update(area);
+        update(view().covering(area));
     emit changed();
 }
 
 void Canvas::paintEvent(QPaintEvent *event)
 {
     QPainter painter(this);
-    for (const QRect &area : event->region())
-        painter.drawImage(area.topLeft(), page().surface(), area);
+    paintView(painter, view(), page().surface(), event->region());
     if (const Page::Item *item = page().item(m_picked)) {
         painter.setPen(QPen(QColor(kAccentColor), 1, Qt::DashLine));
-        painter.drawRect(item->object->m_rcHot.translated(m_device == Device::None ? QPoint() : m_last - m_press));
+        const QPoint dragged = m_device == Device::None ? QPoint() : m_last - m_press;
+        painter.drawRect(view().fromPage(item->object->m_rcHot.translated(dragged)));
     }
+    painter.setTransform(view().transform(), true);
     m_laser.paint(painter);
 }
 
 void Canvas::resizeEvent(QResizeEvent * /*event*/)
 {
-    current().grow(size());
+    growPage();
 }
 
 // Not while text is entered: there, it ends a line.
@@ -508,7 +552,7 @@ void Canvas::dropEvent(QDropEvent *event)
     event->acceptProposedAction();
     QString problem;
     if (const auto picture = readPicture(*event->mimeData(), problem))
-        insertPicture(*picture, event->pos());
+        insertPicture(*picture, pageAt(event->pos()));
     else
         emit pictureRefused(problem);
 }
@@ -527,6 +571,9 @@ bool Canvas::event(QEvent *event)
         touch(touchEvent);
         return true;
     }
+    case QEvent::ScreenChangeInternal:
+        showView();
+        break;
     default:
         break;
     }

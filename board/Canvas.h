@@ -2,6 +2,7 @@
 
 #include "Document.h"
 #include "LaserPen.h"
+#include "Navigator.h"
 #include "Scatter.h"
 #include "Tools.h"
 
@@ -17,7 +18,8 @@ class ObjectEditor;
 
 // Shows the current page of a document and draws on it with the mouse, a pen or a finger.
 //
-// A page is as large as the widget has ever been: ink beyond the edges of a smaller window is kept.
+// A page is as large as the widget has ever been: ink beyond the edges of a smaller window is kept. Its pixels are
+// those of the screen that the document was made on; on another one it is shown larger or smaller.
 class Canvas : public QWidget
 {
     Q_OBJECT
@@ -28,7 +30,11 @@ public:
 
     const Page &page() const { return m_document.page(); }
 
-    // A new tool lets the object in progress go. Colour and width are those of the next object.
+    // What is seen of the page now.
+    const View &view() { return m_navigator.view(page()); }
+
+    // A new tool lets the object in progress go. Colour and width are those of the next object; the width is in pixels
+    // of a plain screen.
     void setTool(const Tool &tool);
     void setColor(const QColor &color);
     void setInkWidth(int width);
@@ -38,8 +44,8 @@ public:
     // The dots of a tool that scatters are the same after the same seed.
     void setSeed(quint32 seed) { m_scatter = Scatter(seed); }
 
-    // Puts a picture where it can be moved, stretched and turned: around a point, by default in the middle. One that is
-    // larger than what is seen of the page is made smaller.
+    // Puts a picture where it can be moved, stretched and turned: around a point of the page, by default in the middle.
+    // One that is larger than what is seen of the page is made smaller.
     void insertPicture(const QImage &picture, const std::optional<QPoint> &center = {});
 
     void finish();
@@ -53,7 +59,7 @@ public:
     void lower();
     void clear();
 
-    QSize sizeHint() const override { return m_pageSize; }
+    QSize sizeHint() const override { return m_sizeHint; }
 
 signals:
     // Something was drawn, an object was let go, or the like.
@@ -92,24 +98,30 @@ private:
     void takeCursor();
     void showHandle(const QPoint &pt);
     void repaintPage(const QRect &area);
+    QPoint pageAt(const QPointF &pos);
+    void growPage();
+    Ink pageInk() const;
 
     Page &current() { return m_document.page(); }
     int chosen() const; // 0 for none
     void pick(int id);
     void endPicking(const QPoint &by);
+    int topmostAt(const QPoint &pt);
     void removeAt(const QPoint &pt);
     void removeAlong(const QPoint &from, const QPoint &to);
     void reorder(bool up);
     void restyle(const Act &act);
     void showDocument();
+    void showView();
     QPoint snapped(const QPoint &pt) const;
 
-    const QSize m_pageSize;
+    const QSize m_sizeHint;
     Document &m_document;
+    Navigator m_navigator{*this};
     const Tool *m_tool;
     decltype(Tool::edit) m_edit{}; // of the object in progress
     ObjectEditor *m_editor{};      // of the object in progress, owned by this widget; null while there is none
-    Ink m_ink;
+    Ink m_ink; // the width in pixels of a plain screen
     Device m_device{Device::None};
     QPoint m_last;  // of the device that draws
     QPoint m_press; // the last

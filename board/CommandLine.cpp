@@ -44,7 +44,8 @@ private:
     const QCommandLineOption m_size{
         QStringLiteral("size"),
         tr("Pixels of the page, %1 a side and %2 in all at most. By default it is 1280x800 in the window, where it "
-           "grows with it, and as large as the largest FILE with --play. A lesson has its own.")
+           "grows with it and has the pixels of a scaled screen, and as large as the largest FILE with --play. A lesson "
+           "has its own.")
             .arg(kMaxPageSide)
             .arg(kMaxPagePixels),
         QStringLiteral("WxH")};

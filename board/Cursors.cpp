@@ -78,15 +78,16 @@ QCursor cursorFor(ModifyType type, float angle)
     return kArrows[(*direction + eighths) % 4];
 }
 
-QCursor circleCursor(int diameter)
+QCursor circleCursor(double diameter, double ratio)
 {
     constexpr int kSmall = 12; // such a circle is too easily lost
     constexpr int kGap = 2;
     constexpr int kTick = 5;
     const bool isSmall = diameter < kSmall;
-    const int reach = diameter / 2 + (isSmall ? kGap + kTick : 0);
+    const int reach = int(diameter / 2) + (isSmall ? kGap + kTick : 0);
     const int middle = reach + 2;
-    QPixmap pixmap(2 * middle, 2 * middle);
+    QPixmap pixmap(QSize(2 * middle, 2 * middle) * ratio);
+    pixmap.setDevicePixelRatio(ratio);
     pixmap.fill(Qt::transparent);
     QPainter painter(&pixmap);
     painter.setRenderHint(QPainter::Antialiasing);

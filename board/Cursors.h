@@ -10,7 +10,8 @@ namespace Board {
 // corners turn with the object, in steps of 45 degrees.
 QCursor cursorFor(ModifyType type, float angle);
 
-// A circle of that many pixels across, seen on white and on black. Ticks point at a small one.
-QCursor circleCursor(int diameter);
+// A circle of that many pixels across, seen on white and on black, for a screen with `ratio` pixels of its own along
+// each. Ticks point at a small one.
+QCursor circleCursor(double diameter, double ratio = 1);
 
 } // namespace Board

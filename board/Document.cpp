@@ -22,6 +22,7 @@ const QString kKind = QStringLiteral("inkboard");
 const QString kDo = QStringLiteral("do");
 const QString kPage = QStringLiteral("page");
 const QString kSize = QStringLiteral("size");
+const QString kDensity = QStringLiteral("density");
 
 QJsonArray json(const QSize &size)
 {
@@ -128,10 +129,10 @@ private:
     int m_to;
 };
 
-Document::Document(const QSize &pageSize, QObject *parent)
+Document::Document(const QSize &pageSize, double density, QObject *parent)
     : QObject(parent)
 {
-    reset(pageSize);
+    reset(pageSize, density);
 }
 
 Document::~Document()
@@ -139,23 +140,27 @@ Document::~Document()
     m_stack.clear(); // while its pages are there
 }
 
-void Document::reset(const QSize &size)
+void Document::reset(const QSize &size, double density)
 {
     m_stack.clear();
     m_pages.clear();
     m_log.clear();
     m_nextNumber = 1;
     m_current = 0;
+    m_density = density;
     m_pages.push_back(newPage(size));
     m_fileName.clear();
-    note({{kKind, kVersion}, {kSize, json(size)}});
+    QJsonObject header{{kKind, kVersion}, {kSize, json(size)}};
+    if (density != 1)
+        header.insert(kDensity, density);
+    note(header);
     m_changes = 0;
 }
 
 Document::NumberedPage Document::newPage(const QSize &size)
 {
     const int number = m_nextNumber++;
-    auto page = std::make_unique<Page>(size);
+    auto page = std::make_unique<Page>(size, m_density);
     page->setListener([this, number](const Record &record) { recorded(number, record); });
     return {number, std::move(page)};
 }
@@ -331,14 +336,17 @@ QString Document::load(const QString &fileName)
     const QByteArray header = file.readLine();
     const QJsonObject first = QJsonDocument::fromJson(header).object();
     const QSize size = sizeFrom(first.value(kSize));
+    const double density = first.value(kDensity).toDouble(first.contains(kDensity) ? 0 : 1);
     if (!first.value(kKind).isDouble())
         return failed(1, tr("this is not a lesson of this board"));
     if (first.value(kKind).toInt() > kVersion)
         return failed(1, tr("the lesson was written by a later version of this board"));
     if (!pageSizeProblem(size).isEmpty())
         return failed(1, pageSizeProblem(size));
+    if (!isDensity(density))
+        return failed(1, tr("no density of a page"));
 
-    reset(size);
+    reset(size, density);
     m_playing = true;
     QString problem;
     for (int number = 2; problem.isEmpty() && !file.atEnd(); ++number) {

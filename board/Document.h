@@ -22,9 +22,11 @@ class Document : public QObject
     Q_OBJECT
 
 public:
-    // One blank page.
-    explicit Document(const QSize &pageSize, QObject *parent = nullptr);
+    // One blank page. The density is that of all pages: how many of their pixels lie along one of a plain screen.
+    explicit Document(const QSize &pageSize, double density = 1, QObject *parent = nullptr);
     ~Document() override;
+
+    double density() const { return m_density; }
 
     int pageCount() const { return int(m_pages.size()); }
     int current() const { return m_current; }
@@ -93,13 +95,14 @@ private:
     int indexOf(int number) const;
     void recorded(int number, const Record &record);
     void note(const QJsonObject &line);
-    void reset(const QSize &size);
+    void reset(const QSize &size, double density);
     QString load(const QString &fileName);
     bool playLine(const QByteArray &line, QString &problem);
     bool isTouched(const QString &fileName) const;
     void remember(const QString &fileName);
 
     std::vector<NumberedPage> m_pages;
+    double m_density{1};
     int m_current{};
     int m_nextNumber{1};
     QUndoStack m_stack;

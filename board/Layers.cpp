@@ -83,11 +83,10 @@ void Layers::draw(CInkGraph &object, const QRect &area, Background background)
     object.Draw(page, surface, under, ink, area, background == Background::New ? 1 : 0, 0);
 }
 
-bool paintsNear(CInkGraph &object, const QPoint &pt)
+bool paintsNear(CInkGraph &object, const QPoint &pt, int reach)
 {
-    constexpr int kReach = 3;
-    constexpr int kSide = 2 * kReach + 1;
-    QRect area(pt - QPoint(kReach, kReach), QSize(kSide, kSide));
+    const int side = 2 * reach + 1;
+    QRect area(pt - QPoint(reach, reach), QSize(side, side));
     QImage image(area.size(), QImage::Format_ARGB32_Premultiplied);
     image.fill(Qt::transparent);
     if (const auto *fill = dynamic_cast<CInkFloodFill *>(&object)) { // paints on layers only
@@ -101,7 +100,7 @@ bool paintsNear(CInkGraph &object, const QPoint &pt)
         object.Draw(painter, area);
     }
     const auto *first = reinterpret_cast<const QRgb *>(image.constBits());
-    return std::any_of(first, first + kSide * kSide, [](QRgb pixel) { return qAlpha(pixel) != 0; });
+    return std::any_of(first, first + std::ptrdiff_t(side) * side, [](QRgb pixel) { return qAlpha(pixel) != 0; });
 }
 
 } // namespace Board

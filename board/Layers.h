@@ -52,7 +52,7 @@ private:
     QImage m_ink;
 };
 
-// Whether the object paints anything within three pixels of the point.
-bool paintsNear(CInkGraph &object, const QPoint &pt);
+// Whether the object paints anything within `reach` pixels of the point to all sides.
+bool paintsNear(CInkGraph &object, const QPoint &pt, int reach);
 
 } // namespace Board

@@ -9,6 +9,7 @@
 #include "FileCommands.h"
 #include "OptionControl.h"
 #include "PageCommands.h"
+#include "PageSize.h"
 #include "PageStrip.h"
 #include "ShortcutDialog.h"
 #include "Shortcuts.h"
@@ -17,6 +18,7 @@
 #include "WidthControl.h"
 
 #include <QtGui/QCloseEvent>
+#include <QtGui/QGuiApplication>
 #include <QtGui/QScreen>
 #include <QtWidgets/QAction>
 #include <QtWidgets/QFrame>
@@ -39,10 +41,17 @@ QWidget *makeDivider(QWidget *parent)
     return divider;
 }
 
+// Of the pages that are made on this screen.
+double densityFor(const QSize &plainSize)
+{
+    const double ratio = QGuiApplication::primaryScreen()->devicePixelRatio();
+    return isDensity(ratio) && pageSizeProblem(pageSizeAt(plainSize, ratio)).isEmpty() ? ratio : 1;
+}
+
 } // namespace
 
-MainWindow::MainWindow(const QSize &pageSize)
-    : m_document(pageSize)
+MainWindow::MainWindow(const QSize &plainSize)
+    : m_document(pageSizeAt(plainSize, densityFor(plainSize)), densityFor(plainSize))
     , m_canvas(new Canvas(m_document, this))
     , m_rail(new ToolRail(this))
     , m_colors(new ColorRow(this))

@@ -25,7 +25,8 @@ class MainWindow : public QMainWindow
     Q_OBJECT
 
 public:
-    explicit MainWindow(const QSize &pageSize);
+    // The size of the first page is in pixels of a plain screen; the page has those of the screen in their place.
+    explicit MainWindow(const QSize &plainSize);
 
     Canvas &canvas() { return *m_canvas; }
     Document &document() { return m_document; }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Life.h"
+#include "View.h"
 
 #include <QtWidgets/QWidget>
 
@@ -8,7 +9,7 @@
 
 namespace Board {
 
-// Edits on the page what the handles of an object cannot: a widget over the object, in the pixels of the page.
+// Edits on the page what the handles of an object cannot: a widget over the object.
 //
 // It is made once the object has its handles and keeps to it until finish(); the object outlives that call.
 class ObjectEditor : public QWidget
@@ -24,8 +25,8 @@ public:
 
     virtual void setColor(const QColor &color) = 0;
 
-    // Keeps to the object, which was moved or stretched.
-    virtual void follow() = 0;
+    // Keeps to the object, which was moved or stretched, or is seen elsewhere now. Called before anything else.
+    virtual void follow(const View &view) = 0;
 
     // The object was pressed where that lets it go.
     virtual bool isLeft() const = 0;

@@ -22,8 +22,9 @@ bool isAlike(const CInkGraph &first, const CInkGraph &second)
 
 } // namespace
 
-Page::Page(const QSize &size)
+Page::Page(const QSize &size, double density)
     : m_layers(size)
+    , m_density(density)
 {
 }
 
@@ -226,10 +227,10 @@ Page::Items Page::without(int id) const
     return others;
 }
 
-int Page::topmostAt(const QPoint &pt) const
+int Page::topmostAt(const QPoint &pt, int reach) const
 {
-    const auto found =
-        std::find_if(m_items.rbegin(), m_items.rend(), [&](const auto &item) { return paintsNear(*item->object, pt); });
+    const auto found = std::find_if(m_items.rbegin(), m_items.rend(),
+                                    [&](const auto &item) { return paintsNear(*item->object, pt, reach); });
     return found == m_items.rend() ? 0 : (*found)->id;
 }
 
@@ -303,7 +304,7 @@ QRect Page::setPaper(const Paper &paper)
     const Pixels before = pixels(rect());
     Step step;
     step.paper = std::exchange(m_paper, paper);
-    m_layers.setBackground(paintedPaper(m_paper, rect().size()));
+    m_layers.setBackground(paintedPaper(m_paper, rect().size(), m_density));
     replay(Background::New);
     keepDifference(step, before);
     push(std::move(step), PaperRecord{paper});
@@ -377,7 +378,7 @@ void Page::exchange(Step &step, bool undoes)
         m_items.push_back(step.added);
     if (step.paper) {
         std::swap(m_paper, *step.paper);
-        m_layers.setBackground(paintedPaper(m_paper, rect().size()));
+        m_layers.setBackground(paintedPaper(m_paper, rect().size(), m_density));
     }
     if (step.hasPixels)
         m_layers.exchange(step.page, step.ink);
@@ -394,7 +395,7 @@ void Page::grow(const QSize &size)
     if (layers.isNull())
         return; // a smaller page is better than none
     m_layers = std::move(layers);
-    m_layers.setBackground(paintedPaper(m_paper, grown));
+    m_layers.setBackground(paintedPaper(m_paper, grown, m_density));
     for (Step &step : m_steps) {
         step.hasPixels = false; // objects reach farther now
         step.page = Patch();

@@ -20,14 +20,15 @@ namespace Board {
 class Page
 {
 public:
-    // Blank and white.
-    explicit Page(const QSize &size);
+    // Blank and white. `density` is how many of its pixels lie along one of a plain screen.
+    explicit Page(const QSize &size, double density = 1);
     ~Page();
 
     // There was not enough memory: nothing but the destructor may be called.
     bool isNull() const { return m_layers.isNull(); }
 
     QRect rect() const { return m_layers.rect(); }
+    double density() const { return m_density; }
     const QImage &surface() const { return m_layers.surface(); }
     const QImage &picture() const { return m_layers.page(); }
     const QImage &ink() const { return m_layers.ink(); }
@@ -97,8 +98,8 @@ public:
     const Items &items() const { return m_items; }
     const Item *item(int id) const; // null when there is none
 
-    // The topmost object that has painted within a few pixels; 0 when there is none.
-    int topmostAt(const QPoint &pt) const;
+    // The topmost object that has painted within `reach` pixels to all sides; 0 when there is none.
+    int topmostAt(const QPoint &pt, int reach = 3) const;
 
     // Steps on committed objects; one in progress is finished first. Nothing happens when they change nothing.
     QRect replace(int id, Life life);
@@ -160,6 +161,7 @@ private:
     bool play(const DrawRecord &record);
 
     Layers m_layers;
+    const double m_density;
     Items m_items;
     Paper m_paper;
     std::vector<Step> m_steps;

@@ -18,7 +18,7 @@ namespace Board {
 
 namespace {
 
-constexpr int kDotsPerInch = 96; // of the page, so that it prints at the size of the screen
+constexpr int kDotsPerInch = 96; // of a plain screen, so that the page prints at its size there
 
 void paintItem(QPainter &painter, const Page::Item &item, const Page &page)
 {
@@ -48,18 +48,19 @@ QByteArray painted(const Page &page, const QString &kind)
     QBuffer buffer;
     buffer.open(QIODevice::WriteOnly);
     const QSize size = page.rect().size();
+    const int dotsPerInch = qRound(kDotsPerInch * page.density());
     if (kind == QLatin1String("svg")) {
         QSvgGenerator svg;
         svg.setOutputDevice(&buffer);
         svg.setSize(size);
         svg.setViewBox(page.rect());
-        svg.setResolution(kDotsPerInch);
+        svg.setResolution(dotsPerInch);
         QPainter painter(&svg);
         paintPage(painter, page);
     } else {
         QPdfWriter pdf(&buffer);
-        pdf.setResolution(kDotsPerInch);
-        pdf.setPageSize(QPageSize(QSizeF(size) / kDotsPerInch, QPageSize::Inch, {}, QPageSize::ExactMatch));
+        pdf.setResolution(dotsPerInch);
+        pdf.setPageSize(QPageSize(QSizeF(size) / dotsPerInch, QPageSize::Inch, {}, QPageSize::ExactMatch));
         pdf.setPageMargins(QMarginsF());
         QPainter painter(&pdf);
         paintPage(painter, page);
@@ -73,7 +74,7 @@ QByteArray painted(const Page &page, const QString &kind)
 void paintPage(QPainter &painter, const Page &page)
 {
     painter.setWindow(page.rect());
-    paintPaper(painter, page.paper(), page.rect().size());
+    paintPaper(painter, page.paper(), page.rect().size(), page.density());
     for (const auto &item : page.items())
         paintItem(painter, *item, page);
 }

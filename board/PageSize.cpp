@@ -2,6 +2,7 @@
 
 #include <QtCore/QCoreApplication>
 #include <QtCore/QRegularExpression>
+#include <QtCore/QtMath>
 
 namespace Board {
 
@@ -10,6 +11,12 @@ QSize pageSizeFromText(const QString &text)
     static const QRegularExpression form(QStringLiteral("^([0-9]{1,9})x([0-9]{1,9})$"));
     const QRegularExpressionMatch match = form.match(text);
     return match.hasMatch() ? QSize(match.captured(1).toInt(), match.captured(2).toInt()) : QSize();
+}
+
+QSize pageSizeAt(const QSize &plain, double density)
+{
+    constexpr double kSlack = 1e-6; // of a density that is no binary fraction
+    return {qCeil(plain.width() * density - kSlack), qCeil(plain.height() * density - kSlack)};
 }
 
 QString pageSizeProblem(const QSize &size)

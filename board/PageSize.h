@@ -13,6 +13,15 @@ constexpr bool isPageSide(double side)
     return side >= 1 && side <= kMaxPageSide;
 }
 
+// How many pixels of a page may lie along one of a plain screen.
+constexpr bool isDensity(double density)
+{
+    return density >= 0.5 && density <= 8;
+}
+
+// Of a page that fills so many pixels of a plain screen.
+QSize pageSizeAt(const QSize &plain, double density);
+
 // "WIDTHxHEIGHT", or an invalid size.
 QSize pageSizeFromText(const QString &text);
 

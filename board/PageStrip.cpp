@@ -20,9 +20,12 @@ constexpr QSize kThumbnail{128, 80};
 constexpr int kStripWidth = 168;
 constexpr int kRefreshDelay = 300; // milliseconds
 
-QIcon thumbnail(const Page &page)
+QIcon thumbnail(const Page &page, double ratio)
 {
-    return QIcon(QPixmap::fromImage(page.picture().scaled(kThumbnail, Qt::KeepAspectRatio, Qt::SmoothTransformation)));
+    QPixmap pixmap =
+        QPixmap::fromImage(page.picture().scaled(kThumbnail * ratio, Qt::KeepAspectRatio, Qt::SmoothTransformation));
+    pixmap.setDevicePixelRatio(ratio);
+    return QIcon(pixmap);
 }
 
 } // namespace
@@ -106,7 +109,8 @@ void PageStrip::showPages()
     const QSignalBlocker blocker(m_list);
     m_list->clear();
     for (int i = 0; i < m_document.pageCount(); ++i)
-        m_list->addItem(new QListWidgetItem(thumbnail(m_document.page(i)), QString::number(i + 1)));
+        m_list->addItem(
+            new QListWidgetItem(thumbnail(m_document.page(i), devicePixelRatioF()), QString::number(i + 1)));
     showCurrent();
 }
 
@@ -119,7 +123,7 @@ void PageStrip::showCurrent()
 void PageStrip::refreshCurrent()
 {
     if (QListWidgetItem *item = m_list->item(m_document.current()))
-        item->setIcon(thumbnail(m_document.page()));
+        item->setIcon(thumbnail(m_document.page(), devicePixelRatioF()));
 }
 
 } // namespace Board

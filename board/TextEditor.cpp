@@ -17,10 +17,10 @@ namespace Board {
 
 namespace {
 
-constexpr int kInset = 5; // the object paints its image that far inside its frame
+constexpr int kInset = 5; // page pixels; the object paints its image that far inside its frame
 constexpr int kMinSize = 8;
 constexpr int kMaxSize = 200;
-constexpr int kFirstSize = 24; // of the font, page pixels
+constexpr int kFirstSize = 24; // of the font, pixels of a plain screen
 constexpr int kBarGap = 8;     // between bar and frame
 
 } // namespace
@@ -41,7 +41,6 @@ TextEditor::TextEditor(CInkText &text, QWidget *parent)
     setFocusProxy(m_edit);
     makeBar();
     showStyle();
-    follow();
     m_bar->show();
 }
 
@@ -85,26 +84,30 @@ void TextEditor::showStyle()
     m_edit->setStyleSheet(
         QStringLiteral("background: transparent; border: none; padding: 0; color: %1; font-size: %2px;")
             .arg(color)
-            .arg(m_size->value()));
+            .arg(std::max(qRound(m_size->value() * m_view.zoom()), 1)));
     m_sample->setStyleSheet(QStringLiteral("font-weight: bold; color: %1;").arg(color));
 }
 
-void TextEditor::follow()
+void TextEditor::follow(const View &view)
 {
-    setGeometry(m_text.m_rcImage);
-    m_edit->setGeometry(rect().adjusted(kInset, kInset, -kInset, -kInset));
-    placeBar();
+    const bool zooms = view.zoom() != m_view.zoom();
+    m_view = view;
+    setGeometry(view.fromPage(m_text.m_rcImage));
+    const int inset = qRound(kInset * view.scale() / view.ratio());
+    m_edit->setGeometry(rect().adjusted(inset, inset, -inset, -inset));
+    placeBar(view.fromPage(m_text.m_rcText));
+    if (zooms)
+        showStyle();
 }
 
 // Above the frame; where there is no room, below its tab.
-void TextEditor::placeBar()
+void TextEditor::placeBar(const QRect &frame)
 {
     const QSize size = m_bar->sizeHint();
     const int rightmost = std::max(parentWidget()->width() - size.width(), 0);
-    const int above = m_text.m_rcText.top() - kBarGap - size.height();
-    m_bar->setGeometry(QRect(QPoint(std::clamp(m_text.m_rcText.left(), 0, rightmost),
-                                    above >= 0 ? above : m_text.m_rcText.bottom() + kBarGap),
-                             size));
+    const int above = frame.top() - kBarGap - size.height();
+    m_bar->setGeometry(
+        QRect(QPoint(std::clamp(frame.left(), 0, rightmost), above >= 0 ? above : frame.bottom() + kBarGap), size));
 }
 
 bool TextEditor::isLeft() const
@@ -131,12 +134,15 @@ QImage TextEditor::rendered() const
     m_edit->ensurePolished(); // or the font is not yet that of the style
     QTextDocument document;
     document.setDocumentMargin(0);
-    document.setDefaultFont(m_edit->font());
+    QFont font = m_edit->font();
+    font.setPixelSize(qRound(m_size->value() * m_view.density()));
+    document.setDefaultFont(font);
     document.setDefaultTextOption(m_edit->document()->defaultTextOption());
     document.setPlainText(m_edit->toPlainText());
-    document.setTextWidth(m_edit->width());
+    const QSize size = m_text.m_rcImage.size() - QSize(2 * kInset, 2 * kInset);
+    document.setTextWidth(size.width());
 
-    QImage image(m_edit->size(), QImage::Format_ARGB32_Premultiplied);
+    QImage image(size.expandedTo({1, 1}), QImage::Format_ARGB32_Premultiplied);
     image.fill(Qt::transparent);
     QPainter painter(&image);
     QAbstractTextDocumentLayout::PaintContext context;

@@ -22,7 +22,7 @@ public:
     ~TextEditor() override;
 
     void setColor(const QColor &color) override;
-    void follow() override;
+    void follow(const View &view) override;
     bool isLeft() const override;
     std::optional<Act> entered() override;
 
@@ -31,7 +31,7 @@ protected:
 
 private:
     void makeBar();
-    void placeBar();
+    void placeBar(const QRect &frame);
     void showStyle();
     QImage rendered() const;
 
@@ -41,6 +41,7 @@ private:
     QLabel *m_sample{};     // both owned by the bar
     QSpinBox *m_size{};
     QColor m_color;
+    View m_view;
 };
 
 } // namespace Board

@@ -100,6 +100,7 @@ private slots:
     void startsWithABlankPage();
     void undoesAndRedoesEveryStep();
     void playsTheSamePixelsFromAFile();
+    void keepsItsDensity();
     void goesOnAfterOpening();
     void keepsTheLastPage();
     void undoesOnAnotherPage();
@@ -187,6 +188,36 @@ void tst_Document::playsTheSamePixelsFromAFile()
         opened.undo();
     }
     compareDocuments(opened, document);
+}
+
+// Ruled lines are 32 pixels of a plain screen apart, which is 48.
+void tst_Document::keepsItsDensity()
+{
+    Document document(kSize, 1.5);
+    QCOMPARE(document.log().lines().front(), QByteArray(R"({"density":1.5,"inkboard":1,"size":[400,300]})"));
+    document.page().setPaper({Paper::Kind::Ruled, {}});
+    draw(document, "rectangle", {50, 60}, {150, 120});
+    const QImage picture = document.page().picture().copy();
+    QCOMPARE(picture.pixel(10, 32), 0xFFFFFFFFU);
+    QCOMPARE(picture.pixel(10, 48), 0xFFCBD8EAU);
+    QCOMPARE(picture.pixel(10, 49), 0xFFFFFFFFU);
+    QCOMPARE(picture.pixel(10, 288), 0xFFCBD8EAU);
+    QCOMPARE(document.save(path("dense.inkboard")), QString());
+
+    Document again(QSize(10, 10));
+    QCOMPARE(again.open(path("dense.inkboard")), QString());
+    QCOMPARE(again.density(), 1.5);
+    compareDocuments(again, document);
+    again.addPage(1);
+    QCOMPARE(again.page().density(), 1.5);
+    again.undo();
+    again.undo();
+    QCOMPARE(again.page().picture().pixel(10, 48), 0xFFCBD8EAU);
+    for (const double limit : {0.5, 8.0}) {
+        QCOMPARE(Document(kSize, limit).save(path("limit.inkboard")), QString());
+        QCOMPARE(again.open(path("limit.inkboard")), QString());
+        QCOMPARE(again.density(), limit);
+    }
 }
 
 void tst_Document::goesOnAfterOpening()
@@ -353,6 +384,11 @@ void tst_Document::refusesAFile_data()
     QTest::newRow("a later version") << QByteArray("{\"inkboard\":2,\"size\":[400,300]}\n")
                                      << ": line 1: the lesson was written by a later version of this board";
     QTest::newRow("no size") << QByteArray("{\"inkboard\":1}\n") << QString();
+    for (const char *density : {"0", "0.49", "8.01", "\"2\"", "null"}) {
+        QTest::addRow("density %s", density)
+            << QByteArray("{\"density\":") + density + ",\"inkboard\":1,\"size\":[400,300]}\n"
+            << ": line 1: no density of a page";
+    }
     QTest::newRow("a huge size") << QByteArray("{\"inkboard\":1,\"size\":[400000,300000]}\n") << QString();
 }
 

@@ -19,6 +19,7 @@ private slots:
         m_canvas.reset();
         m_document = std::make_unique<Document>(QSize(400, 300));
         m_canvas = std::make_unique<Canvas>(*m_document);
+        m_canvas->resize(400, 300);
     }
 
     void polygonClosesAtItsFirstVertex();
