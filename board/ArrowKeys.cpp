@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <tuple>
 #include <utility>
 
 namespace Board {
@@ -19,6 +20,11 @@ QPoint center(const QAbstractButton &button)
 bool isReachable(const QAbstractButton &button)
 {
     return !button.isHidden() && button.isEnabled();
+}
+
+bool isInRow(const QAbstractButton &first, const QAbstractButton &second)
+{
+    return std::abs(center(first).y() - center(second).y()) <= std::max(first.height(), second.height()) / 2;
 }
 
 } // namespace
@@ -50,18 +56,21 @@ void ArrowKeys::makeStop(const QAbstractButton &stop)
         button->setFocusPolicy(button == &stop ? Qt::TabFocus : Qt::NoFocus);
 }
 
-// In the order of reading.
+// In the order of reading: in the row, then in the row after it.
 QAbstractButton *ArrowKeys::next(const QAbstractButton &from, bool forward) const
 {
-    const auto place = [](const QAbstractButton &button) {
-        const QPoint pt = center(button);
-        return std::make_pair(pt.y(), pt.x());
-    };
     QAbstractButton *nearest = nullptr;
+    std::tuple<bool, int, int> least; // whether in another row, and how far
     for (QAbstractButton *button : m_buttons) {
-        const bool isAhead = forward ? place(*button) > place(from) : place(*button) < place(from);
-        if (isAhead && isReachable(*button) && (!nearest || forward == (place(*button) < place(*nearest))))
+        const QPoint by = (center(*button) - center(from)) * (forward ? 1 : -1);
+        const bool inRow = isInRow(*button, from);
+        const bool isAhead = inRow ? by.x() > 0 : by.y() > 0;
+        const auto distance = inRow ? std::make_tuple(false, by.x(), std::abs(by.y())) //
+                                    : std::make_tuple(true, by.y(), by.x());
+        if (isAhead && isReachable(*button) && (!nearest || distance < least)) {
             nearest = button;
+            least = distance;
+        }
     }
     return nearest;
 }
@@ -74,10 +83,9 @@ QAbstractButton *ArrowKeys::nextRow(const QAbstractButton &from, bool down) cons
     for (QAbstractButton *button : m_buttons) {
         const QPoint by = center(*button) - center(from);
         const int rows = down ? by.y() : -by.y();
-        if (rows < from.height() / 2 || !isReachable(*button))
-            continue;
         const std::pair<int, int> distance(rows, std::abs(by.x()));
-        if (!nearest || distance < least) {
+        const bool isAhead = rows > 0 && !isInRow(*button, from);
+        if (isAhead && isReachable(*button) && (!nearest || distance < least)) {
             nearest = button;
             least = distance;
         }

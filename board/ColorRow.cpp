@@ -1,6 +1,8 @@
 #include "ColorRow.h"
 
+#include "ArrowKeys.h"
 #include "CommandGroup.h"
+#include "Settings.h"
 #include "Style.h"
 
 #include <QtCore/QCoreApplication>
@@ -8,15 +10,23 @@
 #include <QtWidgets/QAction>
 #include <QtWidgets/QButtonGroup>
 #include <QtWidgets/QColorDialog>
+#include <QtWidgets/QGridLayout>
 #include <QtWidgets/QHBoxLayout>
+
+#include <algorithm>
+#include <iterator>
 
 namespace Board {
 
 namespace {
 
 constexpr int kSwatchSide = 38;
-constexpr qreal kDiscRadius = 12;
-constexpr qreal kRingRadius = 16.5;
+constexpr int kSmallSide = 27;
+constexpr qreal kDisc = 24.0 / kSwatchSide; // diameters, of the button's side
+constexpr qreal kRing = 33.0 / kSwatchSide;
+constexpr int kRecentColumns = 3;
+constexpr int kRecentColors = 6;
+constexpr const char *kRecentSetting = "colors/recent";
 
 struct ClassroomColor
 {
@@ -46,9 +56,9 @@ QBrush allColors(const QPointF &center)
 
 } // namespace
 
-ColorSwatch::ColorSwatch(const QColor &color, QAction &action, QWidget *parent)
+ColorSwatch::ColorSwatch(QAction &action, Size size, QWidget *parent)
     : QAbstractButton(parent)
-    , m_color(color)
+    , m_size(size)
 {
     setCheckable(true);
     setAccessibleName(action.text());
@@ -57,6 +67,7 @@ ColorSwatch::ColorSwatch(const QColor &color, QAction &action, QWidget *parent)
     setFocusPolicy(Qt::TabFocus);
     // The button's own shortcut would click a moment later, after the stroke that is drawn at once.
     connect(&action, &QAction::triggered, this, &ColorSwatch::click);
+    setFixedSize(sizeHint());
 }
 
 void ColorSwatch::setColor(const QColor &color)
@@ -67,7 +78,7 @@ void ColorSwatch::setColor(const QColor &color)
 
 QSize ColorSwatch::sizeHint() const
 {
-    return {kSwatchSide, kSwatchSide};
+    return m_size == Size::Large ? QSize(kSwatchSide, kSwatchSide) : QSize(kSmallSide, kSmallSide);
 }
 
 void ColorSwatch::paintEvent(QPaintEvent * /*event*/)
@@ -77,67 +88,128 @@ void ColorSwatch::paintEvent(QPaintEvent * /*event*/)
     const QPointF center = QRectF(rect()).center();
     painter.setPen(Qt::NoPen);
     painter.setBrush(m_color.isValid() ? QBrush(m_color) : allColors(center));
-    painter.drawEllipse(center, kDiscRadius, kDiscRadius);
+    painter.drawEllipse(center, width() * kDisc / 2, width() * kDisc / 2);
 
     const bool shown = isChecked() || hasFocus() || underMouse();
     if (!shown)
         return;
     painter.setBrush(Qt::NoBrush);
     painter.setPen(QPen(isChecked() ? QColor(kAccentColor) : QColor(0xC3, 0xCC, 0xD8), hasFocus() ? 3.5 : 2.5));
-    painter.drawEllipse(center, kRingRadius, kRingRadius);
+    painter.drawEllipse(center, width() * kRing / 2, width() * kRing / 2);
 }
 
 ColorRow::ColorRow(QWidget *parent)
     : QWidget(parent)
     , m_group(new QButtonGroup(this))
+    , m_keys(new ArrowKeys(this))
     , m_color(kColors[0].color)
 {
     auto *row = new QHBoxLayout(this);
     row->setContentsMargins(0, 0, 0, 0);
     row->setSpacing(2);
-    const CommandGroup group(tr("Colours"), *window(), CommandGroup::Place::Buttons);
     int key = 1;
-    const auto add = [&](const QColor &color, const QString &title) {
-        const QString name = QStringLiteral("color-%1").arg(key);
-        auto *swatch = new ColorSwatch(color, *group.add(qPrintable(name), title, QString::number(key++)), this);
-        m_group->addButton(swatch);
+    const auto addLarge = [&](const QColor &color, const QString &title) {
+        ColorSwatch *swatch =
+            add(QStringLiteral("color-%1").arg(key), title, QString::number(key), ColorSwatch::Size::Large);
+        swatch->setColor(color);
         row->addWidget(swatch);
+        ++key;
         return swatch;
     };
     for (const ClassroomColor &entry : kColors) {
-        ColorSwatch *swatch = add(QColor(entry.color), tr(entry.title));
+        ColorSwatch *swatch = addLarge(QColor(entry.color), tr(entry.title));
         connect(swatch, &ColorSwatch::clicked, this, [this, swatch] { pick(swatch->color()); });
     }
     m_group->buttons().constFirst()->setChecked(true);
-    m_custom = add(QColor(), tr("Another colour…"));
+    m_custom = addLarge(QColor(), tr("Another colour…"));
     connect(m_custom, &ColorSwatch::clicked, this, &ColorRow::askForColor);
+    auto *grid = new QGridLayout;
+    grid->setSpacing(0);
+    addRecent(*grid);
+    row->addLayout(grid);
+}
+
+ColorSwatch *ColorRow::add(const QString &name, const QString &title, const QString &keys, ColorSwatch::Size size)
+{
+    const CommandGroup group(tr("Colours"), *window(), CommandGroup::Place::Buttons);
+    auto *swatch = new ColorSwatch(*group.add(qPrintable(name), title, keys), size, this);
+    m_group->addButton(swatch);
+    m_keys->add(*swatch);
+    return swatch;
+}
+
+void ColorRow::addRecent(QGridLayout &grid)
+{
+    for (int i = 0; i < kRecentColors; ++i) {
+        const int number = i + 1;
+        ColorSwatch *swatch = add(QStringLiteral("recent-color-%1").arg(number), tr("Recent colour %1").arg(number),
+                                  QStringLiteral("Alt+%1").arg(number), ColorSwatch::Size::Small);
+        connect(swatch, &ColorSwatch::clicked, this, [this, swatch] {
+            if (swatch->color().isValid())
+                pick(swatch->color());
+            else
+                showPicked();
+        });
+        grid.addWidget(swatch, i / kRecentColumns, i % kRecentColumns);
+        m_recent.append(swatch);
+    }
+    showRecent(Settings().value(QLatin1String(kRecentSetting)).toStringList());
+}
+
+void ColorRow::showRecent(const QStringList &names)
+{
+    for (int i = 0; i < m_recent.size(); ++i) {
+        const QColor color(names.value(i));
+        m_recent[i]->setColor(color);
+        m_recent[i]->setAccessibleDescription(color.name());
+        m_recent[i]->setVisible(color.isValid());
+    }
+    m_keys->refresh();
 }
 
 void ColorRow::setCustomColor(const QColor &color)
 {
-    m_custom->setColor(color);
-    m_custom->setChecked(true);
-    pick(color);
+    const QColor opaque(color.rgb());
+    const bool isOfClass = std::any_of(std::begin(kColors), std::end(kColors),
+                                       [&](const ClassroomColor &entry) { return opaque.rgb() == entry.color; });
+    if (!isOfClass) {
+        QStringList names{opaque.name()};
+        for (const ColorSwatch *swatch : qAsConst(m_recent)) {
+            if (swatch->color().isValid() && swatch->color() != opaque && names.size() < kRecentColors)
+                names.append(swatch->color().name());
+        }
+        Settings().setValue(QLatin1String(kRecentSetting), names);
+        showRecent(names);
+    }
+    pick(opaque);
 }
 
 void ColorRow::pick(const QColor &color)
 {
     m_color = color;
+    showPicked();
     emit picked(color);
+}
+
+// The ring is around the colour in use.
+void ColorRow::showPicked()
+{
+    for (QAbstractButton *button : m_group->buttons()) {
+        if (static_cast<ColorSwatch *>(button)->color() == m_color) {
+            button->setChecked(true);
+            return;
+        }
+    }
+    m_custom->setChecked(true);
 }
 
 void ColorRow::askForColor()
 {
     const QColor chosen = QColorDialog::getColor(m_color, window(), tr("Another colour"));
-    if (chosen.isValid()) {
+    if (chosen.isValid())
         setCustomColor(chosen);
-        return;
-    }
-    // The dialog was left without a choice: the ring goes back to the colour in use.
-    for (QAbstractButton *button : m_group->buttons()) {
-        if (static_cast<ColorSwatch *>(button)->color() == m_color)
-            button->setChecked(true);
-    }
+    else
+        showPicked();
 }
 
 } // namespace Board

@@ -1,5 +1,6 @@
 #include "PageStrip.h"
 
+#include "ArrowKeys.h"
 #include "Canvas.h"
 #include "CommandGroup.h"
 
@@ -34,6 +35,7 @@ PageStrip::PageStrip(Document &document, Canvas &canvas, QWidget *parent)
     : QWidget(parent)
     , m_document(document)
     , m_canvas(canvas)
+    , m_keys(new ArrowKeys(this))
     , m_list(new QListWidget(this))
 {
     setObjectName(QStringLiteral("pages"));
@@ -88,7 +90,7 @@ void PageStrip::addCommands(QHBoxLayout &buttons)
         });
         auto *button = new QToolButton(this);
         button->setDefaultAction(action);
-        button->setFocusPolicy(Qt::TabFocus);
+        m_keys->add(*button);
         button->setAccessibleName(title);
         buttons.addWidget(button);
     };

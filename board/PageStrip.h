@@ -8,6 +8,7 @@ class QListWidget;
 
 namespace Board {
 
+class ArrowKeys;
 class Canvas;
 class Document;
 
@@ -29,7 +30,8 @@ private:
 
     Document &m_document;
     Canvas &m_canvas;
-    QListWidget *m_list; // owned by this widget
+    ArrowKeys *m_keys; // both owned by this widget
+    QListWidget *m_list;
     QTimer m_refreshing; // once the drawing pauses
 };
 

@@ -97,6 +97,10 @@
         <source>Another colour</source>
         <translation>Andere Farbe</translation>
     </message>
+    <message>
+        <source>Recent colour %1</source>
+        <translation>Letzte Farbe %1</translation>
+    </message>
 </context>
 <context>
     <name>Board::CommandGroup</name>

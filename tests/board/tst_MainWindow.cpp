@@ -2,6 +2,7 @@
 #include "ColorRow.h"
 #include "MainWindow.h"
 #include "Paper.h"
+#include "Settings.h"
 #include "Shortcuts.h"
 #include "ToolRail.h"
 #include "Tools.h"
@@ -78,6 +79,7 @@ private slots:
     void saysWhyAnExportFailed();
     void keepsTheOldFileWhenAnExportFails();
     void takesAColourOfItsOwn();
+    void keepsTheLastColours();
     void keepsTheColourWhenTheDialogIsLeft();
     void closesABlankPageByKey();
     void asksBeforeInkIsLost();
@@ -104,6 +106,7 @@ private:
 void tst_MainWindow::initTestCase()
 {
     QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
+    QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, m_folder.path());
 }
 
 void tst_MainWindow::init()
@@ -117,6 +120,7 @@ void tst_MainWindow::init()
 void tst_MainWindow::cleanup()
 {
     m_window.reset();
+    Settings().clear();
 }
 
 void tst_MainWindow::drag(const QPoint &from, const QPoint &to)
@@ -385,6 +389,39 @@ void tst_MainWindow::takesAColourOfItsOwn()
     key(Qt::Key_9);
     drag(QPoint(100, 100), QPoint(200, 100));
     QCOMPARE(page().picture().pixel(150, 100), 0xFF01C803);
+}
+
+// The last six, the newest first, also in the next window. A colour of the row is none of them.
+void tst_MainWindow::keepsTheLastColours()
+{
+    const auto recent = [this] {
+        QStringList names;
+        for (const ColorSwatch *swatch : m_window->findChildren<ColorSwatch *>()) {
+            if (swatch->accessibleName().startsWith(QLatin1String("Recent")) && swatch->isVisible())
+                names.append(swatch->color().name());
+        }
+        return names.join(QLatin1Char(' '));
+    };
+    auto *row = m_window->findChild<ColorRow *>();
+    QCOMPARE(recent(), QString());
+    for (int i = 1; i <= 6; ++i)
+        row->setCustomColor(QColor(0, 0, i));
+    QCOMPARE(recent(), QStringLiteral("#000006 #000005 #000004 #000003 #000002 #000001"));
+    row->setCustomColor(QColor(0, 0, 7));
+    row->setCustomColor(QColor(0, 0, 4));
+    row->setCustomColor(QColor(0xD6, 0x28, 0x39)); // red
+    QCOMPARE(recent(), QStringLiteral("#000004 #000007 #000006 #000005 #000003 #000002"));
+    QCOMPARE(row->color(), QColor(0xD6, 0x28, 0x39));
+    key(Qt::Key_2, Qt::AltModifier);
+    QCOMPARE(row->color(), QColor(0, 0, 7));
+    drag(QPoint(100, 100), QPoint(200, 100));
+    QCOMPARE(page().picture().pixel(150, 100), 0xFF000007);
+
+    m_window->setAsksBeforeClosing(false);
+    init();
+    QCOMPARE(recent(), QStringLiteral("#000004 #000007 #000006 #000005 #000003 #000002"));
+    key(Qt::Key_6, Qt::AltModifier);
+    QCOMPARE(m_window->findChild<ColorRow *>()->color(), QColor(0, 0, 2));
 }
 
 void tst_MainWindow::keepsTheColourWhenTheDialogIsLeft()
