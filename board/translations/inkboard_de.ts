@@ -140,10 +140,6 @@
         <translation>Mit dem Werkzeug NAME spielen oder das Fenster beginnen: %1.</translation>
     </message>
     <message>
-        <source>Pixels of the page, %1 a side and %2 in all at most. By default it is 1280x800 in the window, where it grows with it, and as large as the largest FILE with --play. A lesson has its own.</source>
-        <translation>Pixel der Seite, höchstens %1 je Kante und %2 insgesamt. Ohne Angabe 1280x800 im Fenster, mit dem sie wächst, und so groß wie die größte FILE bei --play. Eine Stunde hat ihre eigene.</translation>
-    </message>
-    <message>
         <source>Show this help.</source>
         <translation>Diese Hilfe zeigen.</translation>
     </message>
@@ -198,6 +194,10 @@
     <message>
         <source>--play: --png OUT is missing</source>
         <translation>--play: --png OUT fehlt</translation>
+    </message>
+    <message>
+        <source>Pixels of the page, %1 a side and %2 in all at most. By default it is 1280x800 in the window, where it grows with it and has the pixels of a scaled screen, and as large as the largest FILE with --play. A lesson has its own.</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
@@ -291,6 +291,10 @@
     <message>
         <source>this cannot be done on the page</source>
         <translation>das geht auf der Seite nicht</translation>
+    </message>
+    <message>
+        <source>no density of a page</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
