@@ -197,7 +197,7 @@
     </message>
     <message>
         <source>Pixels of the page, %1 a side and %2 in all at most. By default it is 1280x800 in the window, where it grows with it and has the pixels of a scaled screen, and as large as the largest FILE with --play. A lesson has its own.</source>
-        <translation type="unfinished"></translation>
+        <translation>Pixel der Seite, höchstens %1 je Kante und %2 insgesamt. Ohne Angabe 1280x800 im Fenster, mit dem sie wächst und wo sie die Pixel eines skalierten Bildschirms hat, und so groß wie die größte FILE bei --play. Eine Stunde hat ihre eigene.</translation>
     </message>
 </context>
 <context>
@@ -294,7 +294,7 @@
     </message>
     <message>
         <source>no density of a page</source>
-        <translation type="unfinished"></translation>
+        <translation>keine Dichte einer Seite</translation>
     </message>
 </context>
 <context>
