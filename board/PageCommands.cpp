@@ -4,6 +4,7 @@
 #include "CommandGroup.h"
 #include "PageOutput.h"
 #include "PictureFile.h"
+#include "ScreenGrab.h"
 #include "ToolIcon.h"
 
 #include <QtCore/QMimeData>
@@ -58,6 +59,8 @@ void PageCommands::addPaperCommands()
     add("squared-paper", tr("Squared paper"), "Ctrl+Shift+Q", Paper::Kind::Squared);
     connect(group.add("picture-paper", tr("A picture as paper…"), QStringLiteral("Ctrl+Shift+I")), &QAction::triggered,
             this, &PageCommands::askForPaper);
+    connect(group.add("screen-paper", tr("The screen as paper"), QStringLiteral("Ctrl+Shift+G")), &QAction::triggered,
+            this, &PageCommands::takeScreenAsPaper);
 }
 
 void PageCommands::setPaper(Paper::Kind kind)
@@ -79,10 +82,27 @@ void PageCommands::askForPaper()
         refusePicture(problem);
         return;
     }
+    setPaper(*picture);
+}
+
+void PageCommands::setPaper(const QImage &picture)
+{
     const QSize size = m_document.page().rect().size();
     m_document.page().setPaper(
-        {Paper::Kind::Picture, exactImage(picture->scaled(size, Qt::KeepAspectRatio, Qt::SmoothTransformation))});
+        {Paper::Kind::Picture, exactImage(picture.scaled(size, Qt::KeepAspectRatio, Qt::SmoothTransformation))});
     m_canvas.update();
+}
+
+void PageCommands::takeScreenAsPaper()
+{
+    m_canvas.finish();
+    grabScreen(m_window, [this](const QImage &picture) {
+        if (picture.isNull())
+            QMessageBox::warning(&m_window, tr("No paper was taken"),
+                                 tr("This desktop gives no picture of the screen."));
+        else
+            setPaper(picture);
+    });
 }
 
 void PageCommands::copy()

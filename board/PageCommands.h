@@ -34,6 +34,8 @@ private:
     void addPaperCommands();
     void setPaper(Paper::Kind kind);
     void askForPaper();
+    void setPaper(const QImage &picture);
+    void takeScreenAsPaper();
     void copy();
     void askForPicture();
     void pastePicture();
