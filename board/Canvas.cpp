@@ -479,7 +479,7 @@ void Canvas::paintEvent(QPaintEvent *event)
         painter.drawRect(view().fromPage(item->object->m_rcHot.translated(dragged)));
     }
     painter.setTransform(view().transform(), true);
-    m_laser.paint(painter);
+    paintLaser(painter);
 }
 
 void Canvas::resizeEvent(QResizeEvent * /*event*/)

@@ -81,6 +81,8 @@ protected:
     void dragEnterEvent(QDragEnterEvent *event) override;
     void dropEvent(QDropEvent *event) override;
 
+    void paintLaser(QPainter &painter) const { m_laser.paint(painter); }
+
 private:
     // One of them at a time draws; what the others do meanwhile is ignored.
     enum class Device { None, Mouse, Pen, Finger };

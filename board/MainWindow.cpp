@@ -11,6 +11,7 @@
 #include "PageCommands.h"
 #include "PageSize.h"
 #include "PageStrip.h"
+#include "ScreenInk.h"
 #include "ShortcutDialog.h"
 #include "Shortcuts.h"
 #include "Style.h"
@@ -106,6 +107,8 @@ void MainWindow::addCommands()
     const CommandGroup group(boardGroup(), *this);
     connect(group.add("shortcuts", tr("Keys…"), QStringLiteral("F1")), &QAction::triggered, this,
             [this] { ShortcutDialog(*this).exec(); });
+    connect(group.add("screen-ink", tr("Write on the screen"), QStringLiteral("F9")), &QAction::triggered, this,
+            [this] { writeOnScreen(*this); });
     connect(group.add("quit", tr("Quit"), QStringLiteral("Ctrl+Q")), &QAction::triggered, this, &MainWindow::close);
 }
 

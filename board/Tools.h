@@ -72,6 +72,7 @@ struct Tool
     bool movesAsItGrows{};       // each point moves what has been painted already
     bool scatters{};             // its points are strewn around the pointer for as long as that is held
     bool cursorShowsWidth{};     // the pointer is a circle as wide as the pen
+    bool erases{};               // takes ink away
     bool tapsWithOnePoint{};     // a tap is a single point, finished: a second one in the same place would spoil it
     std::optional<InkOption> option{};
     const char *usage{QT_TRANSLATE_NOOP("Board::Tool", "drag on the page to draw")};

@@ -183,6 +183,7 @@ Tool eraser()
     row.sampleOnInk = true;
     row.paintFlat = paintErased;
     row.cursorShowsWidth = true;
+    row.erases = true;
     row.tapsWithOnePoint = true;
     return row;
 }

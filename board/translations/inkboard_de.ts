@@ -420,6 +420,10 @@
         <source>%1: %2.</source>
         <translation>%1: %2.</translation>
     </message>
+    <message>
+        <source>Write on the screen</source>
+        <translation>Auf den Bildschirm schreiben</translation>
+    </message>
 </context>
 <context>
     <name>Board::OptionControl</name>
@@ -509,6 +513,18 @@
     <message>
         <source>The page was not exported</source>
         <translation>Die Seite wurde nicht exportiert</translation>
+    </message>
+    <message>
+        <source>The screen as paper</source>
+        <translation>Der Bildschirm als Papier</translation>
+    </message>
+    <message>
+        <source>No paper was taken</source>
+        <translation>Kein Papier übernommen</translation>
+    </message>
+    <message>
+        <source>This desktop gives no picture of the screen.</source>
+        <translation>Diese Arbeitsfläche gibt kein Bild des Bildschirms heraus.</translation>
     </message>
 </context>
 <context>
@@ -666,6 +682,48 @@
     <message>
         <source>The lesson could not be read to its end</source>
         <translation>Die Stunde war nicht bis zum Ende lesbar</translation>
+    </message>
+</context>
+<context>
+    <name>Board::ScreenBar</name>
+    <message>
+        <source>Tools for the screen</source>
+        <translation>Werkzeuge für den Bildschirm</translation>
+    </message>
+    <message>
+        <source>Drag to move the bar</source>
+        <translation>Ziehen verschiebt die Leiste</translation>
+    </message>
+    <message>
+        <source>Tools</source>
+        <translation>Werkzeuge</translation>
+    </message>
+    <message>
+        <source>Use what lies below</source>
+        <translation>Bedienen, was darunter liegt</translation>
+    </message>
+    <message>
+        <source>Screen</source>
+        <translation>Bildschirm</translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <translation>Rückgängig</translation>
+    </message>
+    <message>
+        <source>Clear</source>
+        <translation>Leeren</translation>
+    </message>
+    <message>
+        <source>Back to the board</source>
+        <translation>Zurück zur Tafel</translation>
+    </message>
+</context>
+<context>
+    <name>Board::ScreenPage</name>
+    <message>
+        <source>Ink on the screen</source>
+        <translation>Tinte auf dem Bildschirm</translation>
     </message>
 </context>
 <context>
