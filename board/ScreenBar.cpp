@@ -49,19 +49,29 @@ ScreenBar::ScreenBar()
 {
     setWindowFlags(Qt::Window | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint | Qt::WindowDoesNotAcceptFocus);
     setWindowTitle(tr("Tools for the screen"));
-    setObjectName(QStringLiteral("bar"));
+    setObjectName(QStringLiteral("screenBar"));
     setStyleSheet(windowStyle());
-    auto *row = new QHBoxLayout(this);
-    row->setContentsMargins(10, 6, 10, 6);
-    row->setSpacing(2);
+    auto *ends = new QHBoxLayout(this);
+    ends->setContentsMargins(8, 4, 8, 4);
     auto *grip = new QLabel(QStringLiteral("⋮⋮"), this);
     grip->setCursor(Qt::SizeAllCursor);
     grip->setToolTip(tr("Drag to move the bar"));
-    row->addWidget(grip);
-    addTools(*row);
-    row->addWidget(m_colors);
-    row->addWidget(m_width);
-    addCommands(*row);
+    ends->addWidget(grip);
+    auto *rows = new QVBoxLayout;
+    ends->addLayout(rows);
+    rows->setSpacing(2);
+    auto *upper = new QHBoxLayout;
+    auto *lower = new QHBoxLayout;
+    for (QHBoxLayout *row : {upper, lower}) {
+        row->setSpacing(2);
+        rows->addLayout(row);
+    }
+    addTools(*upper);
+    upper->addStretch(1);
+    addCommands(*upper);
+    lower->addWidget(m_colors);
+    lower->addStretch(1);
+    lower->addWidget(m_width);
     for (QAction *action : actions())
         action->setShortcutContext(Qt::ApplicationShortcut); // the focus is mostly on the page
     adjustSize();

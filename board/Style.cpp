@@ -28,6 +28,7 @@ QString windowStyle()
         QToolButton:focus { border-color: #8fb0e6; }
         QToolButton:checked { background: #2563c9; color: #ffffff; }
         QToolButton:disabled { color: #a9b2be; }
+        #screenBar { background: #ffffff; border: 1px solid #d9dee6; }
         #bar QToolButton { padding: 8px 14px; font-size: 15px; }
         #bar #menu { font-size: 20px; }
         QToolButton::menu-indicator { image: none; }
