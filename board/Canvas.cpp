@@ -9,14 +9,8 @@
 
 #include "PointerEvent.h"
 
-#include <QtCore/QMimeData>
-#include <QtGui/QDropEvent>
-#include <QtGui/QMouseEvent>
 #include <QtGui/QPaintEvent>
 #include <QtGui/QPainter>
-#include <QtGui/QTabletEvent>
-#include <QtGui/QTouchDevice>
-#include <QtGui/QTouchEvent>
 #include <QtWidgets/QApplication>
 
 #include <algorithm>
@@ -31,12 +25,6 @@ constexpr int kScatterInterval = 16;  // milliseconds, about sixty times a secon
 constexpr double kSnapAngle = 15.0;   // degrees
 constexpr double kPickReach = 3.0;    // widget pixels around the pointer that an object is met in
 constexpr QPoint kCopyOffset{16, 16}; // of a duplicate; pixels of a plain screen
-
-// A mouse event that the window system made up from a pen or a finger, which has come as itself already.
-bool isCopy(const QMouseEvent &event)
-{
-    return event.source() != Qt::MouseEventNotSynthesized;
-}
 
 // The line from the press turns to the nearest multiple of 15 degrees, or its box becomes a square.
 QPoint snappedTo(Snap snap, const QPoint &from, const QPoint &to)
@@ -78,6 +66,12 @@ Canvas::Canvas(Document &document, QWidget *parent)
     connect(&m_scattering, &QTimer::timeout, this, &Canvas::scatter);
     connect(&m_document, &Document::currentChanged, this, &Canvas::showDocument);
     connect(&m_navigator, &Navigator::moved, this, &Canvas::showView);
+    connect(&m_pen, &PenWatch::came, this, &Canvas::takePalm);
+    connect(&m_fingers, &Fingers::pressed, this, [this](const QPointF &pos) { press(Device::Finger, pos); });
+    connect(&m_fingers, &Fingers::moved, this, [this](const QPointF &pos) { move(Device::Finger, pos); });
+    connect(&m_fingers, &Fingers::released, this, [this](const QPointF &pos) { release(Device::Finger, pos); });
+    connect(&m_fingers, &Fingers::pinchBegun, &m_navigator, &Navigator::beginPinch);
+    connect(&m_fingers, &Fingers::pinched, &m_navigator, &Navigator::pinch);
 }
 
 void Canvas::setTool(const Tool &tool)
@@ -305,7 +299,7 @@ void Canvas::insertPicture(const QImage &picture, const std::optional<QPoint> &c
 // Lets go what is still being drawn as if the device did, for not every object can be finished without a release.
 void Canvas::endDrawing()
 {
-    if (m_device != Device::None && current().isBusy())
+    if (m_device != Device::None && !m_navigator.isDragging() && current().isBusy())
         endGesture(m_last);
     closeEditor();
 }
@@ -376,6 +370,8 @@ bool Canvas::press(Device device, const QPointF &pos)
 {
     if (m_device != Device::None)
         return false;
+    if (m_navigator.isKeyHeld())
+        return beginPan(device, pos);
     m_device = device;
     m_last = m_press = pageAt(pos);
     if (!current().isBusy()) {
@@ -409,6 +405,10 @@ void Canvas::move(Device device, const QPointF &pos)
         showHandle(pageAt(pos));
     if (m_device != device)
         return;
+    if (m_navigator.isDragging()) {
+        m_navigator.dragTo(pos);
+        return;
+    }
     const QPoint pt = snapped(pageAt(pos));
     m_tapping = m_tapping && pt == m_last;
     if (m_tool->use == Use::Removes)
@@ -445,6 +445,10 @@ void Canvas::release(Device device, const QPointF &pos)
 {
     if (m_device != device)
         return;
+    if (m_navigator.isDragging()) {
+        endPan();
+        return;
+    }
     const QPoint pt = snapped(pageAt(pos));
     m_device = Device::None;
     m_laser.release();
@@ -455,9 +459,35 @@ void Canvas::release(Device device, const QPointF &pos)
     showHandle(pageAt(pos));
 }
 
+// The press draws nothing.
+bool Canvas::beginPan(Device device, const QPointF &pos)
+{
+    m_device = device;
+    m_navigator.beginDrag(pos);
+    showCursor();
+    return false;
+}
+
+void Canvas::endPan()
+{
+    m_device = Device::None;
+    m_navigator.endDrag();
+    showCursor();
+}
+
+void Canvas::showCursor()
+{
+    if (m_navigator.isDragging())
+        setCursor(Qt::ClosedHandCursor);
+    else
+        setCursor(m_navigator.isKeyHeld() ? QCursor(Qt::OpenHandCursor) : m_cursor);
+}
+
 // Never during a drag: asking an object what lies under the pointer moves the point that its drag starts from.
 void Canvas::showHandle(const QPoint &pt)
 {
+    if (m_navigator.isKeyHeld())
+        return;
     const ModifyType handle = current().handleAt(pt);
     setCursor(handle == MT_NONE ? m_cursor : cursorFor(handle, current().angle()));
 }
@@ -485,120 +515,6 @@ void Canvas::paintEvent(QPaintEvent *event)
 void Canvas::resizeEvent(QResizeEvent * /*event*/)
 {
     growPage();
-}
-
-// Not while text is entered: there, it ends a line.
-void Canvas::keyPressEvent(QKeyEvent *event)
-{
-    const bool enters = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-    if (enters && !m_editor)
-        finish();
-    else
-        QWidget::keyPressEvent(event);
-}
-
-void Canvas::mousePressEvent(QMouseEvent *event)
-{
-    if (event->button() == Qt::LeftButton && !isCopy(*event))
-        press(Device::Mouse, event->localPos());
-}
-
-// A fast second press comes as a double click instead of as a press. It is a press to every tool, or the second of
-// two fast strokes would be lost. Only an object whose drawing takes several gestures is told of the double click
-// as well: to all others it would be one more point of a stroke that has just begun.
-void Canvas::mouseDoubleClickEvent(QMouseEvent *event)
-{
-    if (event->button() != Qt::LeftButton || isCopy(*event))
-        return;
-    const bool continues = current().isForming();
-    if (press(Device::Mouse, event->localPos()) && continues)
-        repaintPage(current().feed(PT_DBLCLK, m_last));
-}
-
-void Canvas::mouseMoveEvent(QMouseEvent *event)
-{
-    m_snaps = event->modifiers().testFlag(Qt::ShiftModifier);
-    if (!isCopy(*event))
-        move(Device::Mouse, event->localPos());
-}
-
-void Canvas::mouseReleaseEvent(QMouseEvent *event)
-{
-    m_snaps = event->modifiers().testFlag(Qt::ShiftModifier);
-    if (event->button() == Qt::LeftButton && !isCopy(*event))
-        release(Device::Mouse, event->localPos());
-}
-
-void Canvas::tabletEvent(QTabletEvent *event)
-{
-    event->accept(); // or Qt sends a mouse event after it
-    m_snaps = event->modifiers().testFlag(Qt::ShiftModifier);
-    if (event->type() == QEvent::TabletMove)
-        move(Device::Pen, event->posF());
-    else if (event->type() == QEvent::TabletPress && event->button() == Qt::LeftButton)
-        press(Device::Pen, event->posF());
-    else if (event->type() == QEvent::TabletRelease && event->button() == Qt::LeftButton)
-        release(Device::Pen, event->posF());
-}
-
-void Canvas::dragEnterEvent(QDragEnterEvent *event)
-{
-    if (mayHoldPicture(*event->mimeData()))
-        event->acceptProposedAction();
-}
-
-void Canvas::dropEvent(QDropEvent *event)
-{
-    event->acceptProposedAction();
-    QString problem;
-    if (const auto picture = readPicture(*event->mimeData(), problem))
-        insertPicture(*picture, pageAt(event->pos()));
-    else
-        emit pictureRefused(problem);
-}
-
-bool Canvas::event(QEvent *event)
-{
-    switch (event->type()) {
-    case QEvent::TouchBegin:
-    case QEvent::TouchUpdate:
-    case QEvent::TouchEnd:
-    case QEvent::TouchCancel: {
-        const auto &touchEvent = static_cast<const QTouchEvent &>(*event);
-        if (touchEvent.device()->type() != QTouchDevice::TouchScreen)
-            break; // the fingers on a touch pad move the mouse
-        event->accept();
-        touch(touchEvent);
-        return true;
-    }
-    case QEvent::ScreenChangeInternal:
-        showView();
-        break;
-    default:
-        break;
-    }
-    return QWidget::event(event);
-}
-
-// The first finger draws; those that join it are ignored.
-void Canvas::touch(const QTouchEvent &event)
-{
-    if (event.type() == QEvent::TouchCancel) {
-        release(Device::Finger, m_last);
-        return;
-    }
-    if (event.type() == QEvent::TouchBegin)
-        m_finger = event.touchPoints().constFirst().id();
-    for (const QTouchEvent::TouchPoint &point : event.touchPoints()) {
-        if (point.id() != m_finger)
-            continue;
-        if (point.state() == Qt::TouchPointPressed)
-            press(Device::Finger, point.pos());
-        else if (point.state() == Qt::TouchPointMoved)
-            move(Device::Finger, point.pos());
-        else if (point.state() == Qt::TouchPointReleased)
-            release(Device::Finger, point.pos());
-    }
 }
 
 } // namespace Board

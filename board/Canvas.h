@@ -1,8 +1,10 @@
 #pragma once
 
 #include "Document.h"
+#include "Fingers.h"
 #include "LaserPen.h"
 #include "Navigator.h"
+#include "PenWatch.h"
 #include "Scatter.h"
 #include "Tools.h"
 
@@ -32,6 +34,7 @@ public:
 
     // What is seen of the page now.
     const View &view() { return m_navigator.view(page()); }
+    Navigator &navigator() { return m_navigator; }
 
     // A new tool lets the object in progress go. Colour and width are those of the next object; the width is in pixels
     // of a plain screen.
@@ -73,6 +76,9 @@ protected:
     void paintEvent(QPaintEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
+    void keyReleaseEvent(QKeyEvent *event) override;
+    void focusOutEvent(QFocusEvent *event) override;
+    void wheelEvent(QWheelEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
     void mouseMoveEvent(QMouseEvent *event) override;
     void mouseReleaseEvent(QMouseEvent *event) override;
@@ -92,6 +98,10 @@ private:
     void release(Device device, const QPointF &pos);
 
     void touch(const QTouchEvent &event);
+    void takePalm();
+    bool beginPan(Device device, const QPointF &pos);
+    void endPan();
+    void showCursor();
     void endGesture(const QPoint &pt);
     void endDrawing();
     void closeEditor(bool keeps = true);
@@ -123,13 +133,15 @@ private:
     const Tool *m_tool;
     decltype(Tool::edit) m_edit{}; // of the object in progress
     ObjectEditor *m_editor{};      // of the object in progress, owned by this widget; null while there is none
-    Ink m_ink; // the width in pixels of a plain screen
+    Ink m_ink;                     // the width in pixels of a plain screen
     Device m_device{Device::None};
-    QPoint m_last;  // of the device that draws
-    QPoint m_press; // the last
-    bool m_snaps{}; // the Shift key is held
-    int m_picked{}; // an object without handles; 0 for none
-    int m_finger{-1};
+    QPoint m_last;                          // of the device that draws
+    QPoint m_press;                         // the last
+    bool m_snaps{};                         // the Shift key is held
+    int m_picked{};                         // an object without handles; 0 for none
+    Qt::MouseButton m_button{Qt::NoButton}; // that was pressed
+    Fingers m_fingers;
+    PenWatch m_pen;
     bool m_tapping{};                  // pressed and not moved since
     QCursor m_cursor{Qt::CrossCursor}; // beside an object
     LaserPen m_laser;

@@ -17,6 +17,7 @@
 #include "Style.h"
 #include "ToolRail.h"
 #include "WidthControl.h"
+#include "ZoomControl.h"
 
 #include <QtGui/QCloseEvent>
 #include <QtGui/QGuiApplication>
@@ -72,6 +73,7 @@ MainWindow::MainWindow(const QSize &plainSize)
     foot->addWidget(m_option);
     setStyleSheet(windowStyle());
     addCommands();
+    foot->addWidget(new ZoomControl(*m_canvas, *this));
 
     auto *middle = new QWidget(this);
     auto *grid = new QGridLayout(middle);
@@ -101,6 +103,7 @@ void MainWindow::addCommands()
     m_pageCommands = new PageCommands(m_document, *m_canvas, *this);
     m_pageCommands->setParent(this);
     addCanvasCommands(*m_canvas, *this);
+    addZoomCommands(*m_canvas, *this);
     m_undo = command("undo");
     m_redo = command("redo");
     m_rail->add(*command("picture"), groupTitle(*findTool(QStringLiteral("text"))));

@@ -1131,4 +1131,27 @@
         <translation>Stiftbreite (%1 dünner, %2 dicker)</translation>
     </message>
 </context>
+<context>
+    <name>Board::ZoomControl</name>
+    <message>
+        <source>View</source>
+        <translation>Ansicht</translation>
+    </message>
+    <message>
+        <source>Zoom in</source>
+        <translation>Vergrößern</translation>
+    </message>
+    <message>
+        <source>Zoom out</source>
+        <translation>Verkleinern</translation>
+    </message>
+    <message>
+        <source>Zoom to 100 %</source>
+        <translation>Auf 100 % zoomen</translation>
+    </message>
+    <message>
+        <source>%1 %</source>
+        <translation>%1 %</translation>
+    </message>
+</context>
 </TS>

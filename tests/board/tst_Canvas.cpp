@@ -236,6 +236,7 @@ void tst_Canvas::ignoresASecondFinger()
 {
     choose("line");
     touch().press(0, QPoint(50, 50), m_canvas.get());
+    touch().move(0, QPoint(60, 50), m_canvas.get()); // or both would move the page
     touch().stationary(0).press(1, QPoint(300, 200), m_canvas.get());
     touch().stationary(0).move(1, QPoint(300, 250), m_canvas.get());
     touch().stationary(0).release(1, QPoint(300, 250), m_canvas.get());
