@@ -300,13 +300,20 @@ bool isPaintedPixelByPixel(const QBrush &brush, const QTransform &transform)
            (brush.style() == Qt::TexturePattern && (brush.transform() * transform).type() <= QTransform::TxTranslate);
 }
 
+// Whether a box and its image under the transform can stand for each other.
+bool mapsBoxes(const QTransform &transform)
+{
+    return transform.isAffine() && smallestScale(transform) >= kFlattest;
+}
+
+// The path is in a world of its own, the clip in the painter's.
 bool canCull(const QPainter &painter, const QVector<QPointF> &points, const QTransform &transform)
 {
     const QPaintEngine *engine = painter.paintEngine(); // null while the painter is not active
     return engine && engine->type() == QPaintEngine::Raster && points.size() > 2 &&
            painter.brush().style() == Qt::NoBrush && isPlain(painter.pen()) &&
            isPaintedPixelByPixel(painter.pen().brush(), transform) && !isSamePlace(points.first(), points.last()) &&
-           transform.isAffine() && smallestScale(transform) >= kFlattest;
+           mapsBoxes(transform) && mapsBoxes(painter.deviceTransform());
 }
 
 #ifdef __x86_64__

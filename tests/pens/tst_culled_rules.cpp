@@ -265,6 +265,18 @@ TEST(CulledRules, perspectiveAndFlatTransformsPaintTheWhole)
     EXPECT_EQ(pencilled(kRow, 10, kMiddle, QTransform::fromScale(1, 0.0011)), "100,50~" + kMiddleOfRow + "~400,50");
 }
 
+// Its path is in the world of its nib, here the device itself; only the clip is in the painter's.
+TEST(CulledRules, flatBrushIsWholeWhereTheClipIsInPerspectiveOrFlat)
+{
+    Clipped<CInkFlatBrush> brush(kRow, 2, kMiddle);
+    brush.m_fNibAngle = 0;
+    EXPECT_EQ(handedOver(brush, QTransform::fromTranslate(100, 0)), QStringList("300,50~400,50"));
+    EXPECT_EQ(handedOver(brush, QTransform(1, 0, 0.001, 0, 1, 0, 0, 0, 1)), QStringList(kWholeRow));
+    EXPECT_EQ(handedOver(brush, QTransform(1, 2, 2, 4, 0, 0)), QStringList(kWholeRow));
+    EXPECT_EQ(handedOver(brush, QTransform::fromScale(1, 0.0009)), QStringList(kWholeRow));
+    EXPECT_EQ(handedOver(brush, QTransform::fromScale(2, 1)), QStringList("400,50~500,50")); // 480 to 520
+}
+
 TEST(CulledRules, otherEnginesAreGivenTheWhole)
 {
     Pencil pencil(kRow, 10, kMiddle);
