@@ -48,6 +48,8 @@ public:
     {
     }
 
+    int number() const { return m_number; }
+
     int id() const override { return 1; }
     bool mergeWith(const QUndoCommand *other) override { return static_cast<const PageStep *>(other)->m_succeeds; }
     void undo() override { show().undo(); }
@@ -250,6 +252,16 @@ void Document::redo()
     m_stack.redo();
 }
 
+// A successor is one step with the object before it.
+bool Document::canFollow(int number, const Record &record) const
+{
+    const auto *draw = std::get_if<DrawRecord>(&record);
+    if (!draw || !draw->succeeds)
+        return true;
+    const auto *last = dynamic_cast<const PageStep *>(m_stack.command(m_stack.index() - 1));
+    return last && last->number() == number;
+}
+
 void Document::recorded(int number, const Record &record)
 {
     if (!m_playing) {
@@ -392,14 +404,15 @@ bool Document::playLine(const QByteArray &line, QString &problem)
         movePage(object.value(QStringLiteral("from")).toInt(-1), object.value(QStringLiteral("to")).toInt(-1));
         problem = m_stack.index() > steps ? QString() : tr("there is no such page");
     } else {
-        const int index = indexOf(object.value(kPage).toInt());
+        const int number = object.value(kPage).toInt();
+        const int index = indexOf(number);
         RecordReader reader;
         Record record;
         if (!reader.read(object, record))
             problem = reader.error();
         else if (index < 0)
             problem = tr("there is no such page");
-        else if (m_current = index; !page().play(record))
+        else if (m_current = index; !canFollow(number, record) || !page().play(record))
             problem = tr("this cannot be done on the page");
     }
     return problem.isEmpty();

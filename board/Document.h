@@ -93,6 +93,7 @@ private:
     void put(int index, NumberedPage page);
     NumberedPage take(int index);
     int indexOf(int number) const;
+    bool canFollow(int number, const Record &record) const;
     void recorded(int number, const Record &record);
     void note(const QJsonObject &line);
     void reset(const QSize &size, double density);

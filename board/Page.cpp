@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <limits>
 #include <utility>
 
 namespace Board {
@@ -421,7 +422,9 @@ void Page::replay(Background background)
 
 bool Page::play(const DrawRecord &record)
 {
-    if (record.id < m_nextId)
+    if (record.id < m_nextId || record.id == std::numeric_limits<int>::max())
+        return false;
+    if (record.succeeds && (m_done == 0 || !m_steps[m_done - 1].added))
         return false;
     LivedObject lived = live(record.life);
     if (!lived.object || !lived.object->m_bFinished)
@@ -454,6 +457,8 @@ bool Page::play(const Record &record)
     } else if (const auto *paper = std::get_if<PaperRecord>(&record)) {
         setPaper(paper->paper);
     } else if (const auto *size = std::get_if<SizeRecord>(&record)) {
+        if (size->size.expandedTo(rect().size()) != size->size)
+            return false;
         grow(size->size);
         return rect().size() == size->size;
     }

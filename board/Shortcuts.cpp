@@ -83,13 +83,12 @@ QAction *commandWithKeys(const QWidget &window, const QKeySequence &keys, const 
 
 bool movesFocus(const QKeySequence &keys)
 {
-    constexpr int kKeys[] = {Qt::Key_Tab,  Qt::Key_Backtab, Qt::Key_Space, Qt::Key_Return, Qt::Key_Enter,
-                             Qt::Key_Left, Qt::Key_Right,   Qt::Key_Up,    Qt::Key_Down};
-    const int first = keys[0];
-    const auto modifiers =
-        Qt::KeyboardModifiers(first & Qt::KeyboardModifierMask) & ~(Qt::ShiftModifier | Qt::KeypadModifier);
-    return modifiers == Qt::NoModifier &&
-           std::find(std::begin(kKeys), std::end(kKeys), first & ~Qt::KeyboardModifierMask) != std::end(kKeys);
+    constexpr Qt::Key kKeys[] = {Qt::Key_Tab,  Qt::Key_Backtab, Qt::Key_Space, Qt::Key_Return, Qt::Key_Enter,
+                                 Qt::Key_Left, Qt::Key_Right,   Qt::Key_Up,    Qt::Key_Down};
+    constexpr auto kModifiers = int(Qt::KeyboardModifierMask);
+    const auto key = Qt::Key(keys[0] & ~kModifiers);
+    const auto modifiers = Qt::KeyboardModifiers(keys[0] & kModifiers) & ~(Qt::ShiftModifier | Qt::KeypadModifier);
+    return modifiers == Qt::NoModifier && std::find(std::begin(kKeys), std::end(kKeys), key) != std::end(kKeys);
 }
 
 } // namespace Board

@@ -94,8 +94,8 @@ std::unique_ptr<CInkGraph> createObject(const Tool &tool, const Ink &ink, const 
     object->SetCanvasSize(canvas);
     object->SetColor(ink.color);
     object->SetWidth(ink.width);
-    if (tool.option)
-        tool.option->apply(*object, ink.option.value_or(tool.option->value));
+    if (const auto &option = tool.option) // a file may ask for any value
+        option->apply(*object, qBound(option->min, ink.option.value_or(option->value), option->max));
     setDash(*object, ink.dash);
     setDrawnHere(*object);
     return object;

@@ -87,11 +87,11 @@ std::vector<Tool> shapes()
         tool.hasHandles = true;
         tool.snap = Snap::Square;
     }
-    for (std::size_t line : {0, 1})
+    for (std::size_t line : {0U, 1U})
         table[line].snap = Snap::Angle;
-    for (std::size_t dashed : {0, 1, 7}) // lines and diamond; the others are always solid
+    for (std::size_t dashed : {0U, 1U, 7U}) // lines and diamond; the others are always solid
         table[dashed].takesDash = true;
-    for (std::size_t path : {8, 9}) // polygon and curve, of several gestures
+    for (std::size_t path : {8U, 9U}) // polygon and curve, of several gestures
         table[path].snap = Snap::None;
     return table;
 }

@@ -71,7 +71,7 @@ std::vector<Tool> stencils()
         tool.snap = Snap::Square;
         tool.takesDash = true;
     }
-    for (std::size_t solid : {15, 17}) // speech box and heart
+    for (std::size_t solid : {15U, 17U}) // speech box and heart
         table[solid].takesDash = false;
     return table;
 }

@@ -24,6 +24,15 @@ void draw(Document &document, const char *tool, const QPoint &from, const QPoint
     document.page().finish();
 }
 
+// The line of a red line that is drawn, with what else its record holds.
+QByteArray lineRecord(int id, const QByteArray &more)
+{
+    return "{\"do\":\"draw\",\"id\":" + QByteArray::number(id) +
+           ",\"life\":{\"acts\":[[1,10,10],[5,80,90],[2,80,90],\"finish\"],\"canvas\":[400,300],"
+           "\"color\":\"#ffff0000\",\"tool\":\"line\",\"width\":4}," +
+           more + "}\n";
+}
+
 QImage greenPicture()
 {
     QImage picture(40, 20, QImage::Format_ARGB32);
@@ -113,6 +122,9 @@ private slots:
     void refusesAFile_data();
     void refusesAFile();
     void readsUpToTheFirstBadLine();
+    void readsNoObjectOfANumberWithoutNext();
+    void readsNoSuccessorOfNothing_data();
+    void readsNoSuccessorOfNothing();
     void leavesAFileThatAnotherChanged();
     void saysWhyItCannotSave();
     void saysThatTheJournalCannotBeWritten();
@@ -416,10 +428,12 @@ void tst_Document::readsUpToTheFirstBadLine()
     draw(document, "line", {10, 10}, {80, 90});
     QCOMPARE(document.save(path("good.inkboard")), QString());
     const QByteArray good = contents(path("good.inkboard"));
-    for (const char *line : {"nonsense", "{\"do\":\"dance\",\"page\":1}", "{\"do\":\"delete\",\"id\":9,\"page\":1}",
-                             "{\"do\":\"clear\",\"page\":7}", "{\"do\":\"redo\"}", "{\"do\":\"remove-page\",\"at\":0}",
-                             "{\"do\":\"draw\",\"id\":2,\"page\":1}", "{\"do\":\"move-page\",\"from\":0,\"to\":3}",
-                             "{\"do\":\"add-page\",\"page\":2,\"at\":5,\"size\":[400,300]}"}) {
+    for (const char *line :
+         {"nonsense", "{\"do\":\"dance\",\"page\":1}", "{\"do\":\"delete\",\"id\":9,\"page\":1}",
+          "{\"do\":\"clear\",\"page\":7}", "{\"do\":\"redo\"}", "{\"do\":\"remove-page\",\"at\":0}",
+          "{\"do\":\"draw\",\"id\":2,\"page\":1}", "{\"do\":\"move-page\",\"from\":0,\"to\":3}",
+          "{\"do\":\"add-page\",\"page\":2,\"at\":5,\"size\":[400,300]}",
+          "{\"do\":\"size\",\"page\":1,\"size\":[500,299]}", "{\"do\":\"size\",\"page\":1,\"size\":[399,400]}"}) {
         const QByteArray bytes = good + line + "\n{\"do\":\"undo\"}\n";
         write(path("partly.inkboard"), bytes);
         Document opened(kSize);
@@ -429,6 +443,43 @@ void tst_Document::readsUpToTheFirstBadLine()
         QVERIFY(opened.fileName().isEmpty()); // so that saving does not write over it
         QCOMPARE(contents(path("partly.inkboard")), bytes);
     }
+}
+
+void tst_Document::readsNoObjectOfANumberWithoutNext()
+{
+    const QByteArray header = "{\"inkboard\":1,\"size\":[400,300]}\n";
+    Document document(kSize);
+    write(path("last.inkboard"), header + lineRecord(INT_MAX - 1, "\"page\":1") + lineRecord(INT_MAX, "\"page\":1"));
+    QCOMPARE(document.open(path("last.inkboard")), path("last.inkboard") + ": line 3: this cannot be done on the page");
+    QCOMPARE(document.undoStack().index(), 1);
+}
+
+// A successor, which is undone together with the object before it, comes right after that.
+void tst_Document::readsNoSuccessorOfNothing_data()
+{
+    const QByteArray first = lineRecord(1, "\"page\":1");
+    const QByteArray second = lineRecord(2, "\"page\":1,\"succeeds\":true");
+    const QByteArray addPage = "{\"do\":\"add-page\",\"page\":2,\"at\":1,\"size\":[400,300]}\n";
+    QTest::addColumn<QByteArray>("lines");
+    QTest::addColumn<int>("badLine");
+    QTest::newRow("after its object") << first + second << 0;
+    QTest::newRow("first of all") << second << 2;
+    QTest::newRow("after another step") << first + "{\"do\":\"paper\",\"kind\":\"ruled\",\"page\":1}\n" + second << 4;
+    QTest::newRow("after a new page") << first + addPage + second << 4;
+    QTest::newRow("after another page's object")
+        << first + addPage + lineRecord(1, "\"page\":2") + lineRecord(2, "\"page\":1,\"succeeds\":true") << 5;
+    QTest::newRow("after its object was undone") << first + "{\"do\":\"undo\"}\n" + second << 4;
+}
+
+void tst_Document::readsNoSuccessorOfNothing()
+{
+    QFETCH(QByteArray, lines);
+    QFETCH(int, badLine);
+    write(path("successor.inkboard"), "{\"inkboard\":1,\"size\":[400,300]}\n" + lines);
+    Document document(kSize);
+    const QString problem =
+        path("successor.inkboard") + QStringLiteral(": line %1: this cannot be done on the page").arg(badLine);
+    QCOMPARE(document.open(path("successor.inkboard")), badLine == 0 ? QString() : problem);
 }
 
 void tst_Document::leavesAFileThatAnotherChanged()

@@ -214,6 +214,10 @@ void tst_Tools::takesTheOptionOfATool()
     };
     QCOMPARE(angle({}), 45.0f);
     QCOMPARE(angle(120), 120.0f);
+    QCOMPARE(angle(180), 180.0f);
+    QCOMPARE(angle(181), 180.0f);
+    QCOMPARE(angle(-1), 0.0f);
+    QCOMPARE(angle(INT_MAX), 180.0f);
     QVERIFY(!findTool(QStringLiteral("pencil"))->option);
 }
 
