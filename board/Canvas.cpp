@@ -61,6 +61,7 @@ Canvas::Canvas(Document &document, QWidget *parent)
     setFocusPolicy(Qt::StrongFocus);
     setCursor(Qt::CrossCursor);
     setAccessibleName(tr("Page"));
+    m_nameTag.setDensity(m_document.density());
     m_scattering.setInterval(kScatterInterval);
     connect(&m_laser, &LaserPen::changed, this, [this](const QRect &area) { update(view().covering(area)); });
     connect(&m_scattering, &QTimer::timeout, this, &Canvas::scatter);
@@ -105,6 +106,12 @@ void Canvas::setDash(Qt::PenStyle dash)
     const Tool *edited = findTool(page().tool());
     if (page().reopened() != 0 && edited && edited->takesDash)
         restyle(DashAct{dash});
+}
+
+void Canvas::setDrawer(const Drawer &drawer)
+{
+    m_nameTag.setDrawer(drawer);
+    repaintPage({});
 }
 
 void Canvas::takeCursor()
@@ -162,6 +169,7 @@ void Canvas::showDocument()
 {
     pick(0);
     growPage();
+    m_nameTag.setDensity(m_document.density());
     takeCursor(); // of a width at another density
     repaintPage(current().rect());
     setCursor(m_cursor);
@@ -386,7 +394,9 @@ bool Canvas::press(Device device, const QPointF &pos)
         m_edit = m_tool->edit;
         const QSize size = current().rect().size();
         const Ink ink = pageInk();
-        current().begin({QLatin1String(m_tool->name), ink, size}, createObject(*m_tool, ink, size),
+        auto object = createObject(*m_tool, ink, size);
+        m_nameTag.sign(*object);
+        current().begin({QLatin1String(m_tool->name), ink, size}, std::move(object),
                         m_tool->movesAsItGrows ? Page::Reach::Everywhere : Page::Reach::Reported, m_tool->lift);
     }
     repaintPage(current().feed(PT_DOWN, m_last));
@@ -496,6 +506,9 @@ void Canvas::repaintPage(const QRect &area)
 {
     if (!area.isEmpty())
         update(view().covering(area));
+    const QRect tagged = m_nameTag.follow(current().object());
+    if (!tagged.isEmpty())
+        update(view().covering(tagged));
     emit changed();
 }
 
@@ -509,6 +522,7 @@ void Canvas::paintEvent(QPaintEvent *event)
         painter.drawRect(view().fromPage(item->object->m_rcHot.translated(dragged)));
     }
     painter.setTransform(view().transform(), true);
+    m_nameTag.paint(painter);
     paintLaser(painter);
 }
 

@@ -3,6 +3,7 @@
 #include "Document.h"
 #include "Fingers.h"
 #include "LaserPen.h"
+#include "NameTag.h"
 #include "Navigator.h"
 #include "PenWatch.h"
 #include "Scatter.h"
@@ -43,6 +44,9 @@ public:
     void setInkWidth(int width);
     void setDash(Qt::PenStyle dash);
     void setInkOption(std::optional<int> option) { m_ink.option = option; }
+
+    // Whose name is shown beside what is drawn.
+    void setDrawer(const Drawer &drawer);
 
     // The dots of a tool that scatters are the same after the same seed.
     void setSeed(quint32 seed) { m_scatter = Scatter(seed); }
@@ -145,6 +149,7 @@ private:
     bool m_tapping{};                  // pressed and not moved since
     QCursor m_cursor{Qt::CrossCursor}; // beside an object
     LaserPen m_laser;
+    NameTag m_nameTag;
     Scatter m_scatter;
     QTimer m_scattering;
 };

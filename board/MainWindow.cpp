@@ -7,6 +7,7 @@
 #include "CommandMenu.h"
 #include "DashControl.h"
 #include "FileCommands.h"
+#include "NameDialog.h"
 #include "OptionControl.h"
 #include "PageCommands.h"
 #include "PageSize.h"
@@ -112,6 +113,8 @@ void MainWindow::addCommands()
             [this] { ShortcutDialog(*this).exec(); });
     connect(group.add("screen-ink", tr("Write on the screen"), QStringLiteral("F9")), &QAction::triggered, this,
             [this] { writeOnScreen(*this); });
+    connect(group.add("name", tr("My name…"), QStringLiteral("F2")), &QAction::triggered, this,
+            &MainWindow::askForName);
     connect(group.add("quit", tr("Quit"), QStringLiteral("Ctrl+Q")), &QAction::triggered, this, &MainWindow::close);
 }
 
@@ -168,6 +171,16 @@ void MainWindow::connectControls()
     m_canvas->setColor(m_colors->color());
     m_canvas->setInkWidth(m_width->inkWidth());
     m_width->setColor(m_colors->color());
+    m_canvas->setDrawer(readDrawer());
+}
+
+void MainWindow::askForName()
+{
+    NameDialog dialog(readDrawer(), this);
+    if (dialog.exec() != QDialog::Accepted)
+        return;
+    keepDrawer(dialog.drawer());
+    m_canvas->setDrawer(dialog.drawer());
 }
 
 void MainWindow::chooseTool(const Tool &tool)

@@ -47,6 +47,7 @@ private:
     void addCommands();
     QAction *command(const char *name) const;
     void connectControls();
+    void askForName();
     void showState();
 
     Document m_document;

@@ -50,6 +50,7 @@ QString windowStyle()
         QDialog QPushButton:disabled { color: #a9b2be; }
         QDialog QLineEdit, #rail QLineEdit { font-size: 14px; padding: 6px 8px; border: 1px solid #c3ccd8; border-radius: 8px; }
         QDialog QLineEdit:focus, #rail QLineEdit:focus { border: 2px solid #2563c9; padding: 5px 7px; }
+        QDialog QCheckBox { color: #27313d; font-size: 14px; }
         QDialog QTreeView { font-size: 14px; border: 1px solid #d9dee6; border-radius: 8px; }
         QDialog QTreeView::item { padding: 3px 0; }
 

@@ -424,6 +424,45 @@
         <source>Write on the screen</source>
         <translation>Auf den Bildschirm schreiben</translation>
     </message>
+    <message>
+        <source>My name…</source>
+        <translation>Mein Name …</translation>
+    </message>
+</context>
+<context>
+    <name>Board::NameDialog</name>
+    <message>
+        <source>Show my name beside what I draw</source>
+        <translation>Meinen Namen neben dem zeigen, was ich zeichne</translation>
+    </message>
+    <message>
+        <source>First letter</source>
+        <translation>Anfangsbuchstabe</translation>
+    </message>
+    <message>
+        <source>My name</source>
+        <translation>Mein Name</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>Picture…</source>
+        <translation>Bild …</translation>
+    </message>
+    <message>
+        <source>Icon</source>
+        <translation>Symbol</translation>
+    </message>
+    <message>
+        <source>A picture as icon</source>
+        <translation>Ein Bild als Symbol</translation>
+    </message>
+    <message>
+        <source>The picture cannot be used</source>
+        <translation>Das Bild ist nicht verwendbar</translation>
+    </message>
 </context>
 <context>
     <name>Board::OptionControl</name>
