@@ -2,11 +2,9 @@
 
 // A paint device that notes the paths it is given, and whose engine says of itself what a test wants.
 
+#include "HearingDevice.h"
+
 #include <QtCore/QStringList>
-#include <QtGui/QPaintDevice>
-#include <QtGui/QPaintEngine>
-#include <QtGui/QPainter>
-#include <QtGui/QPainterPath>
 
 #include <ostream>
 
@@ -36,60 +34,21 @@ inline void PrintTo(const QString &text, std::ostream *out)
     *out << text.toStdString();
 }
 
-class PathLog : public QPaintDevice
+class PathLog : public HearingDevice
 {
 public:
     explicit PathLog(QPaintEngine::Type type = QPaintEngine::Raster)
-        : m_engine(*this, type)
+        : HearingDevice({2000, 2000}, type)
     {
     }
-
-    QPaintEngine *paintEngine() const override { return &m_engine; }
 
     QStringList outlines;
     QVector<QRect> clips; // device pixels
 
 protected:
-    int metric(PaintDeviceMetric metric) const override
+    void hearPath(const QPainter &painter, const QPainterPath &path) override
     {
-        switch (metric) {
-        case PdmWidth:
-        case PdmHeight:
-            return 2000;
-        case PdmDevicePixelRatio:
-            return 1;
-        case PdmDevicePixelRatioScaled:
-            return int(devicePixelRatioFScale());
-        default:
-            return 96;
-        }
+        outlines.append(outlineOf(path));
+        clips.append(painter.deviceTransform().mapRect(painter.clipBoundingRect()).toRect());
     }
-
-private:
-    class Engine : public QPaintEngine
-    {
-    public:
-        Engine(PathLog &log, Type type)
-            : QPaintEngine(AllFeatures)
-            , m_log(log)
-            , m_type(type)
-        {
-        }
-        bool begin(QPaintDevice *) override { return true; }
-        bool end() override { return true; }
-        void updateState(const QPaintEngineState &) override {}
-        void drawPixmap(const QRectF &, const QPixmap &, const QRectF &) override {}
-        void drawPath(const QPainterPath &path) override
-        {
-            m_log.outlines.append(outlineOf(path));
-            m_log.clips.append(painter()->deviceTransform().mapRect(painter()->clipBoundingRect()).toRect());
-        }
-        Type type() const override { return m_type; }
-
-    private:
-        PathLog &m_log;
-        const Type m_type;
-    };
-
-    mutable Engine m_engine;
 };

@@ -1,4 +1,5 @@
-// What brush, flat brush and highlighter share: how they collect a stroke, and what they leave alone.
+// What brush, flat brush and highlighter share: how they collect a stroke, and what they leave alone; and how the two
+// with a round pen paint it.
 
 #include "CInkBrush.h"
 #include "CInkFlatBrush.h"
@@ -25,6 +26,19 @@ class RoundStrokePen : public ::testing::Test
 };
 using RoundStrokePens = ::testing::Types<CInkBrush, CInkHighLightPen>;
 TYPED_TEST_SUITE(RoundStrokePen, RoundStrokePens, );
+
+// The pen that they paint a stroke of `color` with.
+QPen penOf(const CInkBrush & /*pen*/, const QColor &color, int width)
+{
+    return roundPen(color, width);
+}
+
+QPen penOf(const CInkHighLightPen & /*pen*/, const QColor &color, int width)
+{
+    return roundPen(QColor(color.red(), color.green(), color.blue(), 100), width);
+}
+
+const QColor kTranslucentRed(255, 0, 0, 120);
 
 } // namespace
 
@@ -181,4 +195,96 @@ TYPED_TEST(RoundStrokePen, painterIsGivenBackButForItsClip)
     EXPECT_EDGES(clipAfterDrawWithOddPainter(pen), 0, 0, 399, 299);
     pen.FinishGraph();
     EXPECT_EDGES(clipAfterDrawWithOddPainter(pen), 0, 0, 399, 299);
+}
+
+TYPED_TEST(RoundStrokePen, strokeIsOnePath)
+{
+    for (const int width : {0, 1, 2, 9, 25}) {
+        SCOPED_TRACE(width);
+        TypeParam pen;
+        feedZigzag(pen);
+        pen.SetWidth(width);
+        pen.SetColor(kTranslucentRed); // one path: crossings are no darker
+        const QImage expected = smoothStroke(zigzagPath(), penOf(pen, kTranslucentRed, width));
+        EXPECT_FALSE(isBlank(expected));
+        EXPECT_TRUE(samePixels(drawn(pen), expected));
+        pen.FinishGraph();
+        EXPECT_TRUE(samePixels(drawn(pen), expected));
+        EXPECT_EQ(pen.m_color, QColor(kTranslucentRed));
+    }
+}
+
+TYPED_TEST(RoundStrokePen, strokeIsPaintedWithTheFinestAntialiasing)
+{
+    TypeParam pen;
+    feedZigzag(pen);
+    pen.SetWidth(9);
+    const auto calls = paintCalls(pen);
+    ASSERT_EQ(calls.size(), 1);
+    EXPECT_TRUE(calls[0].isPath);
+    EXPECT_TRUE(calls[0].hints.testFlag(QPainter::Antialiasing));
+    EXPECT_TRUE(int(calls[0].hints) & 0x08); // high-quality antialiasing, a name that is deprecated
+    EXPECT_FALSE(calls[0].hints.testFlag(QPainter::SmoothPixmapTransform));
+    EXPECT_TRUE(calls[0].transform.isIdentity());
+    EXPECT_EQ(calls[0].pen, penOf(pen, QColor(0, 0, 0), 9));
+}
+
+TYPED_TEST(RoundStrokePen, clipHoldsTheHostsRectangleInEveryPhase)
+{
+    TypeParam pen;
+    feedZigzag(pen);
+    EXPECT_EDGES(clipAfterDraw(pen, QRect(0, 0, 50, 50)), 0, 0, 140, 170);
+    EXPECT_EDGES(clipAfterDraw(pen, QRect()), 90, 40, 140, 170);
+    pen.FinishGraph();
+    EXPECT_EDGES(clipAfterDraw(pen, QRect(0, 0, 50, 50)), 0, 0, 232, 182);
+    EXPECT_EDGES(clipAfterDraw(pen, QRect(0, 0, 400, 300)), 0, 0, 399, 299);
+    EXPECT_EDGES(clipAfterDraw(pen, QRect()), 68, 8, 232, 182);
+}
+
+TYPED_TEST(RoundStrokePen, painterKeepsItsTransformAndBrush)
+{
+    TypeParam pen;
+    feedZigzag(pen);
+    pen.SetColor(kTranslucentRed);
+    pen.SetWidth(6);
+    pen.m_fRotateAngle = 45;
+    const QImage image = painted([&](QPainter &painter) {
+        QRect all(0, 0, 400, 300);
+        painter.translate(15, 25);
+        painter.setBrush(QColor(0, 200, 0, 90));
+        pen.Draw(painter, all);
+    });
+    const QImage expected = painted([&](QPainter &painter) {
+        painter.translate(15, 25);
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setBrush(QColor(0, 200, 0, 90));
+        painter.setPen(penOf(pen, kTranslucentRed, 6));
+        painter.drawPath(zigzagPath());
+    });
+    EXPECT_TRUE(samePixels(image, expected));
+}
+
+TYPED_TEST(RoundStrokePen, layersFollowTheCommit)
+{
+    TypeParam pen;
+    feedZigzag(pen);
+    pen.SetWidth(4);
+    pen.SetColor(kTranslucentRed);
+    pen.ShowDrawerName(1);
+    pen.ShowDrawerIcon(1);
+    pen.m_sizeName = QSize(60, 20);
+    const QImage expected = smoothStroke(zigzagPath(), penOf(pen, kTranslucentRed, 4));
+    Layers growing;
+    growing.draw(pen);
+    EXPECT_TRUE(samePixels(growing.surface, expected));
+    EXPECT_TRUE(isBlank(growing.page));
+    EXPECT_TRUE(isBlank(growing.background));
+    EXPECT_TRUE(isBlank(growing.ink));
+    pen.FinishGraph();
+    Layers finished;
+    finished.draw(pen);
+    EXPECT_TRUE(samePixels(finished.surface, expected));
+    EXPECT_TRUE(samePixels(finished.ink, expected));
+    EXPECT_TRUE(samePixels(finished.page, expected));
+    EXPECT_TRUE(isBlank(finished.background));
 }

@@ -1,72 +1,37 @@
 // Which layers every tool paints on, in which order, and what suppresses it.
 
 #include "Exact.h"
+#include "HearingDevice.h"
 #include "MessageLog.h"
 #include "Protocol.h"
-
-#include <QtGui/QPaintEngine>
 
 namespace {
 
 // A layer that writes its number down instead of being painted on.
-class NotedLayer : public QPaintDevice
+class NotedLayer : public HearingDevice
 {
 public:
     NotedLayer(char number, std::string &notes)
-        : m_engine(number, notes)
+        : HearingDevice({400, 300})
+        , m_number(number)
+        , m_notes(notes)
     {
     }
-
-    QPaintEngine *paintEngine() const override { return &m_engine; }
 
 protected:
-    int metric(PaintDeviceMetric metric) const override
-    {
-        switch (metric) {
-        case PdmWidth:
-            return 400;
-        case PdmHeight:
-            return 300;
-        case PdmDevicePixelRatio:
-            return 1;
-        case PdmDevicePixelRatioScaled:
-            return int(devicePixelRatioFScale());
-        default:
-            return 96;
-        }
-    }
+    void hearPath(const QPainter & /*painter*/, const QPainterPath & /*path*/) override { note(); }
+    void hearImage(const QPainter & /*painter*/) override { note(); }
 
 private:
-    class Engine : public QPaintEngine
+    // A layer that is painted on several times in a row is one step.
+    void note()
     {
-    public:
-        Engine(char number, std::string &notes)
-            : QPaintEngine(AllFeatures)
-            , m_number(number)
-            , m_notes(notes)
-        {
-        }
-        bool begin(QPaintDevice *) override { return true; }
-        bool end() override { return true; }
-        void updateState(const QPaintEngineState &) override {}
-        void drawPath(const QPainterPath &) override { note(); }
-        void drawPolygon(const QPointF *, int, PolygonDrawMode) override { note(); }
-        void drawPixmap(const QRectF &, const QPixmap &, const QRectF &) override { note(); }
-        void drawImage(const QRectF &, const QImage &, const QRectF &, Qt::ImageConversionFlags) override { note(); }
-        Type type() const override { return User; }
+        if (m_notes.empty() || m_notes.back() != m_number)
+            m_notes += m_number;
+    }
 
-    private:
-        // A layer that is painted on several times in a row is one step.
-        void note()
-        {
-            if (m_notes.empty() || m_notes.back() != m_number)
-                m_notes += m_number;
-        }
-        char m_number;
-        std::string &m_notes;
-    };
-
-    mutable Engine m_engine;
+    const char m_number;
+    std::string &m_notes;
 };
 
 // The numbers of the layers in the order in which they are painted on. The background is an image, for tools that

@@ -4,10 +4,10 @@
 
 #include "Canvas.h"
 #include "Exact.h"
+#include "HearingDevice.h"
 #include "MessageLog.h"
 #include "PainterState.h"
 
-#include <QtGui/QPaintEngine>
 #include <QtGui/QPainterPath>
 
 #include <initializer_list>
@@ -75,7 +75,7 @@ inline QRect clipAfterDrawWithOddPainter(CInkGraph &graph)
 }
 
 // A paint device that notes the painter's state at every path and image instead of painting it.
-class PaintLog : public QPaintDevice
+class PaintLog : public HearingDevice
 {
 public:
     struct Call
@@ -88,67 +88,22 @@ public:
     };
 
     PaintLog()
-        : m_engine(*this)
+        : HearingDevice({400, 300})
     {
     }
-
-    QPaintEngine *paintEngine() const override { return &m_engine; }
 
     QVector<Call> calls;
 
 protected:
-    int metric(PaintDeviceMetric metric) const override
-    {
-        switch (metric) {
-        case PdmWidth:
-            return 400;
-        case PdmHeight:
-            return 300;
-        case PdmDevicePixelRatio:
-            return 1;
-        case PdmDevicePixelRatioScaled:
-            return int(devicePixelRatioFScale());
-        case PdmDpiX:
-        case PdmDpiY:
-        case PdmPhysicalDpiX:
-        case PdmPhysicalDpiY:
-            return 96;
-        default:
-            return 0;
-        }
-    }
+    void hearPath(const QPainter &painter, const QPainterPath & /*path*/) override { note(painter, true); }
+    void hearImage(const QPainter &painter) override { note(painter, false); }
 
 private:
-    class Engine : public QPaintEngine
+    void note(const QPainter &painter, bool isPath)
     {
-    public:
-        explicit Engine(PaintLog &log)
-            : QPaintEngine(AllFeatures)
-            , m_log(log)
-        {
-        }
-        bool begin(QPaintDevice *) override { return true; }
-        bool end() override { return true; }
-        void updateState(const QPaintEngineState &) override {}
-        void drawPath(const QPainterPath &) override { note(true); }
-        void drawPixmap(const QRectF &, const QPixmap &, const QRectF &) override { note(false); }
-        void drawImage(const QRectF &, const QImage &, const QRectF &, Qt::ImageConversionFlags) override
-        {
-            note(false);
-        }
-        Type type() const override { return User; }
-
-    private:
-        void note(bool isPath)
-        {
-            const QPainter &painter = *this->painter();
-            m_log.calls.append(
-                {isPath, painter.renderHints(), painter.worldTransform(), painter.pen(), painter.clipBoundingRect()});
-        }
-        PaintLog &m_log;
-    };
-
-    mutable Engine m_engine;
+        calls.append(
+            {isPath, painter.renderHints(), painter.worldTransform(), painter.pen(), painter.clipBoundingRect()});
+    }
 };
 
 // What drawing `graph` with `rect` to repaint asks of a painter.
