@@ -28,6 +28,7 @@ constexpr int kTiledFrom = 800;       // segments in the clip; with fewer, some 
 constexpr int kTile = 256;            // device pixels
 constexpr int kNarrowTile = 128;      // for pens that reach no further than kNarrowReach
 constexpr double kNarrowReach = 8;    // device pixels
+constexpr int kMostTilesPerSegment = 3; // on average; with more, the whole path is cheaper
 
 // Segments `first` to `last`; segment i leads from point i - 1 to point i.
 struct Run
@@ -368,15 +369,16 @@ bool isTileable(const QPainter &painter, const Box &clip)
            painter.paintEngine()->systemClip().isEmpty();
 }
 
-// The part of the clip that a long stroke may touch, tile after tile. The time that Qt takes for a path grows faster
+// The part of the clip that a long stroke may touch, cut into tiles. The time that Qt takes for a path grows faster
 // than the path; the tiles do not overlap, so no pixel is painted twice. They lie on a grid from the device's origin:
 // where a row of pixels is painted two at a time it must not be cut within a pair.
 class Tiles
 {
 public:
-    Tiles(const Culler &culler, const Blocks &blocks, const Box &clip)
+    Tiles(const Culler &culler, const Blocks &blocks, const Box &clip, int side)
         : m_culler(culler)
         , m_blocks(blocks)
+        , m_side(side)
     {
         m_boxes.reserve(std::size_t(blocks.size()));
         for (const int block : blocks)
@@ -386,21 +388,31 @@ public:
                          int(std::ceil(area.high[1])) - 1);
     }
 
-    template <typename Paint>
-    void forEach(int side, const Paint &paint) const
+    // Whether all tiles together take no more than `most` segments: each is rasterised as a whole for every tile that
+    // it touches.
+    bool holdAtMost(int most) const
     {
-        for (int y = onGrid(m_area.top(), side); y <= m_area.bottom(); y += side) {
-            for (int x = onGrid(m_area.left(), side); x <= m_area.right(); x += side) {
-                const QRect tile = QRect(x, y, side, side) & m_area;
+        int count = 0;
+        return forEach([&](const QRect & /*tile*/, const Runs &runs) { return (count += segments(runs)) <= most; });
+    }
+
+    // Calls paint(tile, runs) for each tile that is touched, until that returns false.
+    template <typename Paint>
+    bool forEach(const Paint &paint) const
+    {
+        for (int y = onGrid(m_area.top()); y <= m_area.bottom(); y += m_side) {
+            for (int x = onGrid(m_area.left()); x <= m_area.right(); x += m_side) {
+                const QRect tile = QRect(x, y, m_side, m_side) & m_area;
                 const Runs runs = m_culler.runsWithin(boxOf(tile), blocksWithin(boxOf(tile)));
-                if (!runs.isEmpty())
-                    paint(tile, runs);
+                if (!runs.isEmpty() && !paint(tile, runs))
+                    return false;
             }
         }
+        return true;
     }
 
 private:
-    static int onGrid(int coordinate, int side) { return int(std::floor(double(coordinate) / side)) * side; }
+    int onGrid(int coordinate) const { return int(std::floor(double(coordinate) / m_side)) * m_side; }
 
     Blocks blocksWithin(const Box &tile) const
     {
@@ -414,6 +426,7 @@ private:
 
     const Culler &m_culler;
     const Blocks &m_blocks;
+    const int m_side;
     std::vector<Box> m_boxes; // of the blocks, on the device
     QRect m_area;
 };
@@ -450,10 +463,15 @@ void InkInternal::paintStroke(QPainter &painter, const QVector<QPointF> &points,
     if (frame.isThin() || segments(runs) < kTiledFrom || !isTileable(painter, clip))
         return drawPath(painter, pathOf(points, runs, segment), world);
 
+    const Tiles tiles(culler, *blocks, clip, frame.tileSide());
+    if (!tiles.holdAtMost(kMostTilesPerSegment * segments(runs)))
+        return drawPath(painter, pathOf(points, runs, segment), world);
+
     const PainterStateScope scope(painter);
     const QPoint origin = truncated(QPointF(painter.deviceTransform().dx(), painter.deviceTransform().dy()));
-    Tiles(culler, *blocks, clip).forEach(frame.tileSide(), [&](const QRect &tile, const Runs &within) {
+    tiles.forEach([&](const QRect &tile, const Runs &within) {
         painter.setClipRect(tile.translated(-origin));
         drawPath(painter, pathOf(points, within, segment), world);
+        return true;
     });
 }

@@ -201,6 +201,28 @@ TEST(StrokeTiles, longStrokesArePaintedInTiles)
     EXPECT_EQ(log.clips.last(), QRect(QPoint(768, 128), QPoint(883, 183)));
 }
 
+// Each segment is rasterised once more for every further tile that it touches.
+TEST(StrokeTiles, segmentsInMoreThanThreeTilesArePaintedAtOnce)
+{
+    // To and fro between x = 10 and `right`, in one row of tiles. The pen reaches 3.52 pixels, and columns 0 to 2 end
+    // at x = 384.
+    const auto clips = [](double right, bool isHalfAsLong = false) {
+        Meander pencil(800);
+        for (int i = 0; i <= 800; ++i)
+            pencil.m_graphData[i] = {i % 2 ? (isHalfAsLong && i > 400 ? 250.0 : right) : 10.0, 20 + i / 16.0};
+        PathLog log;
+        paint(log, pencil);
+        return log.clips;
+    };
+    ASSERT_EQ(clips(380).size(), 3);
+    EXPECT_EQ(clips(380).last(), QRect(QPoint(256, 16), QPoint(383, 73)));
+    EXPECT_EQ(clips(381).size(), 1);
+    EXPECT_EQ(clips(381).first(), QRect(0, 0, 1000, 1000));
+    // Four of them and two: three on average.
+    EXPECT_EQ(clips(500, true).size(), 4);
+    EXPECT_EQ(clips(510, true).size(), 1);
+}
+
 TEST(StrokeTiles, tilesCoverTheStrokeAndDoNotOverlap)
 {
     Meander pencil(1200);
