@@ -23,6 +23,24 @@ constexpr struct
     float width; // of the pen width
 } kPasses[] = {{60, 1.0f}, {40, 0.8f}, {60, 0.6f}, {60, 0.4f}};
 
+// Whether a disc covers every pixel of `area`, with room for its rim to be no perfect circle.
+bool covers(const QPointF &center, double diameter, const QRectF &area)
+{
+    constexpr double kRound = 0.9;
+    const double x = std::max(std::abs(center.x() - area.left()), std::abs(center.x() - area.right()));
+    const double y = std::max(std::abs(center.y() - area.top()), std::abs(center.y() - area.bottom()));
+    return std::hypot(x, y) <= kRound * diameter / 2;
+}
+
+// Whether the narrowest of the four lines covers every pixel of `area`. One of no length paints nothing.
+bool coversAll(const QPointF &a, const QPointF &b, int width, const QRectF &area)
+{
+    constexpr double kShortest = 0.1;
+    const double narrowest = truncated(double(kPasses[3].width * float(width)));
+    return covers(a, narrowest, area) && covers(b, narrowest, area) &&
+           std::hypot(a.x() - b.x(), a.y() - b.y()) >= kShortest;
+}
+
 // The segment's box lies beside `reach`.
 bool passesBy(const QPointF &a, const QPointF &b, const QRectF &reach)
 {
@@ -90,16 +108,24 @@ void CInkColorBrush::DrawColorBrushGraph(QPainter &painter)
     cache.setRenderHint(QPainter::SmoothPixmapTransform);
     QColor color = m_color;
     const double margin = std::abs(double(m_nWidth)) + 1;
-    const QRectF reach = reachOf(*m_pImage).adjusted(-margin, -margin, margin, margin);
+    const QRectF pixels = reachOf(*m_pImage);
+    const QRectF reach = pixels.adjusted(-margin, -margin, margin, margin);
+    // Segments that cover all pixels do the same to each of them, and after a dozen nothing any more.
+    bool isSettled = false;
     for (int i = std::max(m_nDrawnCount, 0); i < points.size() - 1; m_nDrawnCount = ++i) {
         if (passesBy(points.at(i), points.at(i + 1), reach))
             continue;
+        const bool isWhole = coversAll(points.at(i), points.at(i + 1), m_nWidth, pixels);
+        if (isWhole && isSettled)
+            continue;
+        const QImage before = isWhole ? m_pImage->copy() : QImage();
         for (const auto &pass : kPasses) {
             color.setAlpha(pass.alpha);
             const int width = truncated(double(pass.width * float(m_nWidth)));
             cache.setPen(QPen(color, width, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
             cache.drawLine(points.at(i), points.at(i + 1));
         }
+        isSettled = isWhole && *m_pImage == before;
     }
     cache.end();
     paintCache(*this, m_rcCanvas, painter);

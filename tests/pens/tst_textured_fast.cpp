@@ -314,3 +314,29 @@ TEST(TexturedPenFast, whatReachesInFromBesideTheCanvasIsRendered)
     expectRenderedFromBeside<CInkColorBrush>();
     expectRenderedFromBeside<CInkCrayon>();
 }
+
+// Segments that cover the whole canvas are left out once they change nothing; others in between change it again.
+TEST(TexturedPenFast, pensWiderThanTheCanvasRenderEverySegmentThatChangesIt)
+{
+    for (const int width : {90, 200, 219, 300, 1000, 32000, 70000, 1000000, 100000000, 2147483647}) {
+        for (const QColor &color : {QColor(0, 200, 100), QColor(251, 130, 1), QColor(127, 128, 255)}) {
+            SCOPED_TRACE(::testing::Message() << width << ' ' << color.name().toStdString());
+            CInkColorBrush pen(QSize(60, 40));
+            pen.m_nWidth = width;
+            pen.m_color = color;
+            for (int i = 0; i < 120; ++i) {
+                QPointF point(i % 7 * 10, i % 5 * 10.5); // close together
+                if (i % 30 == 29)
+                    point = {30 + 0.45 * width, 20}; // at the edge of the disc
+                if (i % 30 == 1 || i % 30 == 18)
+                    point = pen.m_graphData.last() + QPointF(0, i < 60 ? 0 : 0.0001); // a segment of hardly a length
+                pen.m_graphData.append(point);
+            }
+            Literal::Texture texture({60, 40});
+            Literal::render(pen, texture);
+            drawn(pen, {60, 40});
+            ASSERT_EQ(*pen.m_pImage, texture.pixels);
+            EXPECT_EQ(pen.m_nDrawnCount, 119);
+        }
+    }
+}
