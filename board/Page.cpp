@@ -172,7 +172,8 @@ QRect Page::commit(const QRect &reach)
     keepDifference(step, before);
     if (!step.page.isEmpty() || !step.ink.isEmpty()) {
         next = m_successor ? m_successor(*m_object, rect().size()) : std::nullopt;
-        const auto item = std::make_shared<Item>(Item{m_nextId++, std::move(m_life), std::move(m_object), reach});
+        const auto item =
+            std::make_shared<Item>(Item{m_nextId++, std::move(m_life), std::move(m_object), reach, m_backgrounds});
         m_items.push_back(item);
         step.succeeds = m_succeeds;
         step.added = item;
@@ -248,7 +249,8 @@ QRect Page::replace(int id, Life life, const Pixels &before)
     if (!index || !lived.object || !lived.object->m_bFinished)
         return {};
     Items items = m_items;
-    items[*index] = std::make_shared<Item>(Item{id, std::move(life), std::move(lived.object), lived.reach});
+    items[*index] =
+        std::make_shared<Item>(Item{id, std::move(life), std::move(lived.object), lived.reach, m_backgrounds});
     const Life &now = items[*index]->life;
     return change(items, before, ReplaceRecord{id, now});
 }
@@ -305,8 +307,8 @@ QRect Page::setPaper(const Paper &paper)
     const Pixels before = pixels(rect());
     Step step;
     step.paper = std::exchange(m_paper, paper);
-    m_layers.setBackground(paintedPaper(m_paper, rect().size(), m_density));
-    replay(Background::New);
+    layPaper();
+    replay();
     keepDifference(step, before);
     push(std::move(step), PaperRecord{paper});
     return rect();
@@ -379,12 +381,12 @@ void Page::exchange(Step &step, bool undoes)
         m_items.push_back(step.added);
     if (step.paper) {
         std::swap(m_paper, *step.paper);
-        m_layers.setBackground(paintedPaper(m_paper, rect().size(), m_density));
+        layPaper();
     }
     if (step.hasPixels)
         m_layers.exchange(step.page, step.ink);
     else
-        replay(step.paper ? Background::New : Background::Same);
+        replay();
 }
 
 void Page::grow(const QSize &size)
@@ -396,28 +398,36 @@ void Page::grow(const QSize &size)
     if (layers.isNull())
         return; // a smaller page is better than none
     m_layers = std::move(layers);
-    m_layers.setBackground(paintedPaper(m_paper, grown, m_density));
+    layPaper();
     for (Step &step : m_steps) {
         step.hasPixels = false; // objects reach farther now
         step.page = Patch();
         step.ink = Patch();
     }
-    replay(Background::New);
+    replay();
+    if (m_object)
+        paint(rect(), Background::New);
     if (m_reopened)
         m_reopened->pixels = pixels(rect());
     if (m_listener)
         m_listener(SizeRecord{grown});
 }
 
-void Page::replay(Background background)
+void Page::layPaper()
+{
+    m_layers.setBackground(paintedPaper(m_paper, rect().size(), m_density));
+    ++m_backgrounds;
+}
+
+void Page::replay()
 {
     m_layers.reset();
     // Each in the area of its commit, so that its clip, and with it every pixel, is the same again.
-    for (const auto &item : m_items)
-        m_layers.draw(*item->object, onPage(item->reach), background);
+    for (const auto &item : m_items) {
+        const bool isSame = std::exchange(item->background, m_backgrounds) == m_backgrounds;
+        m_layers.draw(*item->object, onPage(item->reach), isSame ? Background::Same : Background::New);
+    }
     m_layers.showPage(rect());
-    if (m_object)
-        paint(rect(), background);
 }
 
 bool Page::play(const DrawRecord &record)

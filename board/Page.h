@@ -91,7 +91,8 @@ public:
         int id;
         Life life;
         std::unique_ptr<CInkGraph> object;
-        QRect reach; // that it was painted in
+        QRect reach;    // that it was painted in
+        int background; // that it was last painted over, one of those that there have been
     };
     using Items = std::vector<std::shared_ptr<Item>>; // the lowest first
 
@@ -157,13 +158,15 @@ private:
     void push(Step step, const Record &record);
     void exchange(Step &step, bool undoes);
     void boundMemory();
-    void replay(Background background = Background::Same);
+    void layPaper();
+    void replay();
     bool play(const DrawRecord &record);
 
     Layers m_layers;
     const double m_density;
     Items m_items;
     Paper m_paper;
+    int m_backgrounds{}; // that there have been: an eraser keeps a copy of the one it was painted over
     std::vector<Step> m_steps;
     std::size_t m_done{}; // of the steps; the others are undone
     int m_nextId{1};

@@ -1,4 +1,5 @@
 #include "PageProbe.h"
+#include "PaperPainter.h"
 
 #include <QtTest/QtTest>
 
@@ -58,6 +59,12 @@ private:
     std::vector<int> &m_news;
 };
 
+void eraseOn(Page &page, const QPoint &from, const QPoint &to)
+{
+    page.begin(object("eraser", Qt::red, 40));
+    drag(page, from, to);
+}
+
 QStringList s_messages;
 
 void keepMessage(QtMsgType type, const QMessageLogContext & /*context*/, const QString &text)
@@ -98,6 +105,8 @@ private slots:
     void tellsOfANewBackground();
     void showsTheObjectInProgressWhenItGrows();
     void neverShrinks();
+    void erasesToThePaperThatIsThere();
+    void erasesToPaperThatHasGrown();
     void tellsAHandle();
 };
 
@@ -495,6 +504,33 @@ void tst_Page::neverShrinks()
     page.grow(QSize(10, 350));
     QCOMPARE(page.rect(), QRect(0, 0, 400, 350));
     QCOMPARE(page.picture().copy(0, 0, 400, 300), picture);
+}
+
+// An eraser keeps a copy of the paper that it was painted over.
+void tst_Page::erasesToThePaperThatIsThere()
+{
+    Page page(kSize);
+    drawLineOn(page, Qt::red, QPoint(20, 20), QPoint(380, 280));
+    eraseOn(page, QPoint(50, 150), QPoint(350, 150));
+    page.setPaper({Paper::Kind::Ruled, {}});
+    page.undo();
+    page.remove(1); // paints the others again
+    QVERIFY(isBlank(page));
+}
+
+void tst_Page::erasesToPaperThatHasGrown()
+{
+    const Paper ruled{Paper::Kind::Ruled, {}};
+    Page page(kSize);
+    page.setPaper(ruled);
+    drawLineOn(page, Qt::red, QPoint(200, 20), QPoint(200, 280));
+    eraseOn(page, QPoint(200, 150), QPoint(200, 500));
+    page.undo();
+    page.grow(QSize(400, 600));
+    page.redo();
+    QCOMPARE(page.picture().pixel(200, 100), 0xFFFF0000);
+    page.remove(1);
+    QCOMPARE(page.picture(), paintedPaper(ruled, QSize(400, 600)));
 }
 
 void tst_Page::tellsAHandle()
