@@ -11,6 +11,7 @@
 
 #include <QtGui/QPaintEvent>
 #include <QtGui/QPainter>
+#include <QtGui/QScreen>
 #include <QtWidgets/QApplication>
 
 #include <algorithm>
@@ -67,6 +68,7 @@ Canvas::Canvas(Document &document, QWidget *parent)
     connect(&m_scattering, &QTimer::timeout, this, &Canvas::scatter);
     connect(&m_document, &Document::currentChanged, this, &Canvas::showDocument);
     connect(&m_navigator, &Navigator::moved, this, &Canvas::showView);
+    connect(&m_moves, &Moves::due, this, &Canvas::paintMoves);
     connect(&m_pen, &PenWatch::came, this, &Canvas::takePalm);
     connect(&m_fingers, &Fingers::pressed, this, [this](const QPointF &pos) { press(Device::Finger, pos); });
     connect(&m_fingers, &Fingers::moved, this, [this](const QPointF &pos) { move(Device::Finger, pos); });
@@ -119,6 +121,22 @@ void Canvas::takeCursor()
     const double ratio = view().ratio();
     m_cursor = m_tool->cursorShowsWidth ? circleCursor(pageInk().width * view().scale() / ratio, ratio)
                                         : QCursor(Qt::CrossCursor);
+}
+
+Page &Canvas::current()
+{
+    paintMoves();
+    return m_document.page();
+}
+
+// All at once, and then what follows from the last.
+void Canvas::paintMoves()
+{
+    if (m_moves.isEmpty())
+        return;
+    const QRect area = m_document.page().feed(PT_MOVE, m_moves.take());
+    repaintPage(area);
+    followObject();
 }
 
 QPoint Canvas::pageAt(const QPointF &pos)
@@ -315,6 +333,7 @@ void Canvas::endDrawing()
 // The object has what was entered, if that is kept, and is then let go like any other.
 void Canvas::closeEditor(bool keeps)
 {
+    paintMoves(); // which may close it, and must not open another below
     if (!m_editor)
         return;
     const bool hadFocus = isAncestorOf(QApplication::focusWidget());
@@ -401,6 +420,8 @@ bool Canvas::press(Device device, const QPointF &pos)
     }
     repaintPage(current().feed(PT_DOWN, m_last));
     followObject();
+    m_moves.setFrame(int(1000 / std::max(screen()->refreshRate(), 1.0)));
+    m_moves.beginFrame();
     m_tapping = true;
     if (m_tool->scatters) {
         m_scattering.start();
@@ -433,14 +454,14 @@ void Canvas::move(Device device, const QPointF &pos)
         return;
     if (m_tool->scatters)
         scatter();
-    else
-        repaintPage(current().feed(PT_MOVE, m_last));
-    followObject();
+    else if (page().isBusy())
+        m_moves.add({m_last});
 }
 
 void Canvas::scatter()
 {
-    repaintPage(current().feed(PT_MOVE, m_scatter.around(m_last, pageInk().width)));
+    if (page().isBusy())
+        m_moves.add(m_scatter.around(m_last, pageInk().width));
 }
 
 void Canvas::endGesture(const QPoint &pt)

@@ -3,6 +3,7 @@
 #include "Document.h"
 #include "Fingers.h"
 #include "LaserPen.h"
+#include "Moves.h"
 #include "NameTag.h"
 #include "Navigator.h"
 #include "PenWatch.h"
@@ -118,7 +119,9 @@ private:
     void growPage();
     Ink pageInk() const;
 
-    Page &current() { return m_document.page(); }
+    // For changes, before which the object in progress is told of all moves.
+    Page &current();
+    void paintMoves();
     int chosen() const; // 0 for none
     void pick(int id);
     void endPicking(const QPoint &by);
@@ -144,6 +147,7 @@ private:
     bool m_snaps{};                         // the Shift key is held
     int m_picked{};                         // an object without handles; 0 for none
     Qt::MouseButton m_button{Qt::NoButton}; // that was pressed
+    Moves m_moves; // that the object in progress was not yet told of
     Fingers m_fingers;
     PenWatch m_pen;
     bool m_tapping{};                  // pressed and not moved since

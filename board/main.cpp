@@ -86,6 +86,7 @@ int main(int argc, char **argv)
 
     QApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
     QApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
+    QApplication::setAttribute(Qt::AA_CompressHighFrequencyEvents, false); // no position is lost
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("inkboard"));
     translateInto(QLocale(), application);
