@@ -22,6 +22,7 @@ namespace Board {
 
 namespace {
 
+constexpr int kRingWidth = 2;         // of the focus, widget pixels
 constexpr int kScatterInterval = 16;  // milliseconds, about sixty times a second
 constexpr double kSnapAngle = 15.0;   // degrees
 constexpr double kPickReach = 3.0;    // widget pixels around the pointer that an object is met in
@@ -541,6 +542,10 @@ void Canvas::paintEvent(QPaintEvent *event)
         painter.setPen(QPen(QColor(kAccentColor), 1, Qt::DashLine));
         const QPoint dragged = m_device == Device::None ? QPoint() : m_last - m_press;
         painter.drawRect(view().fromPage(item->object->m_rcHot.translated(dragged)));
+    }
+    if (m_ringed) {
+        painter.setPen(QPen(QColor(kAccentColor), kRingWidth, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
+        painter.drawRect(rect().adjusted(kRingWidth / 2, kRingWidth / 2, -kRingWidth / 2, -kRingWidth / 2));
     }
     painter.setTransform(view().transform(), true);
     m_nameTag.paint(painter);

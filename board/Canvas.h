@@ -82,6 +82,7 @@ protected:
     void resizeEvent(QResizeEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
     void keyReleaseEvent(QKeyEvent *event) override;
+    void focusInEvent(QFocusEvent *event) override;
     void focusOutEvent(QFocusEvent *event) override;
     void wheelEvent(QWheelEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
@@ -152,6 +153,7 @@ private:
     PenWatch m_pen;
     bool m_tapping{};                  // pressed and not moved since
     QCursor m_cursor{Qt::CrossCursor}; // beside an object
+    bool m_ringed{};                   // the Tab key has come here
     LaserPen m_laser;
     NameTag m_nameTag;
     Scatter m_scatter;

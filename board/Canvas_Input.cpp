@@ -47,6 +47,14 @@ void Canvas::keyReleaseEvent(QKeyEvent *event)
         showCursor();
 }
 
+// Only for the keyboard: whoever draws knows where the page is.
+void Canvas::focusInEvent(QFocusEvent *event)
+{
+    m_ringed = event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason;
+    QWidget::focusInEvent(event);
+    update();
+}
+
 // The key is released elsewhere.
 void Canvas::focusOutEvent(QFocusEvent *event)
 {
@@ -54,7 +62,9 @@ void Canvas::focusOutEvent(QFocusEvent *event)
         m_navigator.forgetKey();
         showCursor();
     }
+    m_ringed = false;
     QWidget::focusOutEvent(event);
+    update();
 }
 
 // Not under a pointer that draws: its point would leap.

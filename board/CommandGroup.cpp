@@ -13,6 +13,11 @@ constexpr const char *kGroup = "group"; // properties of an action
 constexpr const char *kInMenu = "inMenu";
 constexpr const char *kKeys = "keys";
 
+QList<QKeySequence> allStandardKeys(const QAction &command)
+{
+    return QKeySequence::listFromString(command.property(kKeys).toString());
+}
+
 } // namespace
 
 CommandGroup::CommandGroup(const QString &title, QWidget &window, Place place)
@@ -29,7 +34,7 @@ QAction *CommandGroup::add(const char *name, const QString &title, const QString
     action->setProperty(kGroup, m_title);
     action->setProperty(kInMenu, m_place == Place::Menu);
     action->setProperty(kKeys, keys);
-    giveKeys(*action, QKeySequence(keys));
+    giveKeys(*action, standardKeys(*action));
     m_window.addAction(action);
     return action;
 }
@@ -61,7 +66,7 @@ bool isInMenu(const QAction &command)
 
 QKeySequence standardKeys(const QAction &command)
 {
-    return QKeySequence(command.property(kKeys).toString());
+    return allStandardKeys(command).value(0);
 }
 
 QString keysText(const QAction &command)
@@ -72,7 +77,8 @@ QString keysText(const QAction &command)
 
 void giveKeys(QAction &command, const QKeySequence &keys)
 {
-    command.setShortcut(keys);
+    const QList<QKeySequence> standard = allStandardKeys(command);
+    command.setShortcuts(keys == standard.value(0) ? standard : QList<QKeySequence>{keys});
     command.setToolTip(keys.isEmpty() ? command.text()
                                       : QStringLiteral("%1 (%2)").arg(command.text(), keysText(command)));
 }

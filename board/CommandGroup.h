@@ -19,7 +19,8 @@ public:
     // `title` is the heading of the group where commands are listed.
     CommandGroup(const QString &title, QWidget &window, Place place = Place::Menu);
 
-    // `keys` as QKeySequence reads them. The window owns the action.
+    // `keys` as QKeySequence reads them; after a semicolon others may follow that do the same. The window owns the
+    // action.
     QAction *add(const char *name, const QString &title, const QString &keys) const;
 
 private:
@@ -38,13 +39,14 @@ QString commandGroup(const QAction &action);
 
 bool isInMenu(const QAction &command);
 
-// The keys that a command was added with.
+// The first keys that a command was added with.
 QKeySequence standardKeys(const QAction &command);
 
 // As the person reads them.
 QString keysText(const QAction &command);
 
-// Other keys, also in the command's tip. Empty for none.
+// Other keys, also in the command's tip. Empty for none; the others that the command was added with come and go with
+// the first.
 void giveKeys(QAction &command, const QKeySequence &keys);
 
 } // namespace Board

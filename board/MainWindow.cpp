@@ -7,6 +7,7 @@
 #include "CommandMenu.h"
 #include "DashControl.h"
 #include "FileCommands.h"
+#include "FocusOrder.h"
 #include "NameDialog.h"
 #include "OptionControl.h"
 #include "PageCommands.h"
@@ -80,19 +81,21 @@ MainWindow::MainWindow(const QSize &plainSize)
     auto *grid = new QGridLayout(middle);
     grid->setContentsMargins(0, 0, 0, 0);
     grid->setSpacing(0);
-    grid->addWidget(makeBar(middle), 0, 0, 1, 3);
+    QWidget *bar = makeBar(middle);
+    auto *pages = new PageStrip(m_document, *m_canvas, middle);
+    grid->addWidget(bar, 0, 0, 1, 3);
     grid->addWidget(m_rail, 1, 0);
     grid->addWidget(m_canvas, 1, 1);
-    grid->addWidget(new PageStrip(m_document, *m_canvas, middle), 1, 2);
+    grid->addWidget(pages, 1, 2);
     grid->addWidget(m_hint, 2, 0, 1, 3);
     grid->setColumnStretch(1, 1);
     grid->setRowStretch(1, 1);
     setCentralWidget(middle);
+    orderFocus({bar, m_rail, m_canvas, pages, m_hint});
 
     restoreKeys(*this);
     connectControls();
     showState();
-    setFocusProxy(m_canvas);
     m_canvas->setFocus(); // so that no button starts with the ring of the keyboard around it
     resize(sizeHint().boundedTo(screen()->availableSize())); // Qt alone takes two thirds of the screen at most
 }
@@ -157,6 +160,7 @@ void MainWindow::connectControls()
         m_option->setTool(tool);
         m_canvas->setInkOption(m_option->value());
     });
+    connect(m_rail, &ToolRail::searched, m_canvas, QOverload<>::of(&QWidget::setFocus));
     connect(m_colors, &ColorRow::picked, this, [this](const QColor &color) {
         m_canvas->setColor(color);
         m_width->setColor(color);

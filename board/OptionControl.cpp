@@ -25,6 +25,7 @@ OptionControl::OptionControl(QWidget *parent)
     , m_text(new QLabel(this))
 {
     m_slider->setObjectName(QStringLiteral("option"));
+    m_slider->setAccessibleName(tr("Option of the tool"));
     m_slider->setFixedSize(kSliderWidth, kSliderHeight);
     m_text->setFixedWidth(m_text->fontMetrics().horizontalAdvance(QStringLiteral("000 %")) + 4);
 

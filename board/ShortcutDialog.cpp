@@ -39,7 +39,7 @@ ShortcutDialog::ShortcutDialog(QWidget &window)
     , m_standard(new QPushButton(tr("Standard"), this))
     , m_none(new QPushButton(tr("None"), this))
     , m_problem(new QLabel(this))
-    , m_takeOver(new QPushButton(this))
+    , m_takeOver(new QPushButton(tr("Take it from there"), this))
 {
     setWindowTitle(tr("Keys"));
     m_search->setPlaceholderText(tr("Search"));
@@ -194,7 +194,6 @@ void ShortcutDialog::ask(const QKeySequence &keys)
     } else if (other) {
         m_wanted = keys;
         m_problem->setText(tr("%1 belongs to “%2”.").arg(shown(other->shortcut()), other->text()));
-        m_takeOver->setText(tr("Take it from there"));
     } else {
         take(keys);
     }

@@ -26,8 +26,10 @@ bool clash(const QKeySequence &first, const QKeySequence &second)
 
 QAction *findClash(const QList<QAction *> &others, const QKeySequence &keys)
 {
-    const auto found = std::find_if(others.begin(), others.end(),
-                                    [&](const QAction *other) { return clash(keys, other->shortcut()); });
+    const auto found = std::find_if(others.begin(), others.end(), [&](const QAction *other) {
+        const QList<QKeySequence> taken = other->shortcuts();
+        return std::any_of(taken.begin(), taken.end(), [&](const QKeySequence &its) { return clash(keys, its); });
+    });
     return found == others.end() ? nullptr : *found;
 }
 
@@ -52,7 +54,8 @@ void restoreKeys(const QWidget &window)
         giveKeys(**it, QKeySequence(settings.value(settingOf(**it)).toString()));
     QList<QAction *> earlier; // those that a person has chosen come first
     for (QAction *command : order) {
-        if (findClash(earlier, command->shortcut()))
+        const QList<QKeySequence> own = command->shortcuts();
+        if (std::any_of(own.begin(), own.end(), [&](const QKeySequence &keys) { return findClash(earlier, keys); }))
             giveKeys(*command, {});
         earlier.append(command);
     }

@@ -25,8 +25,9 @@ QString windowStyle()
         }
         QToolButton:hover { background: #eef2f8; }
         QToolButton:pressed { background: #dfe6f1; }
-        QToolButton:focus { border-color: #8fb0e6; }
+        QToolButton:focus { border-color: #2563c9; }
         QToolButton:checked { background: #2563c9; color: #ffffff; }
+        QToolButton:checked:focus { border-color: #27313d; }
         QToolButton:disabled { color: #a9b2be; }
         #screenBar { background: #ffffff; border: 1px solid #d9dee6; }
         #bar QToolButton { padding: 8px 14px; font-size: 15px; }
@@ -58,7 +59,8 @@ QString windowStyle()
         QScrollBar::handle:vertical { background: #c3ccd8; border-radius: 4px; min-height: 32px; margin: 2px; }
         QScrollBar::add-line, QScrollBar::sub-line { height: 0; }
 
-        #pages QListWidget { background: #eef1f5; }
+        #pages QListWidget { background: #eef1f5; border: 2px solid transparent; }
+        #pages QListWidget:focus { border-color: #2563c9; }
 
         QSlider::groove:horizontal { height: 4px; border-radius: 2px; background: #d9dee6; }
         QSlider::sub-page:horizontal { height: 4px; border-radius: 2px; background: #2563c9; }

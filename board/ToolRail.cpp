@@ -175,7 +175,7 @@ void ToolRail::choose(const Tool &tool)
 void ToolRail::leaveSearch()
 {
     m_search->clear();
-    window()->setFocus();
+    emit searched();
 }
 
 // Enter takes the first tool that is found, Esc none, and Down goes to the buttons.

@@ -37,6 +37,9 @@ public:
 signals:
     void chosen(const Tool &tool);
 
+    // The search has ended, with or without a tool.
+    void searched();
+
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
     void showEvent(QShowEvent *event) override;

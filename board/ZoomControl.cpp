@@ -11,12 +11,10 @@ void addZoomCommands(Canvas &canvas, QWidget &window)
 {
     const CommandGroup group(ZoomControl::tr("View"), window);
     const auto add = [&](const char *name, const QString &title, const char *keys, void (Navigator::*act)()) {
-        QAction *action = group.add(name, title, QLatin1String(keys));
-        QObject::connect(action, &QAction::triggered, &canvas.navigator(), act);
-        return action;
+        QObject::connect(group.add(name, title, QLatin1String(keys)), &QAction::triggered, &canvas.navigator(), act);
     };
-    QAction *in = add("zoom-in", ZoomControl::tr("Zoom in"), "Ctrl++", &Navigator::zoomIn);
-    in->setShortcuts({in->shortcut(), QKeySequence(QStringLiteral("Ctrl+="))}); // where the plus needs the Shift key
+    // The second where the plus needs the Shift key.
+    add("zoom-in", ZoomControl::tr("Zoom in"), "Ctrl++; Ctrl+=", &Navigator::zoomIn);
     add("zoom-out", ZoomControl::tr("Zoom out"), "Ctrl+-", &Navigator::zoomOut);
     add("zoom-to-one", ZoomControl::tr("Zoom to 100 %"), "Ctrl+0", &Navigator::zoomToOne);
 }

@@ -478,6 +478,10 @@
         <source>%1 (%2 less, %3 more)</source>
         <translation>%1 (%2 weniger, %3 mehr)</translation>
     </message>
+    <message>
+        <source>Option of the tool</source>
+        <translation>Einstellung des Werkzeugs</translation>
+    </message>
 </context>
 <context>
     <name>Board::PageCommands</name>

@@ -35,6 +35,7 @@ private slots:
     void keepsThatACommandHasNone();
     void forgetsKeysThatAreStandard();
     void givesChosenKeysToOneCommandOnly();
+    void keepsSecondKeysWithTheFirst();
     void findsTheCommandWithKeys_data();
     void findsTheCommandWithKeys();
     void knowsTheKeysThatMoveTheFocus_data();
@@ -161,6 +162,22 @@ void tst_Shortcuts::givesChosenKeysToOneCommandOnly()
     QCOMPARE(keys("pencil"), QStringLiteral("Alt+F9"));
     QCOMPARE(keys("brush"), QString());
     QCOMPARE(keys("undo"), QStringLiteral("Ctrl+Z"));
+}
+
+// Zooming in has two.
+void tst_Shortcuts::keepsSecondKeysWithTheFirst()
+{
+    const auto all = [this] { return QKeySequence::listToString(command("zoom-in").shortcuts()); };
+    QCOMPARE(all(), QStringLiteral("Ctrl++; Ctrl+="));
+    chooseKeys(command("zoom-in"), QKeySequence(QStringLiteral("Alt+F9")));
+    QCOMPARE(all(), QStringLiteral("Alt+F9"));
+    chooseKeys(command("zoom-in"), QKeySequence(QStringLiteral("Ctrl++")));
+    QCOMPARE(all(), QStringLiteral("Ctrl++; Ctrl+="));
+    QCOMPARE(commandWithKeys(*m_window, QKeySequence(QStringLiteral("Ctrl+=")), command("line")), &command("zoom-in"));
+    keep("line", "Ctrl+=");
+    newWindow();
+    QCOMPARE(keys("line"), QStringLiteral("Ctrl+="));
+    QCOMPARE(all(), QString());
 }
 
 void tst_Shortcuts::findsTheCommandWithKeys_data()
