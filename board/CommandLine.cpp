@@ -31,8 +31,8 @@ private:
     QString readPlay(CommandLine &line) const;
 
     const QCommandLineOption m_play{QStringLiteral("play"),
-                                    tr("Play the stroke FILEs onto one page, the first lowest, instead of opening the "
-                                       "window. Needs --png, but no display.")};
+                                    tr("Play the stroke FILEs onto one page, the first lowest, or the first page of a "
+                                       "lesson, instead of opening the window. Needs --png, but no display.")};
     const QCommandLineOption m_png{QStringLiteral("png"), tr("Write the played page to the PNG file OUT."),
                                    QStringLiteral("OUT")};
     const QCommandLineOption m_export{QStringLiteral("export"),
@@ -44,7 +44,8 @@ private:
     const QCommandLineOption m_size{
         QStringLiteral("size"),
         tr("Pixels of the page, %1 a side and %2 in all at most. By default it is 1280x800 in the window, where it "
-           "grows with it and has the pixels of a scaled screen, and as large as the largest FILE with --play. A lesson "
+           "grows with it and has the pixels of a scaled screen, and as large as the largest FILE with --play. A "
+           "lesson "
            "has its own.")
             .arg(kMaxPageSide)
             .arg(kMaxPagePixels),
@@ -61,7 +62,7 @@ Reader::Reader()
     m_parser.addOptions({m_play, m_png, m_export, m_tool, m_size, m_help, m_version});
     m_parser.addPositionalArgument(
         QStringLiteral("FILE"),
-        tr("A lesson (.inkboard) to open in the window; with --play, drawings of recorded strokes (JSON)."),
+        tr("A lesson (.inkboard); with --play it may be drawings of recorded strokes (JSON) instead."),
         QStringLiteral("[FILE...]"));
 }
 

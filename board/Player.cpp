@@ -1,5 +1,6 @@
 #include "Player.h"
 
+#include "Document.h"
 #include "Page.h"
 #include "PageSize.h"
 #include "PictureFile.h"
@@ -20,6 +21,14 @@ constexpr quint32 kSeed = 1;
 bool isTap(const Gesture &gesture)
 {
     return std::all_of(gesture.begin(), gesture.end(), [&](const QPoint &pt) { return pt == gesture.front(); });
+}
+
+// The first page of a lesson as it was left.
+QString playLesson(const QString &fileName, const QString &png)
+{
+    Document document({1, 1});
+    const QString problem = document.open(fileName);
+    return problem.isEmpty() ? savePng(document.page(0).picture(), png) : problem;
 }
 
 } // namespace
@@ -46,6 +55,8 @@ void playStroke(const Stroke &stroke, const Tool &tool, Page &page)
 
 QString playFiles(const PlayOrder &order)
 {
+    if (order.files.size() == 1 && order.files.constFirst().endsWith(QLatin1String(".inkboard")))
+        return playLesson(order.files.constFirst(), order.png);
     std::vector<StrokeFile> files;
     QSize size;
     for (const QString &fileName : order.files) {

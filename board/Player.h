@@ -18,7 +18,7 @@ void playStroke(const Stroke &stroke, const Tool &tool, Page &page);
 // What --play is asked to do.
 struct PlayOrder
 {
-    QStringList files; // onto one page, the first lowest
+    QStringList files; // drawings onto one page, the first lowest; or one lesson, of which the first page is taken
     const Tool *tool{};
     QSize size; // of the page; invalid for that of the largest file
     QString png;

@@ -124,10 +124,6 @@
 <context>
     <name>Board::CommandLine</name>
     <message>
-        <source>Play the stroke FILEs onto one page, the first lowest, instead of opening the window. Needs --png, but no display.</source>
-        <translation>Die Strichdateien FILE auf eine Seite spielen, die erste zuunterst, statt das Fenster zu öffnen. Braucht --png, aber keinen Bildschirm.</translation>
-    </message>
-    <message>
         <source>Write the played page to the PNG file OUT.</source>
         <translation>Die gespielte Seite in die PNG-Datei OUT schreiben.</translation>
     </message>
@@ -150,10 +146,6 @@
     <message>
         <source>A whiteboard for the classroom. It ends with 0, or with 2 after one line that says what is wrong.</source>
         <translation>Eine Tafel für den Unterricht. Sie endet mit 0, oder mit 2 nach einer Zeile, die den Fehler nennt.</translation>
-    </message>
-    <message>
-        <source>A lesson (.inkboard) to open in the window; with --play, drawings of recorded strokes (JSON).</source>
-        <translation>Eine Stunde (.inkboard), die das Fenster öffnet; mit --play Zeichnungen aus aufgezeichneten Strichen (JSON).</translation>
     </message>
     <message>
         <source>--tool %1: no such tool; there are: %2</source>
@@ -198,6 +190,14 @@
     <message>
         <source>Pixels of the page, %1 a side and %2 in all at most. By default it is 1280x800 in the window, where it grows with it and has the pixels of a scaled screen, and as large as the largest FILE with --play. A lesson has its own.</source>
         <translation>Pixel der Seite, höchstens %1 je Kante und %2 insgesamt. Ohne Angabe 1280x800 im Fenster, mit dem sie wächst und wo sie die Pixel eines skalierten Bildschirms hat, und so groß wie die größte FILE bei --play. Eine Stunde hat ihre eigene.</translation>
+    </message>
+    <message>
+        <source>Play the stroke FILEs onto one page, the first lowest, or the first page of a lesson, instead of opening the window. Needs --png, but no display.</source>
+        <translation>Die Strichdateien FILE auf eine Seite zeichnen, die erste zuunterst, oder die erste Seite einer Stunde, statt das Fenster zu öffnen. Braucht --png, aber keinen Bildschirm.</translation>
+    </message>
+    <message>
+        <source>A lesson (.inkboard); with --play it may be drawings of recorded strokes (JSON) instead.</source>
+        <translation>Eine Stunde (.inkboard); mit --play auch Zeichnungen aus aufgezeichneten Strichen (JSON).</translation>
     </message>
 </context>
 <context>

@@ -2,6 +2,7 @@
 
 #include "Paper.h"
 #include "StrokeFile.h"
+#include "Tools.h"
 
 #include <QtCore/QDir>
 #include <QtCore/QProcess>
@@ -47,6 +48,8 @@ private slots:
     void showsHelpAndVersion();
     void playsTheLessons_data();
     void playsTheLessons();
+    void playsALesson();
+    void showsEveryTool();
     void playsRecordedStrokes_data();
     void playsRecordedStrokes();
 
@@ -312,6 +315,39 @@ void tst_play::playsTheLessons()
             QVERIFY(page.contains(point));
             QVERIFY2(hasInkAt(picture, point), qPrintable(QStringLiteral("%1,%2").arg(point.x()).arg(point.y())));
         }
+    }
+}
+
+void tst_play::playsALesson()
+{
+    const QByteArray lesson = R"({"inkboard":1,"size":[60,40]}
+{"do":"draw","id":1,"life":{"acts":[[1,10,20],[5,30,20],[2,50,20],"finish"],"canvas":[60,40],"color":"#ffff0000","tool":"line","width":4},"page":1}
+{"at":1,"do":"add-page","page":2,"size":[60,40]}
+)";
+    QCOMPARE(play({write("lesson.inkboard", lesson)}), paper(QSize(60, 40), [](QPainter &painter) {
+                 drawLine(painter, Qt::red, 4, QPoint(10, 20), QPoint(50, 20));
+             }));
+    QVERIFY(QFile::remove(path("out.png")));
+    const Result result = run({QStringLiteral("--play"), write("bad.inkboard", lesson + "nonsense\n"),
+                               QStringLiteral("--png"), QStringLiteral("out.png")});
+    QCOMPARE(result.code, 2);
+    QCOMPARE(result.err, QStringLiteral("bad.inkboard: line 4: do: nothing that can be done\n"));
+    QVERIFY(!QFile::exists(path("out.png")));
+}
+
+// A lesson that was saved once opens with the same pixels, whatever tool was used.
+void tst_play::showsEveryTool()
+{
+    const QString file = QStringLiteral(LESSONS "/tools.inkboard");
+    QCOMPARE(play({file}), QImage(QStringLiteral(TOOLS_PICTURE)).convertToFormat(QImage::Format_RGB32));
+    QFile lesson(file);
+    QVERIFY(lesson.open(QIODevice::ReadOnly));
+    const QByteArray bytes = lesson.readAll();
+    QVERIFY(bytes.contains("\"tool\":\"picture\""));
+    for (const Board::Tool &tool : Board::tools()) {
+        const QByteArray name = tool.name;
+        const bool leavesNoMark = name == "water-color-pen" || name == "heart" || tool.use != Board::Use::Draws;
+        QCOMPARE(bytes.contains("\"tool\":\"" + name + '"'), !leavesNoMark);
     }
 }
 
