@@ -19,6 +19,11 @@ ScreenPage::ScreenPage(Document &document, QScreen &screen)
     setWindowTitle(tr("Ink on the screen"));
     setAttribute(Qt::WA_TranslucentBackground);
     setAcceptDrops(false);
+    // What lies below cannot be zoomed.
+    connect(&navigator(), &Navigator::moved, this, [this] {
+        if (view().zoom() != 1)
+            navigator().zoomToOne();
+    });
     winId(); // makes the window, which is told its screen
     windowHandle()->setScreen(&screen);
     setGeometry(screen.geometry());
@@ -76,12 +81,6 @@ void ScreenPage::paintEvent(QPaintEvent *event)
         painter.drawImage(area.topLeft(), inkWithin(area));
     }
     paintLaser(painter);
-}
-
-// What lies below cannot be zoomed.
-void ScreenPage::wheelEvent(QWheelEvent *event)
-{
-    event->ignore();
 }
 
 } // namespace Board

@@ -23,7 +23,6 @@ public:
 
 protected:
     void paintEvent(QPaintEvent *event) override;
-    void wheelEvent(QWheelEvent *event) override;
 
 private:
     QImage inkWithin(const QRect &area);

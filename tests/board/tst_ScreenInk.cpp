@@ -33,6 +33,7 @@ private slots:
     void cutsTheBarOut();
     void showsAGrabWhereNothingIsComposed();
     void undoesClearsAndChangesColour();
+    void cannotBeZoomed();
     void bringsTheBoardBack();
 
 private:
@@ -192,6 +193,15 @@ void tst_ScreenInk::undoesClearsAndChangesColour()
     QCOMPARE(shown(150, 300), kInk);
     trigger("clear");
     QCOMPARE(shown(150, 300), kNothing);
+}
+
+void tst_ScreenInk::cannotBeZoomed()
+{
+    start(ScreenInk::Backdrop::Transparent);
+    drag({100, 300}, {200, 300});
+    m_ink->canvas().navigator().zoomIn();
+    QCOMPARE(m_ink->canvas().view().zoom(), 1.0);
+    QCOMPARE(shown(150, 300), kInk);
 }
 
 void tst_ScreenInk::bringsTheBoardBack()
