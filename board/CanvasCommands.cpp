@@ -11,10 +11,13 @@ void addCanvasCommands(Canvas &canvas, QWidget &window)
 {
     const CommandGroup group(Canvas::tr("Objects"), window);
     const auto add = [&](const char *name, const QString &title, const char *keys, void (Canvas::*act)()) {
-        QObject::connect(group.add(name, title, QLatin1String(keys)), &QAction::triggered, &canvas, act);
+        QAction *action = group.add(name, title, QLatin1String(keys));
+        QObject::connect(action, &QAction::triggered, &canvas, act);
+        return action;
     };
-    add("undo", Canvas::tr("Undo"), "Ctrl+Z", &Canvas::undo);
-    add("redo", Canvas::tr("Redo"), "Ctrl+Y", &Canvas::redo);
+    // Signs, since the bar has no room to spare in a small window.
+    add("undo", Canvas::tr("Undo"), "Ctrl+Z", &Canvas::undo)->setIconText(QStringLiteral("↶"));
+    add("redo", Canvas::tr("Redo"), "Ctrl+Y", &Canvas::redo)->setIconText(QStringLiteral("↷"));
     add("finish", Canvas::tr("Finish the object"), "Esc", &Canvas::finish);
     add("delete", Canvas::tr("Delete the object"), "Del", &Canvas::discard);
     add("duplicate", Canvas::tr("Duplicate the object"), "Ctrl+D", &Canvas::duplicate);

@@ -145,7 +145,8 @@ QWidget *MainWindow::makeBar(QWidget *parent)
         button->setDefaultAction(command(name));
         button->setToolButtonStyle(Qt::ToolButtonTextOnly);
         button->setFocusPolicy(Qt::TabFocus);
-        button->setAccessibleName(button->text());
+        button->setAccessibleName(command(name)->text());
+        button->setProperty("sign", button->text().size() == 1); // for the style sheet
         row->addWidget(button);
     }
     row->addWidget(new CommandMenu(*this, bar));

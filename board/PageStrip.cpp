@@ -26,7 +26,9 @@ QIcon thumbnail(const Page &page, double ratio)
     QPixmap pixmap =
         QPixmap::fromImage(page.picture().scaled(kThumbnail * ratio, Qt::KeepAspectRatio, Qt::SmoothTransformation));
     pixmap.setDevicePixelRatio(ratio);
-    return QIcon(pixmap);
+    QIcon icon(pixmap);
+    icon.addPixmap(pixmap, QIcon::Selected); // or the page that is shown would be tinted
+    return icon;
 }
 
 } // namespace

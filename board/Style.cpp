@@ -31,7 +31,7 @@ QString windowStyle()
         QToolButton:disabled { color: #a9b2be; }
         #screenBar { background: #ffffff; border: 1px solid #d9dee6; }
         #bar QToolButton { padding: 8px 14px; font-size: 15px; }
-        #bar #menu { font-size: 20px; }
+        #bar #menu, #bar QToolButton[sign="true"] { font-size: 22px; padding: 4px 10px; }
         QToolButton::menu-indicator { image: none; }
 
         QMenu { background: #ffffff; color: #27313d; font-size: 15px; border: 1px solid #c3ccd8; padding: 4px; }
@@ -60,6 +60,8 @@ QString windowStyle()
         QScrollBar::add-line, QScrollBar::sub-line { height: 0; }
 
         #pages QListWidget { background: #eef1f5; border: 2px solid transparent; }
+        #pages QListWidget::item { color: #5b6675; border: 2px solid transparent; border-radius: 8px; padding: 3px; }
+        #pages QListWidget::item:selected { color: #27313d; background: #dbe6f8; border-color: #2563c9; }
         #pages QListWidget:focus { border-color: #2563c9; }
 
         QSlider::groove:horizontal { height: 4px; border-radius: 2px; background: #d9dee6; }

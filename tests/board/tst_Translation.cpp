@@ -1,9 +1,12 @@
+#include "ColorRow.h"
 #include "MainWindow.h"
 #include "ShortcutDialog.h"
 #include "Shortcuts.h"
 #include "Tools.h"
 #include "Translation.h"
 
+#include <QtCore/QSettings>
+#include <QtCore/QTemporaryDir>
 #include <QtCore/QTranslator>
 #include <QtTest/QtTest>
 #include <QtWidgets/QAction>
@@ -15,6 +18,7 @@ class tst_Translation : public QObject
     Q_OBJECT
 
 private slots:
+    void initTestCase();
     void cleanup();
 
     void speaksEnglishByItself();
@@ -22,10 +26,19 @@ private slots:
     void speaksGerman();
     void speaksEnglishWhereNothingElseIsKnown();
     void keepsKeysAndTellsCommandsApart();
+    void fitsASmallProjector_data();
+    void fitsASmallProjector();
 
 private:
     static QString title(const char *tool) { return toolTitle(*findTool(QString::fromLatin1(tool))); }
+
+    const QTemporaryDir m_folder;
 };
+
+void tst_Translation::initTestCase()
+{
+    QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, m_folder.path());
+}
 
 void tst_Translation::cleanup()
 {
@@ -74,6 +87,27 @@ void tst_Translation::keepsKeysAndTellsCommandsApart()
         titles.insert(command->text());
     QCOMPARE(titles.size(), commands(window).size());
     QCOMPARE(window.findChild<QAction *>(QStringLiteral("line"))->shortcut().toString(), QStringLiteral("L"));
+}
+
+void tst_Translation::fitsASmallProjector_data()
+{
+    QTest::addColumn<QLocale>("locale");
+    QTest::newRow("en") << QLocale(QLocale::English);
+    QTest::newRow("de") << QLocale(QLocale::German);
+}
+
+// Of 1024 by 768 pixels, also with all recent colours.
+void tst_Translation::fitsASmallProjector()
+{
+    QFETCH(QLocale, locale);
+    translateInto(locale, *qApp);
+    MainWindow window(QSize(1280, 800));
+    for (int blue = 1; blue <= 6; ++blue)
+        window.findChild<ColorRow *>()->setCustomColor(QColor(0, 0, blue));
+    window.show();
+    const QSize least = window.minimumSizeHint();
+    QVERIFY2(least.width() <= 1024 && least.height() <= 768, qPrintable(QString::number(least.width())));
+    QVERIFY2(least.width() > 800, qPrintable(QString::number(least.width()))); // it was laid out
 }
 
 QTEST_MAIN(tst_Translation)
