@@ -2,6 +2,7 @@
 
 #include "ColorRow.h"
 #include "CommandGroup.h"
+#include "Shortcuts.h"
 #include "Style.h"
 #include "ToolIcon.h"
 #include "Tools.h"
@@ -74,6 +75,7 @@ ScreenBar::ScreenBar()
     lower->addWidget(m_width);
     for (QAction *action : actions())
         action->setShortcutContext(Qt::ApplicationShortcut); // the focus is mostly on the page
+    restoreKeys(*this);
     adjustSize();
 }
 

@@ -1,5 +1,6 @@
 #include "CommandGroup.h"
 #include "MainWindow.h"
+#include "ScreenBar.h"
 #include "Settings.h"
 #include "ShortcutDialog.h"
 #include "Shortcuts.h"
@@ -36,6 +37,7 @@ private slots:
     void forgetsKeysThatAreStandard();
     void givesChosenKeysToOneCommandOnly();
     void keepsSecondKeysWithTheFirst();
+    void countOverTheScreenToo();
     void findsTheCommandWithKeys_data();
     void findsTheCommandWithKeys();
     void knowsTheKeysThatMoveTheFocus_data();
@@ -178,6 +180,14 @@ void tst_Shortcuts::keepsSecondKeysWithTheFirst()
     newWindow();
     QCOMPARE(keys("line"), QStringLiteral("Ctrl+="));
     QCOMPARE(all(), QString());
+}
+
+void tst_Shortcuts::countOverTheScreenToo()
+{
+    chooseKeys(command("undo"), QKeySequence(QStringLiteral("Alt+F9")));
+    const ScreenBar bar;
+    QCOMPARE(bar.findChild<QAction *>(QStringLiteral("undo"))->toolTip(), QStringLiteral("Undo (Alt+F9)"));
+    QCOMPARE(bar.findChild<QAction *>(QStringLiteral("pencil"))->toolTip(), QStringLiteral("Pencil (P)"));
 }
 
 void tst_Shortcuts::findsTheCommandWithKeys_data()
