@@ -24,6 +24,7 @@ namespace {
 
 constexpr int kRingWidth = 2;         // of the focus, widget pixels
 constexpr int kScatterInterval = 16;  // milliseconds, about sixty times a second
+constexpr int kCheapPause = 4;        // milliseconds
 constexpr double kSnapAngle = 15.0;   // degrees
 constexpr double kPickReach = 3.0;    // widget pixels around the pointer that an object is met in
 constexpr QPoint kCopyOffset{16, 16}; // of a duplicate; pixels of a plain screen
@@ -421,8 +422,8 @@ bool Canvas::press(Device device, const QPointF &pos)
     }
     repaintPage(current().feed(PT_DOWN, m_last));
     followObject();
-    m_moves.setFrame(int(1000 / std::max(screen()->refreshRate(), 1.0)));
-    m_moves.beginFrame();
+    m_moves.setPauses(kCheapPause, int(1000 / std::max(screen()->refreshRate(), 1.0)));
+    m_moves.begin();
     m_tapping = true;
     if (m_tool->scatters) {
         m_scattering.start();
@@ -550,6 +551,7 @@ void Canvas::paintEvent(QPaintEvent *event)
     painter.setTransform(view().transform(), true);
     m_nameTag.paint(painter);
     paintLaser(painter);
+    m_moves.painted();
 }
 
 void Canvas::resizeEvent(QResizeEvent * /*event*/)

@@ -16,7 +16,9 @@ private slots:
 
     void passesTheFirstOnAtOnce();
     void collectsThoseOfAFrame();
-    void neverWaitsLongerThanAFrame();
+    void neverWaitsLongerThanItsPause();
+    void waitsAsLongAsPaintingIsDear();
+    void waitsNoLongerThanAFrame();
     void recordsEveryPoint_data();
     void recordsEveryPoint();
     void tellsTheObjectBeforeAnythingElse();
@@ -36,7 +38,7 @@ void tst_Moves::passesTheFirstOnAtOnce()
 void tst_Moves::collectsThoseOfAFrame()
 {
     Moves moves;
-    moves.setFrame(600'000);
+    moves.setPauses(600'000, 600'000);
     QSignalSpy due(&moves, &Moves::due);
     moves.add({{1, 2}});
     moves.take();
@@ -44,15 +46,15 @@ void tst_Moves::collectsThoseOfAFrame()
     moves.add({{5, 6}, {7, 8}});
     QCOMPARE(due.count(), 1);
     QCOMPARE(moves.take(), (std::vector<QPoint>{{3, 4}, {5, 6}, {7, 8}}));
-    moves.beginFrame();
+    moves.begin();
     moves.add({{9, 10}});
     QCOMPARE(due.count(), 2);
 }
 
-void tst_Moves::neverWaitsLongerThanAFrame()
+void tst_Moves::neverWaitsLongerThanItsPause()
 {
     Moves moves;
-    moves.setFrame(30);
+    moves.setPauses(30, 30);
     moves.add({{1, 2}});
     moves.take();
     QSignalSpy due(&moves, &Moves::due);
@@ -63,6 +65,34 @@ void tst_Moves::neverWaitsLongerThanAFrame()
     moves.take();
     QTest::qWait(60);
     QCOMPARE(due.count(), 1); // nothing is left
+}
+
+// Four times as long as the painting took, which was 25 milliseconds at least.
+void tst_Moves::waitsAsLongAsPaintingIsDear()
+{
+    Moves moves;
+    moves.setPauses(1, 600'000);
+    QElapsedTimer clock;
+    clock.start();
+    moves.take();
+    QTest::qSleep(25);
+    moves.painted();
+    QSignalSpy due(&moves, &Moves::due);
+    moves.add({{1, 2}});
+    QTRY_COMPARE(due.count(), 1);
+    QVERIFY(clock.elapsed() >= 100);
+}
+
+void tst_Moves::waitsNoLongerThanAFrame()
+{
+    Moves moves;
+    moves.setPauses(1, 30);
+    moves.take();
+    QTest::qSleep(30);
+    moves.painted();
+    QSignalSpy due(&moves, &Moves::due);
+    moves.add({{1, 2}});
+    QCOMPARE(due.count(), 1);
 }
 
 void tst_Moves::recordsEveryPoint_data()
