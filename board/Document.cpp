@@ -281,6 +281,8 @@ void Document::note(const QJsonObject &line)
         return;
     m_changes += line.value(kDo) == QLatin1String("size") ? 0 : 1;
     const bool written = m_log.append(QJsonDocument(line).toJson(QJsonDocument::Compact));
+    if (m_changes == 0)
+        m_log.rest(); // a page that has only grown is nothing to recover
     if (!m_keepsJournal)
         return;
     if (!written && !m_journalFails)
@@ -309,6 +311,7 @@ void Document::remember(const QString &fileName)
     m_fileTime = file.lastModified();
     m_fileSize = file.size();
     m_changes = 0;
+    m_log.rest();
 }
 
 QString Document::save(const QString &fileName)
@@ -327,6 +330,14 @@ QString Document::open(const QString &fileName)
     QString problem = load(fileName);
     if (problem.isEmpty())
         remember(fileName);
+    return problem;
+}
+
+QString Document::openCopy(const QString &fileName)
+{
+    const QString problem = load(fileName);
+    if (problem.isEmpty())
+        m_log.rest();
     return problem;
 }
 

@@ -63,7 +63,7 @@ public:
     QString open(const QString &fileName);
 
     // The same, but for a document that was never saved.
-    QString openCopy(const QString &fileName) { return load(fileName); }
+    QString openCopy(const QString &fileName);
 
     // The same for a journal that was left behind; there is then something to save.
     QString recover(const QString &fileName);

@@ -46,7 +46,7 @@ bool Log::keep(const QString &folder, QString &problem)
     m_lock = lockOf(path);
     m_journal.setFileName(path);
     if (QDir().mkpath(folder) && m_lock->tryLock(0) && m_journal.open(QIODevice::WriteOnly | QIODevice::Unbuffered))
-        return writePending();
+        return m_rests || writePending();
     problem = QCoreApplication::translate("Board::Log", "%1: no journal can be kept: %2").arg(path, error());
     return false;
 }
@@ -54,7 +54,22 @@ bool Log::keep(const QString &folder, QString &problem)
 bool Log::append(const QByteArray &line)
 {
     m_lines.push_back(line);
+    m_rests = false;
     return writePending();
+}
+
+void Log::rest()
+{
+    emptyJournal();
+    m_rests = true;
+}
+
+void Log::emptyJournal()
+{
+    m_written = 0;
+    m_good = 0;
+    if (m_journal.isOpen())
+        m_journal.resize(0);
 }
 
 // What was written in part, on a full disk, is written again.
@@ -78,10 +93,8 @@ bool Log::writePending()
 void Log::clear()
 {
     m_lines.clear();
-    m_written = 0;
-    m_good = 0;
-    if (m_journal.isOpen())
-        m_journal.resize(0);
+    m_rests = false;
+    emptyJournal();
 }
 
 void Log::discardJournal()

@@ -25,6 +25,9 @@ public:
     // written with the next.
     bool append(const QByteArray &line);
 
+    // All lines are safe in a file: the journal stays empty until the next one comes, and then has them all again.
+    void rest();
+
     // Forgets all lines.
     void clear();
 
@@ -43,12 +46,14 @@ public:
 
 private:
     bool writePending();
+    void emptyJournal();
 
     std::vector<QByteArray> m_lines;
     QFile m_journal;
     std::unique_ptr<QLockFile> m_lock;
     std::size_t m_written{}; // of the lines, to the journal
-    qint64 m_good{};         // bytes of the journal that are whole lines
+    bool m_rests{};
+    qint64 m_good{}; // bytes of the journal that are whole lines
 };
 
 } // namespace Board

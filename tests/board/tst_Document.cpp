@@ -117,6 +117,7 @@ private slots:
     void undoesWithoutKeptPixels();
     void savesOnlyChanges();
     void keepsAJournalOfEveryStep();
+    void keepsNoJournalOfWhatIsSaved();
     void findsAbandonedJournals();
     void recoversAllButACutLine();
     void refusesAFile_data();
@@ -349,6 +350,41 @@ void tst_Document::keepsAJournalOfEveryStep()
     QVERIFY(!QFile::exists(journal));
 }
 
+// Or a lesson that was saved, or only looked at, would be offered again when the machine is switched off.
+void tst_Document::keepsNoJournalOfWhatIsSaved()
+{
+    const QString folder = path("resting");
+    QString journal;
+    {
+        Document document(kSize);
+        draw(document, "line", {10, 10}, {80, 90});
+        QCOMPARE(document.keepJournal(folder), QString());
+        journal = document.log().journalName();
+        QCOMPARE(contents(journal).count('\n'), 2);
+        QCOMPARE(document.save(path("rests.inkboard")), QString());
+        QCOMPARE(contents(journal), QByteArray());
+        document.page().grow({500, 400}); // of a larger window
+        QCOMPARE(contents(journal), QByteArray());
+    }
+    QCOMPARE(Log::abandoned(folder), QStringList());
+    {
+        Document document(kSize);
+        QCOMPARE(document.open(path("rests.inkboard")), QString());
+        QCOMPARE(document.keepJournal(folder), QString());
+        journal = document.log().journalName();
+        QCOMPARE(contents(journal), QByteArray());
+        QCOMPARE(document.openCopy(path("rests.inkboard")), QString());
+        QCOMPARE(contents(journal), QByteArray());
+        draw(document, "line", {10, 100}, {80, 190});
+        QCOMPARE(contents(journal).count('\n'), 3); // all of it
+    }
+    QCOMPARE(Log::abandoned(folder), QStringList{journal});
+    Document document(kSize);
+    QCOMPARE(document.recover(journal), QString());
+    QCOMPARE(document.page().picture().pixel(45, 50), 0xFFFF0000U);
+    QCOMPARE(document.page().picture().pixel(45, 145), 0xFFFF0000U);
+}
+
 void tst_Document::findsAbandonedJournals()
 {
     const QString folder = path("abandoned");
@@ -546,8 +582,9 @@ void tst_Document::writesWhatAFullDiskDidNotTake()
 
     draw(document, "line", {10, 40}, {80, 90});
     QCOMPARE(contents(journal).count('\n'), 5);
+    const QByteArray whole = contents(journal);
     QCOMPARE(document.save(path("after.inkboard")), QString());
-    QCOMPARE(contents(journal), contents(path("after.inkboard")));
+    QCOMPARE(contents(path("after.inkboard")), whole);
 }
 
 QTEST_MAIN(tst_Document)
