@@ -4,87 +4,26 @@
 # A lesson in the real window: text, shapes, a fill, a picture, stencils and pens on three pages. Then the board is killed,
 # started again, opens what was left, and exports each page as PNG, SVG and PDF. The PNG files are compared with those in
 # the folder EXPECTED, pixel for pixel but for the text, whose font is the machine's. With OUT all files are left there.
-# Needs Xvfb and xdotool, but no window manager.
 
 set -eu
 inkboard=$1
 same_pixels=$2
 expected=$3
 out=${4:-}
-page_width=1020
-page_height=700
-bar_height=64 # above the page
-strip_width=168 # of the pages, between the page and the right edge of the window
+. "$(dirname "$0")/display.sh"
 
-folder=$(mktemp -d)
-board_pid=
-server_pid=
-clean_up() {
+leave_pages() {
     [ -z "$out" ] || cp "$folder"/page-* "$out" 2>/dev/null || true
-    for pid in $board_pid $server_pid; do
-        kill "$pid" 2>/dev/null || true
-        wait "$pid" 2>/dev/null || true
-    done
-    rm -rf "$folder"
 }
-trap clean_up EXIT
-trap 'exit 1' INT TERM
+trap 'leave_pages; clean_up' EXIT
 
-fail() {
-    echo "$*" >&2
-    exit 1
-}
-
-# wait_for SECONDS COMMAND...: until the command succeeds
-wait_for() {
-    tries=$(($1 * 20))
-    shift
-    until "$@"; do
-        tries=$((tries - 1))
-        [ "$tries" -gt 0 ] || return 1
-        sleep 0.05
-    done
-}
-
-has_display() { [ -s "$folder/display" ]; }
-# is_shown TITLE: its window is then $window
-is_shown() {
-    window=$(xdotool search --onlyvisible --name "^$1\$" 2>/dev/null | head -n 1)
-    [ -n "$window" ]
-}
 has_file() { [ -s "$folder/$1" ]; }
-is_hidden() { ! is_shown "$1"; }
-focus() {
-    wait_for 30 is_shown "$1" || fail "no window \"$1\""
-    xdotool windowfocus --sync "$window"
-}
-
-Xvfb -displayfd 3 -noreset -screen 0 1400x900x24 -nolisten tcp 3>"$folder/display" 2>"$folder/server.log" &
-server_pid=$!
-wait_for 20 has_display || fail "no display: $(cat "$folder/server.log")"
-DISPLAY=:$(cat "$folder/display")
-QT_QPA_PLATFORM=xcb
-LC_ALL=C.UTF-8
-XDG_CONFIG_HOME=/dev/null
-XDG_DATA_HOME=$folder/data
-export DISPLAY QT_QPA_PLATFORM LC_ALL XDG_CONFIG_HOME XDG_DATA_HOME
-
-start_board() {
-    "$inkboard" --size ${page_width}x$page_height &
-    board_pid=$!
-    focus Inkboard
-    eval "$(xdotool getwindowgeometry --shell "$window")"
-    page_left=$((X + WIDTH - strip_width - page_width))
-    page_top=$((Y + bar_height))
-}
-
 keys() {
     for key in "$@"; do
         xdotool key "$key"
         sleep 0.1
     done
 }
-point() { xdotool mousemove $((page_left + $1)) $((page_top + $2)); }
 # drag FROM_X FROM_Y TO_X TO_Y: with a single move, for the window system may join several to one
 drag() {
     point "$1" "$2"
@@ -109,7 +48,7 @@ in_dialog() {
 }
 
 # The first page: a title, a house, its door filled, and the sun.
-start_board
+start_board 1020 700
 keys shift+a
 drag 40 30 420 110
 xdotool type --delay 20 "Our house"
@@ -161,7 +100,7 @@ sleep 0.5
 
 kill -9 $board_pid
 wait $board_pid 2>/dev/null || true
-start_board
+start_board 1020 700
 focus "A lesson was not closed"
 keys Return
 wait_for 20 is_hidden "A lesson was not closed" || fail "the question stays"

@@ -3,72 +3,14 @@
 #
 # Works on the real window with a real pointer: draws a rectangle, stretches it by its lower right handle, turns it by
 # the knob, moves it, lets it go with a press beside it, quits, and looks at the page that was exported.
-# Needs Xvfb and xdotool, but no window manager.
 
 set -eu
 inkboard=$1
 page_probe=$2
-page_width=1020
-page_height=700
-bar_height=64 # above the page
-strip_width=168 # of the pages, between the page and the right edge of the window
+. "$(dirname "$0")/display.sh"
 
-folder=$(mktemp -d)
-board_pid=
-server_pid=
-clean_up() {
-    for pid in $board_pid $server_pid; do
-        kill "$pid" 2>/dev/null || true
-        wait "$pid" 2>/dev/null || true
-    done
-    rm -rf "$folder"
-}
-trap clean_up EXIT
-trap 'exit 1' INT TERM
+start_board 1020 700 --export "$folder/page.png"
 
-fail() {
-    echo "$*" >&2
-    exit 1
-}
-
-# wait_for SECONDS COMMAND...: until the command succeeds
-wait_for() {
-    tries=$(($1 * 20))
-    shift
-    until "$@"; do
-        tries=$((tries - 1))
-        [ "$tries" -gt 0 ] || return 1
-        sleep 0.05
-    done
-}
-
-has_display() { [ -s "$folder/display" ]; }
-has_window() {
-    kill -0 "$board_pid" 2>/dev/null || fail "the board did not start"
-    window=$(xdotool search --onlyvisible --name '^Inkboard$' 2>/dev/null | head -n 1)
-    [ -n "$window" ]
-}
-has_ended() { ! kill -0 "$board_pid" 2>/dev/null; }
-
-# Without -noreset the server starts anew, and is deaf for a moment, whenever its last client leaves.
-Xvfb -displayfd 3 -noreset -screen 0 1400x900x24 -nolisten tcp 3>"$folder/display" 2>"$folder/server.log" &
-server_pid=$!
-wait_for 20 has_display || fail "no display: $(cat "$folder/server.log")"
-DISPLAY=:$(cat "$folder/display")
-export DISPLAY
-QT_QPA_PLATFORM=xcb
-export QT_QPA_PLATFORM
-
-"$inkboard" --size ${page_width}x$page_height --export "$folder/page.png" &
-board_pid=$!
-wait_for 30 has_window || fail "no window"
-xdotool windowfocus --sync "$window"
-eval "$(xdotool getwindowgeometry --shell "$window")"
-page_left=$((X + WIDTH - strip_width - page_width))
-page_top=$((Y + bar_height))
-
-# point X Y: to a pixel of the page
-point() { xdotool mousemove $((page_left + $1)) $((page_top + $2)); }
 # drag FROM_X FROM_Y TO_X TO_Y
 drag() {
     point "$1" "$2"
