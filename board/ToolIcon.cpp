@@ -15,6 +15,7 @@ namespace Board {
 namespace {
 
 constexpr QSize kSampleSize(kSampleSide, kSampleSide);
+constexpr int kMaxTimes = 2; // as large, for screens with more pixels
 
 bool isBlank(const QImage &ink)
 {
@@ -23,33 +24,50 @@ bool isBlank(const QImage &ink)
     return ink == blank;
 }
 
-// Where a tool that leaves no mark has been.
-QImage trace(const Tool &tool, const QColor &color)
+// Transparent; `times` as large as a sample.
+QImage blankImage(int times)
 {
-    QImage image(kSampleSize, QImage::Format_ARGB32_Premultiplied);
+    QImage image(kSampleSize * times, QImage::Format_ARGB32_Premultiplied);
     image.fill(Qt::transparent);
+    return image;
+}
+
+Gesture enlarged(Gesture gesture, int times)
+{
+    for (QPoint &pt : gesture)
+        pt *= times;
+    return gesture;
+}
+
+// Where a tool that leaves no mark has been.
+QImage trace(const Tool &tool, const QColor &color, int times)
+{
+    QImage image = blankImage(times);
     QPainter painter(&image);
     painter.setRenderHint(QPainter::Antialiasing);
+    painter.scale(times, times);
     painter.setPen(QPen(color, 1.5, Qt::DotLine));
     for (const Gesture &gesture : tool.sample)
         painter.drawPolyline(gesture.data(), int(gesture.size()));
     return image;
 }
 
-QPixmap picture(const Tool &tool, const QColor &color)
+QPixmap picture(const Tool &tool, const QColor &color, int times)
 {
-    const QImage ink = sampleInk(tool, color);
-    return QPixmap::fromImage(isBlank(ink) ? trace(tool, color) : ink);
+    const QImage ink = sampleInk(tool, color, times);
+    QPixmap pixmap = QPixmap::fromImage(isBlank(ink) ? trace(tool, color, times) : ink);
+    pixmap.setDevicePixelRatio(times);
+    return pixmap;
 }
 
-QImage committedSample(const Tool &tool, const Ink &ink)
+QImage committedSample(const Tool &tool, const Ink &ink, int times)
 {
-    Page page(kSampleSize);
+    Page page(kSampleSize * times);
     if (tool.sampleOnInk)
-        playStroke({ink.color, kSampleSide / 2, {{10, 16}, {22, 16}}}, tools().front(), page);
-    page.begin(createObject(tool, ink, kSampleSize));
+        playStroke({ink.color, kSampleSide / 2 * times, enlarged({{10, 16}, {22, 16}}, times)}, tools().front(), page);
+    page.begin(createObject(tool, ink, page.rect().size()));
     for (const Gesture &gesture : tool.sample)
-        playGesture(gesture, page);
+        playGesture(enlarged(gesture, times), page);
     page.finish();
     return page.ink();
 }
@@ -63,38 +81,38 @@ QImage editedSample(const Tool &tool, const Ink &ink)
         object->AddPoint(PT_DOWN, gesture.front(), update);
         object->AddPoint(PT_UP, gesture.back(), update);
     }
-    QImage image(kSampleSize, QImage::Format_ARGB32_Premultiplied);
-    image.fill(Qt::transparent);
+    QImage image = blankImage(1);
     QPainter painter(&image);
     QRect area = image.rect();
     object->Draw(painter, area);
     return image;
 }
 
-QImage paintedIcon(const Tool &tool, const QColor &color)
+QImage paintedIcon(const Tool &tool, const QColor &color, int times)
 {
-    QImage image(kSampleSize, QImage::Format_ARGB32_Premultiplied);
-    image.fill(Qt::transparent);
+    QImage image = blankImage(times);
     QPainter painter(&image);
     painter.setRenderHint(QPainter::Antialiasing);
+    painter.scale(times, times);
     tool.paintIcon(painter, color);
     return image;
 }
 
 } // namespace
 
-QImage sampleInk(const Tool &tool, const QColor &color)
+QImage sampleInk(const Tool &tool, const QColor &color, int times)
 {
     if (tool.paintIcon)
-        return paintedIcon(tool, color);
-    const Ink ink{color, tool.sampleWidth};
-    return tool.iconWhileEdited ? editedSample(tool, ink) : committedSample(tool, ink);
+        return paintedIcon(tool, color, times);
+    const Ink ink{color, tool.sampleWidth * times};
+    return tool.iconWhileEdited ? editedSample(tool, ink) : committedSample(tool, ink, times);
 }
 
 // The sun over two mountains, in a frame.
 QIcon pictureIcon()
 {
-    QPixmap pixmap(kSampleSize);
+    QPixmap pixmap(kSampleSize * kMaxTimes);
+    pixmap.setDevicePixelRatio(kMaxTimes);
     pixmap.fill(Qt::transparent);
     QPainter painter(&pixmap);
     painter.setRenderHint(QPainter::Antialiasing);
@@ -111,8 +129,11 @@ QIcon pictureIcon()
 QIcon toolIcon(const Tool &tool)
 {
     QIcon icon;
-    icon.addPixmap(picture(tool, kTextColor), QIcon::Normal, QIcon::Off);
-    icon.addPixmap(picture(tool, kAccentTextColor), QIcon::Normal, QIcon::On);
+    const bool growsNot = tool.iconWhileEdited || tool.scatters; // handles and dots have one size
+    for (int times = 1; times <= (growsNot ? 1 : kMaxTimes); ++times) {
+        icon.addPixmap(picture(tool, kTextColor, times), QIcon::Normal, QIcon::Off);
+        icon.addPixmap(picture(tool, kAccentTextColor, times), QIcon::Normal, QIcon::On);
+    }
     return icon;
 }
 

@@ -24,6 +24,7 @@ private slots:
     void preparesAnObject();
     void paintsAnIconInTheToolsOwnInk_data();
     void paintsAnIconInTheToolsOwnInk();
+    void drawsIconsForScreensWithMorePixels();
     void showsTheHandlesOfAHeart();
     void showsATraceOfWhatLeavesNoMark();
     void takesTheOptionOfATool();
@@ -167,6 +168,24 @@ void tst_Tools::paintsAnIconInTheToolsOwnInk()
         }
     }
     QVERIFY2(pixels > 50, qPrintable(QString::number(pixels)));
+}
+
+// The left edge of the sample, three pixels around x = 4, is six pixels around x = 8.
+void tst_Tools::drawsIconsForScreensWithMorePixels()
+{
+    const Tool &tool = *findTool(QStringLiteral("rectangle"));
+    const QImage large = sampleInk(tool, Qt::red, 2);
+    QCOMPARE(large.size(), QSize(64, 64));
+    QCOMPARE(large.pixelColor(4, 30).alpha(), 0);
+    QCOMPARE(large.pixelColor(5, 30), QColor(Qt::red));
+    QCOMPARE(large.pixelColor(10, 30), QColor(Qt::red));
+    QCOMPARE(large.pixelColor(11, 30).alpha(), 0);
+    const QImage shown = toolIcon(tool).pixmap(64, 64).toImage();
+    QCOMPARE(shown.size(), QSize(64, 64));
+    QCOMPARE(shown.pixelColor(4, 30).alpha(), 0);
+    QCOMPARE(shown.pixelColor(5, 30).alpha(), 255);
+    QCOMPARE(shown.pixelColor(10, 30).alpha(), 255);
+    QCOMPARE(shown.pixelColor(11, 30).alpha(), 0);
 }
 
 // The heart has no ink of its own: it is known by its frame, dashed in blue with green handles.
