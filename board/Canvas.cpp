@@ -343,10 +343,10 @@ void Canvas::closeEditor(bool keeps)
     const auto entered = keeps ? editor->entered() : std::nullopt;
     if (entered)
         current().act(*entered);
+    if (hadFocus)
+        setFocus(); // before it is hidden, which would hand the focus on as the Tab key does
     editor->hide();
     editor->deleteLater(); // the key that ends it may be its own
-    if (hadFocus)
-        setFocus();
 }
 
 void Canvas::followObject()
