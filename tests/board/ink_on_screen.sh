@@ -18,6 +18,12 @@ expect_clicks() {
 }
 
 click() { xdotool mousemove "$1" "$2" click 1; }
+# lies_at X Y TITLE: a click there goes to that window
+lies_at() {
+    is_shown "$3" || return 1
+    eval "$(xdotool mousemove "$1" "$2" getmouselocation --shell)"
+    [ "$WINDOW" = "$window" ]
+}
 # The middles of the first two buttons of the bar, the pointer and the pencil.
 click_button() {
     is_shown "Tools for the screen" || fail "$what: no tools"
@@ -37,29 +43,27 @@ for what in --composes ""; do
     wait_for 20 is_shown "Ink on the screen" || fail "$what: no page over the screen"
     wait_for 20 is_shown "Tools for the screen" || fail "$what: no tools"
 
+    wait_for 20 lies_at 700 600 "Ink on the screen" || fail "$what: the page is not on top"
     click 700 600 # the pen's
     click_button pointer
-    [ -n "$what" ] || wait_for 20 is_hidden "Ink on the screen" || fail "the page did not step aside"
+    wait_for 20 lies_at 710 610 "Click probe" || fail "$what: the pointer does not let clicks through"
     click 710 610
     expect_clicks 1
     grep -qx 'click 710 610' "$folder/clicks" || fail "$what: not the click with the pointer: $(cat "$folder/clicks")"
 
     click_button pencil
-    sleep 0.2 # without a compositor the tools go while the screen is grabbed
+    wait_for 20 lies_at 720 620 "Ink on the screen" || fail "$what: the pencil lets clicks through"
+    click 720 620
     wait_for 20 is_shown "Tools for the screen" || fail "$what: the tools did not come back"
-    wait_for 20 is_shown "Ink on the screen" || fail "$what: the page did not come back"
-    click 720 620 # the pen's again
     click_button pointer
-    [ -n "$what" ] || wait_for 20 is_hidden "Ink on the screen" || fail "the page did not step aside again"
+    wait_for 20 lies_at 730 630 "Click probe" || fail "$what: the pointer lets no second click through"
     click 730 630
     expect_clicks 2
     grep -qx 'click 730 630' "$folder/clicks" || fail "$what: not the second click: $(cat "$folder/clicks")"
 
     click_button pencil
-    sleep 0.2
-    wait_for 20 is_shown "Tools for the screen" || fail "$what: the tools did not come back"
-    wait_for 20 is_shown "Ink on the screen" || fail "$what: the page did not come back"
-    xdotool windowfocus --sync "$window"
+    wait_for 20 lies_at 720 620 "Ink on the screen" || fail "$what: the page did not come back"
+    focus "Ink on the screen"
     xdotool key F9
     wait_for 20 is_hidden "Tools for the screen" || fail "$what: the tools did not go"
     wait_for 20 is_shown Inkboard || fail "$what: the board did not come back"

@@ -17,6 +17,8 @@ leave_pages() {
 }
 trap 'leave_pages; clean_up' EXIT
 
+# The object that was deleted before it was let go is none of them.
+has_steps() { [ "$(grep -c '"do":' "$folder"/data/inkboard/journals/*.inkboard)" -eq 24 ]; }
 has_file() { [ -s "$folder/$1" ]; }
 keys() {
     for key in "$@"; do
@@ -96,7 +98,7 @@ drag 544 96 800 256
 keys Escape ctrl+z ctrl+y
 drag 600 400 700 500
 keys Delete
-sleep 0.5
+wait_for 30 has_steps || fail "not every step is in the journal: $(cut -c 1-60 "$folder"/data/inkboard/journals/*.inkboard)"
 
 kill -9 $board_pid
 wait $board_pid 2>/dev/null || true
