@@ -24,7 +24,7 @@ public:
     void open();
     void openFile(const QString &fileName); // in the place of the document, which is not asked about
     void recover();                         // one of the unsaved lessons
-    bool save(); // true once the document is written
+    bool save();                            // true once the document is written
     bool saveAs();
 
     // Asks what is to become of changes. False when the person wants to go on with them.
