@@ -323,6 +323,7 @@ TEST(StrokeTiles, clipMustBeOneRectangleOfWholePixels)
     EXPECT_GT(paths([](QPainter &painter) { painter.setClipRect(0, 0, 1000, 1000); }), 1);
     EXPECT_EQ(paths([](QPainter &painter) { painter.setClipRect(QRectF(0, 0, 999.5, 1000)); }), 1);
     EXPECT_EQ(paths([](QPainter &painter) { painter.setClipRect(QRectF(0, 0.5, 1000, 1000)); }), 1);
+    EXPECT_EQ(paths([](QPainter &painter) { painter.setClipRect(QRectF(0, 0.5, 1000, 999.5)); }), 1);
     EXPECT_EQ(paths([](QPainter &painter) { painter.setClipRegion(QRegion(0, 0, 1000, 1000) - QRect(5, 5, 9, 9)); }),
               1);
     EXPECT_EQ(paths([](QPainter &painter) {
