@@ -340,3 +340,16 @@ TEST(TexturedPenFast, pensWiderThanTheCanvasRenderEverySegmentThatChangesIt)
         }
     }
 }
+
+// A segment of no length paints nothing, which says nothing about the next one.
+TEST(TexturedPenFast, segmentOfNoLengthDoesNotEndTheRendering)
+{
+    CInkColorBrush pen(QSize(60, 40));
+    pen.m_nWidth = 1000;
+    pen.m_graphData = {{10, 10}, {10, 10}, {20, 31}};
+    Literal::Texture texture({60, 40});
+    Literal::render(pen, texture);
+    drawn(pen, {60, 40});
+    EXPECT_EQ(*pen.m_pImage, texture.pixels);
+    EXPECT_NEAR(qAlpha(pen.m_pImage->pixel(59, 39)), 159, 1); // 60, 40, 60 and 60 over each other, once
+}
