@@ -148,7 +148,7 @@ private:
     bool m_snaps{};                         // the Shift key is held
     int m_picked{};                         // an object without handles; 0 for none
     Qt::MouseButton m_button{Qt::NoButton}; // that was pressed
-    Moves m_moves; // that the object in progress was not yet told of
+    Moves m_moves;                          // that the object in progress was not yet told of
     Fingers m_fingers;
     PenWatch m_pen;
     bool m_tapping{};                  // pressed and not moved since

@@ -1,5 +1,6 @@
 #include "Cursors.h"
 
+#include <QtGui/QGuiApplication>
 #include <QtGui/QPainter>
 #include <QtGui/QPainterPath>
 #include <QtGui/QPixmap>
@@ -107,7 +108,10 @@ QCursor circleCursor(double diameter, double ratio)
         painter.fillRect(reach - kTick, 0, kTick, 1, Qt::white);
     }
     painter.end();
-    return QCursor(pixmap, middle, middle);
+    // Qt hands the point to X11 as it is, which counts pixels of the screen.
+    const bool isX11 = QGuiApplication::platformName() == QLatin1String("xcb");
+    const int point = isX11 ? qRound(middle * ratio) : middle;
+    return QCursor(pixmap, point, point);
 }
 
 } // namespace Board

@@ -43,7 +43,7 @@ QImage halved(const QImage &image, const QRect &area)
 // To where one unit is a pixel of the device, and the widget begins at a whole one.
 QTransform devicePixels(const QPainter &painter, double ratio)
 {
-    const QTransform device = painter.deviceTransform();
+    const QTransform &device = painter.deviceTransform();
     if (!qFuzzyCompare(device.m11(), ratio))
         return QTransform::fromScale(1 / ratio, 1 / ratio); // onto another device than the widget's own
     return QTransform::fromTranslate(qFloor(device.dx() + 0.5), qFloor(device.dy() + 0.5)) * device.inverted();
