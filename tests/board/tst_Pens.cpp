@@ -159,7 +159,8 @@ void tst_Pens::leavesNothingOfAFlatBrushBehind()
     press({200, 100});
     for (int x = 210; x <= 300; x += 10)
         move({x, 110});
-    move({100, 110}); // moves the corner by 100
+    move({100, 110});                                                                      // moves the corner by 100
+    QTRY_COMPARE(m_document->page().object()->m_graphData.constLast(), QPointF(100, 110)); // it is told a little later
     const QImage shown = page().surface().copy();
     m_canvas->resize(kSize + QSize(1, 0)); // paints all anew
     QTRY_COMPARE(page().rect().width(), 401);
