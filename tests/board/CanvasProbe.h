@@ -5,9 +5,27 @@
 #include "Canvas.h"
 
 #include <QtGui/QMouseEvent>
+#include <QtGui/QPaintEvent>
 #include <QtTest/QtTest>
 
 #include <memory>
+
+// What a widget was asked to paint.
+class PaintWatch : public QObject
+{
+public:
+    explicit PaintWatch(QWidget &widget) { widget.installEventFilter(this); }
+
+    QRegion painted;
+
+protected:
+    bool eventFilter(QObject *object, QEvent *event) override
+    {
+        if (event->type() == QEvent::Paint)
+            painted += static_cast<QPaintEvent *>(event)->region();
+        return QObject::eventFilter(object, event);
+    }
+};
 
 // Base of tests with a canvas of their own, which is fresh after showCanvas().
 class CanvasProbe

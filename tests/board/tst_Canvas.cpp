@@ -7,7 +7,6 @@
 #include <QtCore/QTemporaryDir>
 #include <QtCore/QUrl>
 #include <QtGui/QDropEvent>
-#include <QtGui/QPaintEvent>
 #include <QtGui/QTabletEvent>
 
 using namespace Board;
@@ -39,23 +38,6 @@ const Tool kTwoGestures{
     "",
     [](const QSize & /*canvas*/) -> std::unique_ptr<CInkGraph> { return std::make_unique<TwoGestures>(); },
     {}};
-
-// Areas of the paint events that a widget gets.
-class PaintWatch : public QObject
-{
-public:
-    explicit PaintWatch(QWidget &widget) { widget.installEventFilter(this); }
-
-    QRegion painted;
-
-protected:
-    bool eventFilter(QObject *object, QEvent *event) override
-    {
-        if (event->type() == QEvent::Paint)
-            painted += static_cast<QPaintEvent *>(event)->region();
-        return QObject::eventFilter(object, event);
-    }
-};
 
 QImage plainPicture(const QSize &size)
 {

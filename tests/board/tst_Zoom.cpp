@@ -4,34 +4,12 @@
 #include "Style.h"
 #include "TextEditor.h"
 
-#include <QtGui/QPaintEvent>
 #include <QtGui/QWheelEvent>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QTextEdit>
 #include <QtWidgets/QToolButton>
 
 using namespace Board;
-
-namespace {
-
-// What a widget was asked to paint.
-class PaintWatch : public QObject
-{
-public:
-    explicit PaintWatch(QWidget &widget) { widget.installEventFilter(this); }
-
-    QRegion painted;
-
-protected:
-    bool eventFilter(QObject *object, QEvent *event) override
-    {
-        if (event->type() == QEvent::Paint)
-            painted += static_cast<QPaintEvent *>(event)->region();
-        return QObject::eventFilter(object, event);
-    }
-};
-
-} // namespace
 
 class tst_Zoom : public QObject, private CanvasProbe
 {
