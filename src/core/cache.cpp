@@ -54,7 +54,11 @@ QImage imageOnPages(const QSize &size, void *(*map)(std::size_t))
         return {};
     auto pages = std::make_unique<Pages>(Pages{start, mapped});
     auto *pixels = static_cast<uchar *>(start) + kSpareBytes;
-    return {pixels, size.width(), size.height(), bytesPerLine, QImage::Format_ARGB32, unmapPages, pages.release()};
+    QImage image(pixels, size.width(), size.height(), bytesPerLine, QImage::Format_ARGB32, unmapPages, pages.get());
+    Pages *const taken = pages.release();
+    if (image.isNull()) // Qt makes no row of 67 108 864 pixels or more, and then forgets the pages
+        unmapPages(taken);
+    return image;
 }
 
 // An event of a stroke shows so little that looking for ink does not pay.

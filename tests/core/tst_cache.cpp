@@ -153,6 +153,15 @@ TEST(cache, pagesAreGivenBackWithTheLastCopy)
     EXPECT_LT(takenUp(0), spaceBefore + kCanvasBytes);
 }
 
+TEST(cache, pagesOfARowTooLongForAnImageAreGivenBack)
+{
+    s_asked.clear();
+    const qint64 spaceBefore = takenUp(0);
+    EXPECT_TRUE(blankPixels(QRect(0, 0, 67'108'864, 1), countedPages).isNull());
+    EXPECT_EQ(s_asked, std::vector<std::size_t>{268'443'648});
+    EXPECT_LT(takenUp(0), spaceBefore + 268'435'456);
+}
+
 TEST(cache, strokeTakesUpWhatItTouches)
 {
     CInkColorBrush brush(QSize(3840, 2160));
