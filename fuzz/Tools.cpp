@@ -294,7 +294,8 @@ void meddle(CInkFloodFillEx &fill, QPainter &painter, Bytes &bytes)
         fill.GetBitmap();
         break;
     case 1:
-        fill.m_bBitmapGetted = bytes.integer() + fill.IsBitmapGetted() % 2;
+        fill.m_bBitmapGetted = bytes.integer();
+        fill.IsBitmapGetted();
         break;
     case 2: {
         // Not owned: nothing may be read through it.
