@@ -29,8 +29,11 @@ void InkInternal::resample(CInkPenGraph &pen, const QPointF &position, float ste
     const float dx = float(position.x() - last.x()) / steps;
     const float dy = float(position.y() - last.y()) / steps;
     const int count = std::min(truncated(double(steps)), kMaxPointsPerMove);
+    const int before = pen.m_graphData.size();
+    pen.m_graphData.resize(before + count);
+    QPointF *const points = pen.m_graphData.data() + before;
     for (int i = 1; i <= count; ++i)
-        pen.m_graphData.append({last.x() + double(float(i) * dx), last.y() + double(float(i) * dy)});
+        points[i - 1] = {last.x() + double(float(i) * dx), last.y() + double(float(i) * dy)};
 }
 
 float InkInternal::collectDistance(const CInkPenGraph &pen)
