@@ -19,6 +19,7 @@ using Fuzz::Layer;
 using Fuzz::Tool;
 
 constexpr int kMostSteps = 100;
+constexpr int kFewPoints = 64; // what a life keeps of more, unless it is one of the long ones
 constexpr double kMostSeconds = 1.0;
 constexpr double kMostSecondsPerPoint = 5e-4; // four wide translucent lines with round caps
 
@@ -193,6 +194,7 @@ class Life
 public:
     explicit Life(Bytes &bytes)
         : m_bytes(bytes)
+        , m_isLong(bytes.below(64) == 63)
         , m_tool(Fuzz::chooseTool(bytes))
         , m_graph(m_tool.make(bytes))
     {
@@ -237,6 +239,14 @@ public:
     }
 
     int points() const { return m_graph->m_graphData.size(); }
+
+    // Leaves the first of many points and the last. A wild move makes tens of thousands, and every further step of the
+    // life would spend its time on them.
+    void thinOut()
+    {
+        if (!m_isLong && points() > kFewPoints)
+            m_graph->m_graphData.remove(kFewPoints / 2, points() - kFewPoints);
+    }
 
 private:
     Q_DISABLE_COPY(Life)
@@ -283,6 +293,7 @@ private:
     }
 
     Bytes &m_bytes;
+    const bool m_isLong;
     const Tool &m_tool;
     std::unique_ptr<CInkGraph> m_graph;
     std::optional<Layer> m_layers[4];
@@ -300,6 +311,7 @@ void Fuzz::run(const std::uint8_t *data, std::size_t size)
         const double begin = seconds(CLOCK_MONOTONIC);
         life.step();
         const double most = kMostSeconds + kMostSecondsPerPoint * life.points();
+        life.thinOut();
         if (seconds(CLOCK_MONOTONIC) - begin <= most)
             continue;
         // Other programs may have had the processor meanwhile. The whole life's time is cheaper to know than a step's.
