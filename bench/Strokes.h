@@ -56,6 +56,16 @@ inline QVector<QPoint> scribble(int count)
     return points;
 }
 
+// From one edge of the canvas to the other and back, each segment across those before it.
+inline QVector<QPoint> crossings(int count)
+{
+    QVector<QPoint> points;
+    points.reserve(count);
+    for (int i = 0; i < count; ++i)
+        points.append({i % 2 ? 3800 : 40, int(1080 + 1000 * qSin(1.7 * i))});
+    return points;
+}
+
 // All recorded strokes of all pages, a page filling most of the canvas. Empty where the recordings are not there.
 inline QVector<Stroke> recorded()
 {

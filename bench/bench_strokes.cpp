@@ -210,5 +210,7 @@ void Bench::registerStrokes()
         registerWhole("whole/writing", count, [count] { return QVector<Stroke>{{kOpaque, 4, writing(count)}}; });
     for (const int count : {30, 100, 300, 400, 1'000, 5'000})
         registerWhole("whole/scribble", count, [count] { return QVector<Stroke>{{kOpaque, 4, scribble(count)}}; });
+    for (const int count : {10, 100, 300})
+        registerWhole("whole/crossing", count, [count] { return QVector<Stroke>{{kOpaque, 4, crossings(count)}}; });
     registerWhole("whole/recorded", 0, [] { return recorded(); });
 }

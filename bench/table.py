@@ -43,6 +43,8 @@ def rows():
         yield (f"live eraser, {points} points", "literal", pairs("live/eraser/{form}/{}", [(points,)], "ours", "literal"), FASTER, figure)
     for points, figure in ((1000, 2), (10000, 3), (50000, 3.5)):
         yield (f"whole stroke, spread, {points} points", "one drawPath", [(WRITING.format("ours", points), WRITING.format("literal", points))], FASTER, figure)
+    for points, figure in ((10, 1), (100, 10), (300, 50)):
+        yield (f"whole stroke, page-wide segments, {points} points", "one drawPath", pairs("whole/crossing/{form}/{}", [(points,)], "ours", "literal"), FASTER, figure)
     lengths = [("writing", n) for n in (2, 10, 100, 300, 1000, 10000, 50000)]
     lengths += [("scribble", n) for n in (30, 100, 300, 400, 1000, 5000)]
     yield ("whole stroke, worst length and density", "one drawPath", pairs("whole/{}/{form}/{}", lengths, "ours", "literal"), FASTER, 0.97)

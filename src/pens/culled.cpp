@@ -1,17 +1,13 @@
 #include "pens/culled_p.h"
 
 #include "core/painting_p.h"
+#include "core/paintpath_p.h"
 
 #include <QtGui/QImage>
 #include <QtGui/QPaintEngine>
 
 #include <cmath>
 #include <optional>
-#include <vector>
-
-#ifdef __x86_64__
-#include <immintrin.h>
-#endif
 
 using namespace InkInternal;
 
@@ -24,11 +20,6 @@ constexpr double kSamePlace = 1e-4;   // more than the distance at which Qt take
 constexpr double kFlattest = 1e-3;    // device pixels that a unit of length must at least become
 constexpr double kDeviceLimit = 32e3; // device pixels; outlines that go beyond 32767 are cut before they are rasterised
 constexpr double kExactThirds = 1e6;  // coordinates up to which a third of three whole numbers is exact, and more
-constexpr int kTiledFrom = 800;       // segments in the clip; with fewer, some tiles cost more than they save
-constexpr int kTile = 256;            // device pixels
-constexpr int kNarrowTile = 128;      // for pens that reach no further than kNarrowReach
-constexpr double kNarrowReach = 8;    // device pixels
-constexpr int kMostTilesPerSegment = 3; // on average; with more, the whole path is cheaper
 
 // Segments `first` to `last`; segment i leads from point i - 1 to point i.
 struct Run
@@ -81,7 +72,6 @@ public:
     }
 
     bool isThin() const { return m_isThin; }
-    int tileSide() const { return std::max(m_reach[0], m_reach[1]) <= kNarrowReach ? kNarrowTile : kTile; }
 
     // The part of the device that a pen along a diagonal of `box` may touch.
     Box reached(const Box &box) const
@@ -169,19 +159,6 @@ public:
 
     // What the stroke may touch, once the blocks are known.
     const Box &bounds() const { return m_bounds; }
-
-    Box box(int block) const
-    {
-        const int first = block * kBlock;
-        const int last = std::min(first + kBlock, m_points.size() - 1);
-        const Pair start = load(m_points.at(first));
-        Box box{start, start};
-        for (int i = first + 1; i <= last; ++i) {
-            const Pair point = load(m_points.at(i));
-            box = {least(box.low, point), greatest(box.high, point)};
-        }
-        return m_frame.reached(box);
-    }
 
     // In order, apart from each other, and none of them closed.
     Runs runsWithin(const Box &clip, const Blocks &blocks) const
@@ -317,33 +294,14 @@ bool canCull(const QPainter &painter, const QVector<QPointF> &points, const QTra
            mapsBoxes(transform) && mapsBoxes(painter.deviceTransform());
 }
 
-#ifdef __x86_64__
-__attribute__((target("avx"))) void clearUpperHalves()
-{
-    _mm256_zeroupper();
-}
-#endif
-
-// One of the span fills of Qt 5.15 returns with the upper halves of the AVX registers in use. Until they are cleared,
-// every SSE instruction costs more on many CPUs, and there are nothing but these in the making of an outline.
-void drawPath(QPainter &painter, const QPainterPath &path)
-{
-#ifdef __x86_64__
-    static const bool hasAvx = __builtin_cpu_supports("avx");
-    if (hasAvx)
-        clearUpperHalves();
-#endif
-    painter.drawPath(path);
-}
-
 // In a world of its own, or in the painter's; setting that anew would also switch it on.
 void drawPath(QPainter &painter, const QPainterPath &path, const QTransform *world)
 {
     if (!world)
-        return drawPath(painter, path);
+        return paintPath(painter, path);
     const PainterStateScope scope(painter);
     painter.setWorldTransform(*world);
-    drawPath(painter, path);
+    paintPath(painter, path);
 }
 
 QTransform deviceTransform(QPainter &painter, const QTransform *world)
@@ -354,82 +312,6 @@ QTransform deviceTransform(QPainter &painter, const QTransform *world)
     painter.setWorldTransform(*world);
     return painter.deviceTransform();
 }
-
-bool isWhole(Pair pair)
-{
-    return std::floor(pair[0]) == pair[0] && std::floor(pair[1]) == pair[1];
-}
-
-// Whether parts of the clip, cut at device pixels, can stand in for it one after the other.
-bool isTileable(const QPainter &painter, const Box &clip)
-{
-    const QTransform &transform = painter.deviceTransform();
-    return transform.type() <= QTransform::TxTranslate && isWhole(Pair{transform.dx(), transform.dy()}) &&
-           isWhole(clip.low) && isWhole(clip.high) && painter.clipRegion().rectCount() == 1 &&
-           painter.paintEngine()->systemClip().isEmpty();
-}
-
-// The part of the clip that a long stroke may touch, cut into tiles. The time that Qt takes for a path grows faster
-// than the path; the tiles do not overlap, so no pixel is painted twice. They lie on a grid from the device's origin:
-// where a row of pixels is painted two at a time it must not be cut within a pair.
-class Tiles
-{
-public:
-    Tiles(const Culler &culler, const Blocks &blocks, const Box &clip, int side)
-        : m_culler(culler)
-        , m_blocks(blocks)
-        , m_side(side)
-    {
-        m_boxes.reserve(std::size_t(blocks.size()));
-        for (const int block : blocks)
-            m_boxes.push_back(culler.box(block));
-        const Box area = intersected(clip, culler.bounds());
-        m_area.setCoords(int(std::floor(area.low[0])), int(std::floor(area.low[1])), int(std::ceil(area.high[0])) - 1,
-                         int(std::ceil(area.high[1])) - 1);
-    }
-
-    // Whether all tiles together take no more than `most` segments: each is rasterised as a whole for every tile that
-    // it touches.
-    bool holdAtMost(int most) const
-    {
-        int count = 0;
-        return forEach([&](const QRect & /*tile*/, const Runs &runs) { return (count += segments(runs)) <= most; });
-    }
-
-    // Calls paint(tile, runs) for each tile that is touched, until that returns false.
-    template <typename Paint>
-    bool forEach(const Paint &paint) const
-    {
-        for (int y = onGrid(m_area.top()); y <= m_area.bottom(); y += m_side) {
-            for (int x = onGrid(m_area.left()); x <= m_area.right(); x += m_side) {
-                const QRect tile = QRect(x, y, m_side, m_side) & m_area;
-                const Runs runs = m_culler.runsWithin(boxOf(tile), blocksWithin(boxOf(tile)));
-                if (!runs.isEmpty() && !paint(tile, runs))
-                    return false;
-            }
-        }
-        return true;
-    }
-
-private:
-    int onGrid(int coordinate) const { return int(std::floor(double(coordinate) / m_side)) * m_side; }
-
-    Blocks blocksWithin(const Box &tile) const
-    {
-        Blocks blocks;
-        for (int i = 0; i < m_blocks.size(); ++i) {
-            if (meets(m_boxes[std::size_t(i)], tile))
-                blocks.append(m_blocks[i]);
-        }
-        return blocks;
-    }
-
-    const Culler &m_culler;
-    const Blocks &m_blocks;
-    const int m_side;
-    std::vector<Box> m_boxes; // of the blocks, on the device
-    QRect m_area;
-};
 
 } // namespace
 
@@ -459,19 +341,5 @@ void InkInternal::paintStroke(QPainter &painter, const QVector<QPointF> &points,
     if (!blocks)
         return drawPath(painter, whole(), world);
 
-    const Runs runs = culler.runsWithin(clip, *blocks);
-    if (frame.isThin() || segments(runs) < kTiledFrom || !isTileable(painter, clip))
-        return drawPath(painter, pathOf(points, runs, segment), world);
-
-    const Tiles tiles(culler, *blocks, clip, frame.tileSide());
-    if (!tiles.holdAtMost(kMostTilesPerSegment * segments(runs)))
-        return drawPath(painter, pathOf(points, runs, segment), world);
-
-    const PainterStateScope scope(painter);
-    const QPoint origin = truncated(QPointF(painter.deviceTransform().dx(), painter.deviceTransform().dy()));
-    tiles.forEach([&](const QRect &tile, const Runs &within) {
-        painter.setClipRect(tile.translated(-origin));
-        drawPath(painter, pathOf(points, within, segment), world);
-        return true;
-    });
+    drawPath(painter, pathOf(points, culler.runsWithin(clip, *blocks), segment), world);
 }

@@ -2,6 +2,7 @@
 
 #include "core/geometry_p.h"
 #include "core/painting_p.h"
+#include "core/paintpath_p.h"
 #include "shapes/shape_p.h"
 
 #include <QtGui/QPainterPath>
@@ -73,7 +74,7 @@ void CInkPolygon::Draw(QPainter &painter, QRect &rect)
     // [ink-clip-outlives-draw] Set before the state is saved: the host finds it afterwards.
     painter.setClipRect(clipUnlessFormed(*this, rect), Qt::ReplaceClip);
     paintOverHandles(*this, painter, solidPen(*this, Qt::RoundCap),
-                     [&] { painter.drawPath(outline(m_graphData, m_bEditMode)); });
+                     [&] { paintPath(painter, outline(m_graphData, m_bEditMode)); });
 }
 
 QRect CInkPolygon::GetUpdateRect()

@@ -1,0 +1,66 @@
+#pragma once
+
+// How much of each pixel an outline covers, to the last bit what Qt's raster engine computes. Qt keeps the cells that
+// the edges cut in one list for each row and walks it for each of them, so its time grows with the square of what lies
+// over each other; here it grows with the length of the edges alone.
+
+#include <QtCore/QRect>
+#include <QtGui/QPainterPath>
+#include <QtGui/QTransform>
+
+#include <optional>
+#include <vector>
+
+namespace InkInternal {
+
+// By how much Qt takes a transform to enlarge what is painted.
+double scaleOf(const QTransform &transform);
+
+// In 1/256 of a device pixel.
+struct Edge
+{
+    int x1, y1, x2, y2;
+};
+
+// The edges of an outline, flattened and rounded as QOutlineMapper of Qt 5.15 does, without those that lie along a row.
+// `toDevice` is affine. Nothing for an outline that reaches so far that Qt would cut it first.
+std::optional<std::vector<Edge>> edgesOf(const QPainterPath &outline, const QTransform &toDevice);
+
+// A band of pixel rows. The arithmetic of its cells is that of qgrayraster.c of Qt 5.15, which took it from FreeType's
+// smooth rasteriser: divisions hand their remainders on, from row to row and from cell to cell.
+class CoverageBand
+{
+public:
+    // Pixels `left` to `left + width - 1` of up to `mostRows` rows.
+    CoverageBand(int left, int width, int mostRows);
+
+    // The band is empty, as it is once all of its rows were taken.
+    void moveTo(int top, int rows);
+
+    void add(const Edge &edge);
+
+    // Takes a row out of the band: how much of each pixel is covered, 0 to 255 by the non-zero winding rule. Returns
+    // the first pixel that may be covered at all; `coverage` is written from there on, `width` values being the whole.
+    int takeRow(int y, uchar *coverage);
+
+private:
+    // What edges add to the area of a pixel, 2 * 256 * 256 being the whole, and to the height of what is covered of it
+    // and of all pixels right of it.
+    struct Cell
+    {
+        qint64 area, height;
+    };
+
+    bool holds(int y) const { return unsigned(y - m_top) < unsigned(m_rows); }
+    Cell *cellsOf(int y) { return &m_cells[std::size_t(y - m_top) * std::size_t(m_width + 1)]; }
+    void addToRow(int y, int x1, int y1, int x2, int y2);
+    void addToCell(Cell *cells, int x, int width, int height) const;
+
+    const int m_left, m_width;
+    int m_top = 0;
+    int m_rows = 0;
+    std::vector<Cell> m_cells; // of each row: one for all that lies left of the band, then one for each pixel
+    std::vector<int> m_first;  // cell of each row that was touched
+};
+
+} // namespace InkInternal

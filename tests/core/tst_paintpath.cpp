@@ -1,0 +1,287 @@
+// Crowded paths, painted with an own coverage: the same pixels as those of QPainter::drawPath().
+
+#include "core/paintpath_p.h"
+
+#include <QtGui/QImage>
+#include <QtGui/QPaintEngine>
+#include <QtGui/QPicture>
+
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <random>
+
+using namespace InkInternal;
+
+namespace {
+
+constexpr QSize kSize(120, 90);
+
+using Prepare = std::function<void(QPainter &)>;
+
+// To and fro over the whole image, a hundred times.
+QPainterPath scribble(quint32 seed = 1, double reach = 20)
+{
+    std::mt19937 random(seed);
+    const auto place = [&](int size) { return double(random()) / 4294967296.0 * (size + 2 * reach) - reach; };
+    QPainterPath path({place(kSize.width()), place(kSize.height())});
+    for (int i = 0; i < 100; ++i)
+        path.lineTo(place(kSize.width()), place(kSize.height()));
+    return path;
+}
+
+QPen roundPen(double width, const QBrush &brush = QColor(200, 30, 90, 120))
+{
+    return {brush, width, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin};
+}
+
+// No two neighbouring pixels alike, some transparent, some translucent.
+QImage motley(QImage::Format format = QImage::Format_ARGB32_Premultiplied)
+{
+    QImage image(kSize, QImage::Format_ARGB32);
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x)
+            image.setPixel(x, y, qRgba(37 * x + y, 11 * x + 53 * y, x * y, x % 3 == 0 ? 255 : (x + 7 * y) % 256));
+    }
+    return image.convertToFormat(format);
+}
+
+QImage painted(const QPainterPath &path, const Prepare &prepare, bool byQt, QImage image = motley())
+{
+    QPainter painter(&image);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(roundPen(5));
+    prepare(painter);
+    if (byQt)
+        painter.drawPath(path);
+    else
+        paintPath(painter, path);
+    painter.end();
+    return image;
+}
+
+void expectAlike(const char *what, const QPainterPath &path, const Prepare &prepare, const QImage &image = motley())
+{
+    const QImage expected = painted(path, prepare, true, image);
+    EXPECT_EQ(painted(path, prepare, false, image), expected) << what;
+    EXPECT_NE(expected, image) << what;
+}
+
+QBrush texture(QImage::Format format)
+{
+    return QBrush(motley(format).copy(3, 5, 17, 13));
+}
+
+} // namespace
+
+TEST(PaintPath, crowdedPathsAreThoseOfQt)
+{
+    const quint32 seed = std::random_device()();
+    std::cout << "seed " << seed << std::endl;
+    std::mt19937 random(seed);
+    for (quint32 i = 0; i < 60; ++i) {
+        const double width = 1.5 + double(random() % 400) / 10;
+        const auto cap = Qt::PenCapStyle((random() % 3) * 0x10);
+        constexpr Qt::PenJoinStyle kJoins[] = {Qt::MiterJoin, Qt::BevelJoin, Qt::RoundJoin, Qt::SvgMiterJoin};
+        const Qt::PenJoinStyle join = kJoins[random() % 4];
+        const int alpha = random() % 2 ? 255 : int(random() % 256);
+        expectAlike("random", scribble(seed + i), [&](QPainter &painter) {
+            painter.setPen(QPen(QColor(20, 130, 90, std::max(alpha, 9)), width, Qt::SolidLine, cap, join));
+        });
+    }
+}
+
+TEST(PaintPath, curvesAndPartsAreThoseOfQt)
+{
+    std::mt19937 random(7);
+    QPainterPath path;
+    for (int i = 0; i < 60; ++i) {
+        const auto place = [&] { return QPointF(int(random() % 160) - 20, int(random() % 130) - 20); };
+        if (i % 10 == 0)
+            path.moveTo(place());
+        path.cubicTo(place(), place(), place());
+        if (i % 20 == 19)
+            path.closeSubpath();
+    }
+    expectAlike("curves", path, [](QPainter &) {});
+}
+
+TEST(PaintPath, worldsAreThoseOfQt)
+{
+    const QTransform worlds[] = {QTransform::fromTranslate(7, -9),
+                                 QTransform::fromTranslate(0.3, 11.7),
+                                 QTransform::fromScale(0.5, 2),
+                                 QTransform::fromScale(-1, 1) * QTransform::fromTranslate(120, 0),
+                                 QTransform().rotate(31),
+                                 QTransform(1, 0.3, -0.7, 0.8, 20, 5),
+                                 QTransform(0.8, 0.1, 0.001, 0, 0.9, 0.002, 5, 5, 1),
+                                 QTransform::fromScale(0.2, 0.2),   // a pen one pixel wide
+                                 QTransform::fromScale(0.21, 0.2)}; // and a little wider
+    for (const QTransform &world : worlds) {
+        expectAlike("world", scribble(), [&](QPainter &painter) { painter.setWorldTransform(world); });
+        expectAlike("clip in a world", scribble(), [&](QPainter &painter) {
+            painter.setWorldTransform(world);
+            painter.setClipRect(10, 8, 61, 43);
+        });
+        expectAlike("clip outside of it", scribble(), [&](QPainter &painter) {
+            painter.setClipRect(10, 8, 61, 43);
+            painter.setWorldTransform(world);
+        });
+        expectAlike("texture", scribble(), [&](QPainter &painter) {
+            painter.setWorldTransform(world);
+            painter.setPen(roundPen(5, texture(QImage::Format_ARGB32_Premultiplied)));
+        });
+    }
+}
+
+TEST(PaintPath, brushesAreThoseOfQt)
+{
+    QBrush moved = texture(QImage::Format_ARGB32_Premultiplied);
+    moved.setTransform(QTransform::fromTranslate(3, 4));
+    QBrush between = moved;
+    between.setTransform(QTransform::fromTranslate(3.5, 4));
+    QBrush turned = moved;
+    turned.setTransform(QTransform().rotate(20));
+    QLinearGradient gradient(0, 0, 120, 90);
+    gradient.setColorAt(0, Qt::red);
+    gradient.setColorAt(1, QColor(0, 0, 255, 50));
+    for (const QBrush &brush :
+         {QBrush(Qt::black), QBrush(QColor(9, 99, 199, 1)), texture(QImage::Format_ARGB32_Premultiplied),
+          texture(QImage::Format_RGB32), texture(QImage::Format_ARGB32), texture(QImage::Format_RGB16), moved, between,
+          turned, QBrush(gradient), QBrush(Qt::red, Qt::DiagCrossPattern)}) {
+        for (const auto mode : {QPainter::CompositionMode_SourceOver, QPainter::CompositionMode_SourceIn}) {
+            expectAlike("brush", scribble(), [&](QPainter &painter) {
+                painter.setPen(roundPen(5, brush));
+                painter.setCompositionMode(mode);
+            });
+        }
+        expectAlike("brush with an origin", scribble(), [&](QPainter &painter) {
+            painter.setPen(roundPen(5, brush));
+            painter.translate(2, -3);
+            painter.setBrushOrigin(5, 6);
+        });
+    }
+}
+
+TEST(PaintPath, modesAreThoseOfQt)
+{
+    for (int mode = QPainter::CompositionMode_SourceOver; mode <= QPainter::RasterOp_SourceAndNotDestination; ++mode) {
+        if (mode == QPainter::CompositionMode_Destination)
+            continue; // leaves no mark
+        expectAlike("mode", scribble(),
+                    [&](QPainter &painter) { painter.setCompositionMode(QPainter::CompositionMode(mode)); });
+    }
+}
+
+TEST(PaintPath, formatsAreThoseOfQt)
+{
+    for (const auto format : {QImage::Format_RGB32, QImage::Format_ARGB32, QImage::Format_RGB16, QImage::Format_RGB888,
+                              QImage::Format_Alpha8, QImage::Format_Grayscale8, QImage::Format_RGBA8888_Premultiplied,
+                              QImage::Format_A2RGB30_Premultiplied, QImage::Format_Mono})
+        expectAlike(
+            "format", scribble(), [](QPainter &) {}, motley(format));
+    QImage dense = motley();
+    dense.setDevicePixelRatio(2);
+    expectAlike(
+        "density", scribble(), [](QPainter &) {}, dense);
+}
+
+TEST(PaintPath, painterStatesAreThoseOfQt)
+{
+    const QPainterPath path = scribble();
+    expectAlike("no antialiasing", path,
+                [](QPainter &painter) { painter.setRenderHint(QPainter::Antialiasing, false); });
+    expectAlike("opacity", path, [](QPainter &painter) { painter.setOpacity(0.6); });
+    expectAlike("brush", path, [](QPainter &painter) { painter.setBrush(Qt::yellow); });
+    expectAlike("dashes", path, [](QPainter &painter) {
+        QPen pen = roundPen(4);
+        pen.setStyle(Qt::DashLine);
+        painter.setPen(pen);
+    });
+    expectAlike("cosmetic pen", path, [](QPainter &painter) {
+        QPen pen = roundPen(4);
+        pen.setCosmetic(true);
+        painter.setPen(pen);
+        painter.scale(0.7, 0.7);
+    });
+    for (const double width : {0.0, 0.5, 1.0, 1.01, 2.0})
+        expectAlike("thin pen", path, [width](QPainter &painter) { painter.setPen(roundPen(width)); });
+}
+
+TEST(PaintPath, clipsAreThoseOfQt)
+{
+    const QPainterPath path = scribble();
+    expectAlike("two rectangles", path,
+                [](QPainter &painter) { painter.setClipRegion(QRegion(5, 5, 90, 70) - QRect(30, 30, 9, 9)); });
+    expectAlike("cut pixels", path, [](QPainter &painter) { painter.setClipRect(QRectF(5.5, 6, 50, 50)); });
+    expectAlike("round", path, [](QPainter &painter) {
+        QPainterPath ellipse;
+        ellipse.addEllipse(10, 10, 80, 60);
+        painter.setClipPath(ellipse);
+    });
+    expectAlike("intersected", path, [](QPainter &painter) {
+        painter.setClipRect(5, 5, 70, 60);
+        painter.setClipRect(30, -10, 200, 40, Qt::IntersectClip);
+    });
+    expectAlike("beyond the image", path, [](QPainter &painter) { painter.setClipRect(-50, -60, 130, 900); });
+    expectAlike("the system's", path, [](QPainter &painter) {
+        painter.paintEngine()->setSystemClip(QRect(20, 10, 50, 60));
+        painter.setClipRect(0, 0, 60, 60);
+    });
+    const QImage before = motley();
+    EXPECT_EQ(painted(
+                  path, [](QPainter &painter) { painter.setClipRect(QRect()); }, false),
+              before);
+    EXPECT_EQ(painted(
+                  path, [](QPainter &painter) { painter.setClipRect(500, 0, 5, 5); }, false),
+              before);
+}
+
+TEST(PaintPath, farOutlinesAreThoseOfQt)
+{
+    for (const double reach : {16'000.0, 16'380.0, 17'000.0, 33'000.0, 1e6}) {
+        const QPainterPath near = scribble(), far = scribble(2, reach);
+        QPainterPath path(near.elementAt(0));
+        for (int i = 1; i < near.elementCount(); ++i) {
+            path.lineTo(far.elementAt(i));
+            path.lineTo(near.elementAt(i));
+        }
+        expectAlike("far", path, [](QPainter &painter) { painter.setPen(roundPen(40)); });
+    }
+    const QPainterPath beside = scribble().translated(500, 0);
+    EXPECT_EQ(painted(
+                  beside, [](QPainter &) {}, false),
+              motley());
+}
+
+TEST(PaintPath, painterIsGivenBack)
+{
+    QImage image = motley();
+    QPainter painter(&image);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(roundPen(5));
+    painter.translate(10, 20);
+    painter.setClipRect(1, 2, 30, 40);
+    painter.setCompositionMode(QPainter::CompositionMode_SourceIn);
+    paintPath(painter, scribble());
+    EXPECT_EQ(painter.worldTransform(), QTransform::fromTranslate(10, 20));
+    EXPECT_EQ(painter.clipBoundingRect(), QRectF(1, 2, 30, 40));
+    EXPECT_EQ(painter.compositionMode(), QPainter::CompositionMode_SourceIn);
+    EXPECT_EQ(painter.pen(), roundPen(5));
+}
+
+TEST(PaintPath, otherDevicesGetThePath)
+{
+    QPicture picture;
+    QPainter painter(&picture);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(roundPen(5));
+    paintPath(painter, scribble());
+    painter.end();
+    const auto replay = [&picture](QPainter &player) { player.drawPicture(0, 0, picture); };
+    EXPECT_EQ(painted(QPainterPath(), replay, false), painted(
+                                                          scribble(), [](QPainter &) {}, true));
+
+    QPainter idle;
+    paintPath(idle, scribble()); // Qt warns, and nothing happens
+}
