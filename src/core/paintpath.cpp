@@ -137,15 +137,17 @@ std::optional<QRect> paintable(QPainter &painter)
 
 // Whether Qt takes longer for a path than it takes to composite the pixels around it in `area`. Qt paints in bands, one
 // for so much length, and walks through the whole outline for each of them. The estimates are nanoseconds.
-bool isCrowded(const QPainterPath &path, const QTransform &transform, const QRect &area)
+bool isCrowded(const QPainterPath &path, double penWidth, const QTransform &transform, const QRect &area)
 {
     constexpr double kLengthPerBand = 80; // device pixels
     constexpr double kLengthWalk = 2, kElementWalk = 20;
     constexpr double kPixelComposition = 1.5, kElementConversion = 330;
 
-    const QRectF around = transform.mapRect(path.controlPointRect()) & QRectF(area);
+    const double reach = penWidth / 2;
+    const QRectF around =
+        transform.mapRect(path.controlPointRect().adjusted(-reach, -reach, reach, reach)) & QRectF(area);
     const double elements = path.elementCount();
-    double length = 0;
+    double length = reach * elements; // of the joins
     for (int i = 1; i < path.elementCount(); ++i) {
         const QPointF step = QPointF(path.elementAt(i)) - QPointF(path.elementAt(i - 1));
         length += std::sqrt(QPointF::dotProduct(step, step));
@@ -210,7 +212,7 @@ bool paintCrowded(QPainter &painter, const QPainterPath &path)
     if (path.elementCount() < kFewest || !isOutlined(painter))
         return false;
     const std::optional<QRect> area = paintable(painter);
-    if (!area || !isCrowded(path, painter.deviceTransform(), *area))
+    if (!area || !isCrowded(path, painter.pen().widthF(), painter.deviceTransform(), *area))
         return false;
     const QPainterPath outline = QPainterPathStroker(painter.pen()).createStroke(path);
     const std::optional<std::vector<Edge>> edges = edgesOf(outline, painter.deviceTransform());
