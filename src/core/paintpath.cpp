@@ -101,18 +101,23 @@ bool isKnownBrush(const QBrush &brush, const QTransform &transform)
            (brush.style() == Qt::TexturePattern && isWholeShift(brush.transform() * transform));
 }
 
+bool isPlainImage(const QPainter &painter)
+{
+    const QPaintEngine *engine = painter.paintEngine(); // null while the painter is not active
+    return engine && engine->type() == QPaintEngine::Raster && engine->paintDevice()->devType() == QInternal::Image &&
+           deviceOf(painter).format() == QImage::Format_ARGB32_Premultiplied &&
+           deviceOf(painter).devicePixelRatioF() == 1.0;
+}
+
 // Whether Qt's raster engine fills the outline of the pen, with pixels that Ink computes.
 bool isOutlined(const QPainter &painter)
 {
-    const QPaintEngine *engine = painter.paintEngine(); // null while the painter is not active
-    if (!engine || engine->type() != QPaintEngine::Raster || engine->paintDevice()->devType() != QInternal::Image ||
-        deviceOf(painter).format() != QImage::Format_ARGB32_Premultiplied)
+    if (!isPlainImage(painter))
         return false;
     const QPen &pen = painter.pen();
     const QTransform &transform = painter.deviceTransform();
     const QPainter::CompositionMode mode = painter.compositionMode();
-    return deviceOf(painter).devicePixelRatioF() == 1.0 && painter.testRenderHint(QPainter::Antialiasing) &&
-           painter.opacity() == 1.0 &&
+    return painter.testRenderHint(QPainter::Antialiasing) && painter.opacity() == 1.0 &&
            (mode == QPainter::CompositionMode_SourceOver || mode == QPainter::CompositionMode_SourceIn) &&
            painter.brush().style() == Qt::NoBrush && pen.style() == Qt::SolidLine && !pen.isCosmetic() &&
            transform.isAffine() && pen.widthF() * scaleOf(transform) > kHairline &&
@@ -229,19 +234,23 @@ __attribute__((target("avx"))) void clearUpperHalves()
 }
 #endif
 
+// One of the span fills of Qt 5.15 returns with the upper halves of the AVX registers in use. Until they are cleared,
+// every SSE instruction costs more on many CPUs, and there are nothing but these in the making of an outline.
+void freeRegisters()
+{
+#ifdef __x86_64__
+    static const bool hasAvx = __builtin_cpu_supports("avx");
+    if (hasAvx)
+        clearUpperHalves();
+#endif
+}
+
 } // namespace
 
 void InkInternal::paintPath(QPainter &painter, const QPainterPath &path)
 {
     if (paintCrowded(painter, path))
         return;
-        // One of the span fills of Qt 5.15 returns with the upper halves of the AVX registers in use. Until they are
-        // cleared, every SSE instruction costs more on many CPUs, and there are nothing but these in the making of an
-        // outline.
-#ifdef __x86_64__
-    static const bool hasAvx = __builtin_cpu_supports("avx");
-    if (hasAvx)
-        clearUpperHalves();
-#endif
+    freeRegisters();
     painter.drawPath(path);
 }

@@ -147,8 +147,9 @@ TEST(PaintPath, brushesAreThoseOfQt)
     gradient.setColorAt(1, QColor(0, 0, 255, 50));
     for (const QBrush &brush :
          {QBrush(Qt::black), QBrush(QColor(9, 99, 199, 1)), texture(QImage::Format_ARGB32_Premultiplied),
-          texture(QImage::Format_RGB32), texture(QImage::Format_ARGB32), texture(QImage::Format_RGB16), moved, between,
-          turned, QBrush(gradient), QBrush(Qt::red, Qt::DiagCrossPattern)}) {
+          texture(QImage::Format_RGB32), texture(QImage::Format_ARGB32), texture(QImage::Format_RGB16),
+          texture(QImage::Format_Mono), moved, between, turned, QBrush(gradient),
+          QBrush(Qt::red, Qt::DiagCrossPattern)}) {
         for (const auto mode : {QPainter::CompositionMode_SourceOver, QPainter::CompositionMode_SourceIn}) {
             expectAlike("brush", scribble(), [&](QPainter &painter) {
                 painter.setPen(roundPen(5, brush));
