@@ -205,6 +205,11 @@ TEST(PaintPath, painterStatesAreThoseOfQt)
         painter.setPen(pen);
         painter.scale(0.7, 0.7);
     });
+    expectAlike("window", path, [](QPainter &painter) {
+        painter.setWindow(5, 5, 60, 90);
+        painter.setClipRect(10, 8, 41, 43);
+        painter.setViewport(0, 10, 120, 60);
+    });
     for (const double width : {0.0, 0.5, 1.0, 1.01, 2.0})
         expectAlike("thin pen", path, [width](QPainter &painter) { painter.setPen(roundPen(width)); });
 }
@@ -261,10 +266,12 @@ TEST(PaintPath, painterIsGivenBack)
     QPainter painter(&image);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(roundPen(5));
+    painter.setWindow(0, 0, 60, 90);
     painter.translate(10, 20);
     painter.setClipRect(1, 2, 30, 40);
     painter.setCompositionMode(QPainter::CompositionMode_SourceIn);
     paintPath(painter, scribble());
+    EXPECT_EQ(painter.window(), QRect(0, 0, 60, 90));
     EXPECT_EQ(painter.worldTransform(), QTransform::fromTranslate(10, 20));
     EXPECT_EQ(painter.clipBoundingRect(), QRectF(1, 2, 30, 40));
     EXPECT_EQ(painter.compositionMode(), QPainter::CompositionMode_SourceIn);
