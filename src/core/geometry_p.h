@@ -10,6 +10,7 @@
 #include <QtGui/QMatrix>
 
 #include <algorithm>
+#include <cmath>
 #include <limits>
 
 namespace InkInternal {
@@ -116,6 +117,16 @@ inline QRect normalized(const QRect &rect)
 inline QRect cornerBox(const QPointF &a, const QPointF &b)
 {
     return normalized(QRect(truncated(a), truncated(b)));
+}
+
+// Whether Qt can rasterise a polygon through `count` points. On the way to what is no number it may divide by zero, and
+// where the difference of two coordinates has no end it may go on without one.
+inline bool isRasterizable(const QPointF *points, int count)
+{
+    constexpr double kFarthest = 1e300;
+    return std::all_of(points, points + count, [](const QPointF &point) {
+        return std::abs(point.x()) <= kFarthest && std::abs(point.y()) <= kFarthest;
+    });
 }
 
 // Integer bounding box of at least one point, all edges inclusive. What is no number widens nothing.

@@ -3,6 +3,7 @@
 // The drag and the painting of the shapes that turn a dragged box into a polygon: triangles and diamond.
 
 #include "CInkRectangle.h"
+#include "core/geometry_p.h"
 #include "core/life_p.h"
 #include "core/painting_p.h"
 #include "shapes/shape_p.h"
@@ -55,8 +56,11 @@ void paintVertices(CInkRectangle &shape, QPainter &painter, const QRect &rect, c
     painter.setClipRect(clipUnlessFormed(shape, rect), Qt::ReplaceClip);
     if (shape.m_graphData.size() < Vertices)
         return;
-    paintOverHandles(shape, painter, pen,
-                     [&] { painter.drawPolygon(shape.m_graphData.constData(), Vertices, Qt::OddEvenFill); });
+    paintOverHandles(shape, painter, pen, [&] {
+        const QPointF *const vertices = shape.m_graphData.constData();
+        if (isRasterizable(vertices, Vertices))
+            painter.drawPolygon(vertices, Vertices, Qt::OddEvenFill);
+    });
 }
 
 } // namespace InkInternal

@@ -82,9 +82,10 @@ void CInkEllipseLabel::Draw(QPainter &painter, QRect &rect)
         if (canSubtract(opening))
             outsideMouth = outsideMouth.subtracted(opening);
         painter.setClipPath(outsideMouth, Qt::ReplaceClip);
-        const QPointF corner = points.at(0);
-        const QPointF size = points.at(4) - corner;
-        painter.drawEllipse(QRectF(corner, QSizeF(size.x(), size.y())).normalized());
+        const QPointF corners[] = {points.at(0), points.at(4)};
+        const QPointF size = corners[1] - corners[0];
+        if (isRasterizable(corners, 2))
+            painter.drawEllipse(QRectF(corners[0], QSizeF(size.x(), size.y())).normalized());
     };
     paintOverHandles(*this, painter, styledPen(*this), paintFigure,
                      QPainter::Antialiasing | QPainter::SmoothPixmapTransform);

@@ -44,7 +44,8 @@ void CInkSignGraph::Draw(QPainter &painter, QRect &rect)
     painter.setClipRect(rect | GetUpdateRect(), Qt::ReplaceClip);
     paintOverHandles(*this, painter, styledPen(*this), [&] {
         const QVector<QPointF> &points = shownPoints(*this);
-        if (m_nOutlinePointCount > 0 && points.size() >= m_nOutlinePointCount)
+        if (m_nOutlinePointCount > 0 && points.size() >= m_nOutlinePointCount &&
+            isRasterizable(points.constData(), m_nOutlinePointCount))
             painter.drawPolygon(points.constData(), m_nOutlinePointCount, Qt::OddEvenFill);
     });
 }

@@ -380,6 +380,34 @@ TYPED_TEST(DraggedPolygonDraw, extremeCoordinatesArePaintedWithoutHarm)
     }
 }
 
+// With such vertices Qt divides by zero, or does not come to an end.
+TYPED_TEST(DraggedPolygonDraw, verticesThatAreNoNumbersPaintNothing)
+{
+    constexpr double kInfinite = std::numeric_limits<double>::infinity();
+    for (const double far : {qQNaN(), kInfinite, -kInfinite, 1.7e308, -1.7e308}) {
+        for (const QPointF &vertex : {QPointF(far, 8), QPointF(8, far), QPointF(far, far)}) {
+            for (int i = 0; i < PolygonFacts<TypeParam>::kVertices; ++i) {
+                typename TestFixture::Edited polygon;
+                polygon.FinishGraph();
+                polygon.m_graphData = QVector<QPointF>{{-1e10, 13}, {15.5, 0}, {1e150, 16}, {-19.5, -20}};
+                polygon.m_graphData[i] = vertex;
+                EXPECT_TRUE(isBlank(drawn(polygon))) << far << ' ' << i;
+            }
+        }
+    }
+}
+
+TYPED_TEST(DraggedPolygonDraw, handlesAreShownWithVerticesThatAreNoNumbers)
+{
+    typename TestFixture::Edited polygon;
+    const QImage handles = painted([&](QPainter &painter) {
+        painter.setRenderHint(QPainter::Antialiasing);
+        polygon.DrawHotShape(painter);
+    });
+    polygon.m_graphData[1].setY(qQNaN());
+    EXPECT_TRUE(samePixels(drawn(polygon), handles));
+}
+
 TYPED_TEST(DraggedPolygonDraw, dragPointsThatAreNoNumbersAreSurvived)
 {
     const MessageLog log; // the paint engine warns

@@ -439,6 +439,24 @@ TEST(CInkSignGraph, shortenedListPaintsNothing)
     }
 }
 
+// With such points Qt divides by zero, or does not come to an end.
+TEST(CInkSignGraph, outlineWithWhatIsNoNumberIsNotPainted)
+{
+    for (const double far : {qQNaN(), qInf(), -qInf(), 1.7e308, -1.7e308}) {
+        for (int i = 0; i < 8; ++i) {
+            EditedStar star;
+            star.FinishGraph();
+            star.m_graphData[(i + 3) % 8] = {1e150, -16};
+            star.m_graphData[i] = {double(i), far};
+            EXPECT_TRUE(isBlank(drawn(star))) << far << ' ' << i;
+        }
+    }
+    EditedStar star;
+    star.FinishGraph();
+    star.m_graphData.append({qQNaN(), qQNaN()}); // behind the outline
+    EXPECT_TRUE(samePixels(drawn(star), outline(starPen(QColor(0, 0, 0), 1))));
+}
+
 // Dashes of a negative width would run backwards, for ever, and dashes of points too far away would stay in place.
 TEST(CInkSignGraph, endlessDashesAreSolid)
 {

@@ -106,6 +106,22 @@ TEST(CInkEllipseLabel, aTailBeyondAllMeasureIsNotCutOut)
         EXPECT_TRUE(samePixels(withTail(far), body)) << far;
 }
 
+// With such a body Qt does not come to an end.
+TEST(CInkEllipseLabel, aBodyBeyondAllMeasureIsNotPainted)
+{
+    constexpr double kLargest = std::numeric_limits<double>::max();
+    for (const double far : {kLargest, -kLargest, qInf(), -qInf(), qQNaN()}) {
+        CInkEllipseLabel label;
+        label.SetWidth(2);
+        drag(label, {100, 100}, {300, 240});
+        label.FinishGraph();
+        label.m_graphData = {{20, 5.5}, {20, 60}, {25, 70}, {30, 60}, {far, 24.5}};
+        label.m_fRotateAngle = 7;
+        label.m_ptCenter = {10, 10};
+        EXPECT_EQ(drawn(label).pixel(60, 10), 0u) << far;
+    }
+}
+
 TEST(CInkEllipseLabel, bodyIsNormalized)
 {
     CInkEllipseLabel label;
