@@ -75,9 +75,9 @@ void commitWithImage(CInkText &text)
 void paintTabLines(QPainter &painter, const QRect &tab)
 {
     constexpr int kInset = 8;
-    const int quarter = saturated(height(tab) / 4);
+    const qint64 quarter = height(tab) / 4;
     for (int i = 1; i <= 3; ++i) {
-        const double y = double(tab.top()) + i * quarter;
+        const double y = double(tab.top() + i * quarter);
         painter.drawLine(QPointF(double(tab.left()) + kInset, y), QPointF(double(tab.right()) - kInset, y));
     }
 }

@@ -153,6 +153,17 @@ TEST(CInkText_Draw, tabLinesLieAtTheQuartersOfItsHeight)
     }
 }
 
+TEST(CInkText_Draw, tabLinesOfATabBeyondAllMeasureAreOutOfSight)
+{
+    EditedText text;
+    text.m_rcHot = text.m_rcStretchCorner = QRect(-90, -90, 1, 1);
+    text.m_rcMoveTab.setCoords(50, -1'000'000'000, 94, 2'000'000'000); // lines at -250, 500 and 1250 million
+    const QImage image = painted([&](QPainter &painter) { text.DrawHotShape(painter); });
+    EXPECT_EQ(image.pixel(50, 100), 0xFF344B84u);
+    for (int y = 0; y < 300; ++y)
+        ASSERT_EQ(qAlpha(image.pixel(70, y)), 0) << y;
+}
+
 TEST(CInkText_Draw, foreignTextIsShaded)
 {
     EditedText text;
