@@ -1,5 +1,5 @@
 // Lives of single objects, in every order and with every value that a host may come up with. Nothing is expected but
-// that each step ends, within a second and what the points of the object take to be rendered.
+// that each step ends, within four seconds and what the points and the image of the object take to be rendered.
 
 #include "Input.h"
 #include "Stage.h"
@@ -19,9 +19,10 @@ using Fuzz::Layer;
 using Fuzz::Tool;
 
 constexpr int kMostSteps = 100;
-constexpr int kFewPoints = 64; // what a life keeps of more, unless it is one of the long ones
-constexpr double kMostSeconds = 1.0;
+constexpr int kFewPoints = 64;       // what a life keeps of more, unless it is one of the long ones
+constexpr double kMostSeconds = 4.0; // a header of some bytes asks for 256 megapixels, which are made and freed
 constexpr double kMostSecondsPerPoint = 5e-4; // four wide translucent lines with round caps
+constexpr double kMostSecondsPerPixel = 4e-7; // of the object's image, recorded in four pictures, which compress it
 
 double seconds(clockid_t clock)
 {
@@ -238,7 +239,12 @@ public:
         }
     }
 
-    int points() const { return m_graph->m_graphData.size(); }
+    // What the step that was the last may have taken.
+    double mostSeconds() const
+    {
+        const QSize image = m_graph->m_pImage ? m_graph->m_pImage->size() : QSize(0, 0);
+        return kMostSeconds + kMostSecondsPerPoint * points() + kMostSecondsPerPixel * image.width() * image.height();
+    }
 
     // Leaves the first of many points and the last. A wild move makes tens of thousands, and every further step of the
     // life would spend its time on them.
@@ -250,6 +256,8 @@ public:
 
 private:
     Q_DISABLE_COPY(Life)
+
+    int points() const { return m_graph->m_graphData.size(); }
 
     // Made when it is first needed: most lives are not painted on all.
     Layer &layer(int index)
@@ -310,7 +318,7 @@ void Fuzz::run(const std::uint8_t *data, std::size_t size)
     for (int step = 0; step < kMostSteps && !bytes.isEmpty(); ++step) {
         const double begin = seconds(CLOCK_MONOTONIC);
         life.step();
-        const double most = kMostSeconds + kMostSecondsPerPoint * life.points();
+        const double most = life.mostSeconds();
         life.thinOut();
         if (seconds(CLOCK_MONOTONIC) - begin <= most)
             continue;
