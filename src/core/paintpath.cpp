@@ -127,6 +127,8 @@ bool isOutlined(const QPainter &painter)
 // The pixels that a painter may paint, where those are a rectangle of whole ones.
 std::optional<QRect> paintable(QPainter &painter)
 {
+    constexpr double kHighestClip = 1e5; // device pixels; of one that is turned and higher, Qt frees not all
+
     if (!painter.paintEngine()->systemClip().isEmpty())
         return {};
     const QRect device = deviceOf(painter).rect();
@@ -134,8 +136,11 @@ std::optional<QRect> paintable(QPainter &painter)
         return device;
     const PainterStateScope scope(painter);
     painter.resetTransform();
+    const QRectF bounds = painter.clipBoundingRect();
+    if (!(bounds.height() <= kHighestClip))
+        return {};
     const QRegion clip = painter.clipRegion();
-    if (clip.rectCount() != 1 || painter.clipBoundingRect() != QRectF(clip.boundingRect()))
+    if (clip.rectCount() != 1 || bounds != real(clip.boundingRect()))
         return {};
     return device & clip.boundingRect();
 }

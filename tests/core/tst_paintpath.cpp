@@ -9,6 +9,7 @@
 #include <gtest/gtest.h>
 
 #include <functional>
+#include <limits>
 #include <random>
 
 using namespace InkInternal;
@@ -238,6 +239,15 @@ TEST(PaintPath, clipsAreThoseOfQt)
     EXPECT_EQ(painted(
                   path, [](QPainter &painter) { painter.setClipRect(QRect()); }, false),
               before);
+    const auto clipTooWideForAnInt = [](QPainter &painter) {
+        painter.setClipRect(QRect(QPoint(-72, 5), QPoint(std::numeric_limits<int>::max(), 60)));
+    };
+    EXPECT_EQ(painted(path, clipTooWideForAnInt, false), painted(path, clipTooWideForAnInt, true));
+    expectAlike("turned and so high that Qt's region of it leaks", path, [](QPainter &painter) {
+        painter.rotate(45);
+        painter.setClipRect(QRect(-90'000, -90'000, 180'000, 180'000));
+        painter.resetTransform();
+    });
     EXPECT_EQ(painted(
                   path, [](QPainter &painter) { painter.setClipRect(500, 0, 5, 5); }, false),
               before);
