@@ -119,14 +119,18 @@ inline QRect cornerBox(const QPointF &a, const QPointF &b)
     return normalized(QRect(truncated(a), truncated(b)));
 }
 
-// Whether Qt can rasterise a polygon through `count` points. On the way to what is no number it may divide by zero, and
-// where the difference of two coordinates has no end it may go on without one.
-inline bool isRasterizable(const QPointF *points, int count)
+// Whether Qt can rasterise what goes through a point. On the way to what is no number it may divide by zero, and where
+// the difference of two coordinates has no end it may go on without one. Only paths leave such points out, and not at
+// their start.
+inline bool isRasterizable(const QPointF &point)
 {
     constexpr double kFarthest = 1e300;
-    return std::all_of(points, points + count, [](const QPointF &point) {
-        return std::abs(point.x()) <= kFarthest && std::abs(point.y()) <= kFarthest;
-    });
+    return std::abs(point.x()) <= kFarthest && std::abs(point.y()) <= kFarthest;
+}
+
+inline bool areRasterizable(const QPointF *points, int count)
+{
+    return std::all_of(points, points + count, [](const QPointF &point) { return isRasterizable(point); });
 }
 
 // Integer bounding box of at least one point, all edges inclusive. What is no number widens nothing.

@@ -7,17 +7,22 @@
 #include <QtGui/QPainter>
 #include <QtGui/QPainterPath>
 
+#include <algorithm>
+
 namespace InkInternal {
 
 constexpr int kStrokeFrameMargin = 32; // canvas pixels between a finished stroke and its frame
 
-// A path through at least one point. Each segment is a quadTo with its start as control point: Qt flattens it
-// differently from a lineTo, so the pixels differ too.
+// A path through at least one point, from the first on that it can begin with. Each segment is a quadTo with its start
+// as control point: Qt flattens it differently from a lineTo, so the pixels differ too.
 inline QPainterPath strokePath(const QVector<QPointF> &points)
 {
-    QPainterPath path(points.first());
-    for (int i = 1; i < points.size(); ++i)
-        path.quadTo(points.at(i - 1), points.at(i));
+    const auto start = std::find_if(points.begin(), points.end(), isRasterizable);
+    if (start == points.end())
+        return {};
+    QPainterPath path(*start);
+    for (auto point = start + 1; point != points.end(); ++point)
+        path.quadTo(*(point - 1), *point);
     return path;
 }
 

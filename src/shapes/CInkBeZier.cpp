@@ -65,6 +65,8 @@ void CInkBeZier::Draw(QPainter &painter, QRect &rect)
     // [ink-curve-clip] United with the host's rectangle while edited, too.
     painter.setClipRect(rect | GetUpdateRect(), Qt::ReplaceClip);
     paintOverHandles(*this, painter, solidPen(*this, Qt::SquareCap), [&] {
+        if (!areRasterizable(m_graphData.constData(), PointCount))
+            return;
         QPainterPath path(m_graphData.at(Start));
         path.cubicTo(m_graphData.at(FirstControl), m_graphData.at(SecondControl), m_graphData.at(End));
         painter.drawPath(path);

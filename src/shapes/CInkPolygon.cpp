@@ -17,6 +17,8 @@ constexpr int kReservedPoints = 10;
 
 QPainterPath outline(const QVector<QPointF> &points, bool closed)
 {
+    if (!areRasterizable(points.constData(), points.size()))
+        return {};
     QPainterPath path(points.first());
     for (const QPointF &point : points)
         path.lineTo(point); // from the first on: a segment of no length

@@ -58,7 +58,7 @@ void paintVertices(CInkRectangle &shape, QPainter &painter, const QRect &rect, c
         return;
     paintOverHandles(shape, painter, pen, [&] {
         const QPointF *const vertices = shape.m_graphData.constData();
-        if (isRasterizable(vertices, Vertices))
+        if (areRasterizable(vertices, Vertices))
             painter.drawPolygon(vertices, Vertices, Qt::OddEvenFill);
     });
 }

@@ -74,7 +74,8 @@ void CInkEllipseLabel::Draw(QPainter &painter, QRect &rect)
         const QVector<QPointF> &points = shownPoints(*this);
         if (points.size() < kOutline.count)
             return;
-        painter.drawPath(tail(points));
+        if (isRasterizable(points.at(1)))
+            painter.drawPath(tail(points));
         // The body's outline does not cross the opening of the tail. The clip turns with the object.
         QPainterPath outsideMouth;
         outsideMouth.addRect(real(clip));
@@ -84,7 +85,7 @@ void CInkEllipseLabel::Draw(QPainter &painter, QRect &rect)
         painter.setClipPath(outsideMouth, Qt::ReplaceClip);
         const QPointF corners[] = {points.at(0), points.at(4)};
         const QPointF size = corners[1] - corners[0];
-        if (isRasterizable(corners, 2))
+        if (areRasterizable(corners, 2))
             painter.drawEllipse(QRectF(corners[0], QSizeF(size.x(), size.y())).normalized());
     };
     paintOverHandles(*this, painter, styledPen(*this), paintFigure,

@@ -45,7 +45,7 @@ void CInkSignGraph::Draw(QPainter &painter, QRect &rect)
     paintOverHandles(*this, painter, styledPen(*this), [&] {
         const QVector<QPointF> &points = shownPoints(*this);
         if (m_nOutlinePointCount > 0 && points.size() >= m_nOutlinePointCount &&
-            isRasterizable(points.constData(), m_nOutlinePointCount))
+            areRasterizable(points.constData(), m_nOutlinePointCount))
             painter.drawPolygon(points.constData(), m_nOutlinePointCount, Qt::OddEvenFill);
     });
 }

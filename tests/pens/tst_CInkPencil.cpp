@@ -381,6 +381,22 @@ TEST(CInkPencil, extremeCoordinatesArePaintedWithoutHarm)
     }
 }
 
+// With such a start Qt divides by zero, or does not come to an end.
+TEST(CInkPencil, strokeBeginsAtTheFirstPointThatIsANumber)
+{
+    CInkPencil plain;
+    plain.m_graphData = {{20, 2}, {40, 30}, {70, 60}};
+    const QImage expected = drawn(plain);
+    EXPECT_FALSE(isBlank(expected));
+    for (const double far : {qQNaN(), qInf(), -qInf(), 1.7e308}) {
+        CInkPencil pencil;
+        pencil.m_graphData = {{far, 9}, {9, far}, {20, 2}, {40, 30}, {70, 60}};
+        EXPECT_TRUE(samePixels(drawn(pencil), expected)) << far;
+        pencil.m_graphData = {{far, 9}, {9, far}};
+        EXPECT_TRUE(isBlank(drawn(pencil))) << far;
+    }
+}
+
 TEST(CInkPencil, painterThatIsNotActivePaintsNothing)
 {
     const MessageLog log; // of Qt's complaints

@@ -386,6 +386,22 @@ TEST(CInkBeZier, paintingLogsNothing)
     EXPECT_TRUE(log.lines.isEmpty());
 }
 
+// With such a start Qt divides by zero, or does not come to an end.
+TEST(CInkBeZier, curveWithAPointThatIsNoNumberIsNotPainted)
+{
+    for (const double far : {qQNaN(), qInf(), -qInf(), 1.7e308}) {
+        for (int i = 0; i < 4; ++i) {
+            Curve curve;
+            drag(curve, {50, 80}, {150, 180});
+            drag(curve, {50, 180}, {150, 80});
+            curve.FinishGraph();
+            curve.m_graphData = {{29, 5}, {-1, -8.5}, {31.5, 13}, {35, 22}};
+            curve.m_graphData[i].setX(far);
+            EXPECT_TRUE(isBlank(drawn(curve))) << far << ' ' << i;
+        }
+    }
+}
+
 TEST(CInkBeZier, extremeCoordinatesArePaintedWithoutHarm)
 {
     for (const int width : {-7, 0, 1, 10}) {

@@ -366,6 +366,20 @@ TEST(CInkPolygon, paintingLogsNothing)
     EXPECT_TRUE(log.lines.isEmpty());
 }
 
+// With such vertices Qt divides by zero, or does not come to an end.
+TEST(CInkPolygon, outlineWithAVertexThatIsNoNumberIsNotPainted)
+{
+    for (const double far : {qQNaN(), qInf(), -qInf(), 1.7e308}) {
+        for (int i = 0; i < 4; ++i) {
+            EditedPolygon polygon;
+            polygon.FinishGraph();
+            polygon.m_graphData = {{50, 5}, {-4, -8.5}, {16, 13}, {9e15, 22}};
+            polygon.m_graphData[i].setX(far);
+            EXPECT_TRUE(isBlank(drawn(polygon))) << far << ' ' << i;
+        }
+    }
+}
+
 TEST(CInkPolygon, extremeCoordinatesArePaintedWithoutHarm)
 {
     for (const int width : {-7, 0, 1, 10}) {

@@ -446,7 +446,7 @@ TEST(CInkSignGraph, outlineWithWhatIsNoNumberIsNotPainted)
         for (int i = 0; i < 8; ++i) {
             EditedStar star;
             star.FinishGraph();
-            star.m_graphData[(i + 3) % 8] = {1e150, -16};
+            star.m_graphData[(i + 3) % 8] = {1e100, -16};
             star.m_graphData[i] = {double(i), far};
             EXPECT_TRUE(isBlank(drawn(star))) << far << ' ' << i;
         }

@@ -106,6 +106,22 @@ TEST(CInkEllipseLabel, aTailBeyondAllMeasureIsNotCutOut)
         EXPECT_TRUE(samePixels(withTail(far), body)) << far;
 }
 
+TEST(CInkEllipseLabel, aTailFromNowhereIsNotPainted)
+{
+    CInkEllipseLabel label;
+    drag(label, {100, 100}, {300, 240});
+    label.FinishGraph();
+    const QImage body = painted([](QPainter &painter) {
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setPen(plainPen(Qt::SquareCap));
+        painter.drawEllipse(100, 100, 200, 140);
+    });
+    for (const double far : {1.7e308, -1.7e308, qInf(), qQNaN()}) {
+        label.m_graphData = {{100, 100}, {150, far}, {160, 280}, {180, 230}, {300, 240}};
+        EXPECT_TRUE(samePixels(drawn(label), body)) << far;
+    }
+}
+
 // With such a body Qt does not come to an end.
 TEST(CInkEllipseLabel, aBodyBeyondAllMeasureIsNotPainted)
 {
