@@ -15,16 +15,19 @@ constexpr int kHidingTime = 400; // milliseconds until desktops have faded a win
 
 void grabScreen(QWidget &window, const std::function<void(const QImage &)> &use)
 {
-    QScreen *screen = window.screen();
-    const QSize size = screen->size();
     window.hide();
-    QTimer::singleShot(kHidingTime, &window, [&window, screen, size, use] {
-        QImage picture = screen->grabWindow(0, 0, 0, size.width(), size.height()).toImage();
+    auto *const delay = new QTimer(&window);
+    delay->setSingleShot(true);
+    QObject::connect(delay, &QTimer::timeout, &window, [&window, delay, use] {
+        QScreen *const screen = window.screen(); // it may be another by now
+        QImage picture = screen->grabWindow(0, 0, 0, screen->size().width(), screen->size().height()).toImage();
         picture.setDevicePixelRatio(1);
         window.show();
         window.activateWindow();
+        delay->deleteLater();
         use(picture);
     });
+    delay->start(kHidingTime);
 }
 
 } // namespace Board
