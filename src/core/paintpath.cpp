@@ -127,8 +127,6 @@ bool isOutlined(const QPainter &painter)
 // The pixels that a painter may paint, where those are a rectangle of whole ones.
 std::optional<QRect> paintable(QPainter &painter)
 {
-    constexpr double kHighestClip = 1e5; // device pixels; of one that is turned and higher, Qt frees not all
-
     if (!painter.paintEngine()->systemClip().isEmpty())
         return {};
     const QRect device = deviceOf(painter).rect();
@@ -136,8 +134,13 @@ std::optional<QRect> paintable(QPainter &painter)
         return device;
     const PainterStateScope scope(painter);
     painter.resetTransform();
+    // The region of a turned clip has rectangles for each row, whose making takes longer than the path would, and of a
+    // very high one Qt frees not all.
+    constexpr double kHighest = 1e5; // device pixels
     const QRectF bounds = painter.clipBoundingRect();
-    if (!(bounds.height() <= kHighestClip))
+    const auto isWhole = [](double edge) { return edge == std::floor(edge); };
+    if (!isWhole(bounds.left()) || !isWhole(bounds.top()) || !isWhole(bounds.right()) || !isWhole(bounds.bottom()) ||
+        !(bounds.height() <= kHighest))
         return {};
     const QRegion clip = painter.clipRegion();
     if (clip.rectCount() != 1 || bounds != real(clip.boundingRect()))
