@@ -81,7 +81,7 @@ bool fallsIntoParts(const QPainter &painter, const QImage &pixels, const QRect &
 // The part of `pixels` that can show through the painter's clip.
 QRect visiblePart(const QPainter &painter, const QImage &pixels)
 {
-    const QTransform toDevice = painter.deviceTransform();
+    const QTransform &toDevice = painter.deviceTransform();
     const QPaintDevice &device = *painter.paintEngine()->paintDevice();
     const QRect part =
         pixels.rect() &

@@ -20,8 +20,9 @@ constexpr int kUpdateMargin = 3; // in pen widths, around the newest segment
 QPainterPath disc(const QPointF &point, int width)
 {
     const QPoint middle = truncated(point);
+    const int half = width / 2;
     QPainterPath path;
-    path.addEllipse(QRectF(double(middle.x()) - width / 2, double(middle.y()) - width / 2, width, width));
+    path.addEllipse(QRectF(double(middle.x()) - half, double(middle.y()) - half, width, width));
     return path;
 }
 

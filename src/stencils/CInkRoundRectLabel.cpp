@@ -24,6 +24,7 @@ QPainterPath bubble(const QVector<QPointF> &points)
     const int left = body.left(), top = body.top(), right = body.right(), bottom = body.bottom();
     const int rx = saturated((qint64(right) - left) / kCornersPerSide);
     const int ry = saturated((qint64(bottom) - top) / kCornersPerSide);
+    const int halfX = rx / 2, halfY = ry / 2;
 
     QPainterPath path;
     const auto corner = [&](int x, int y, int startDegrees) {
@@ -36,16 +37,16 @@ QPainterPath bubble(const QVector<QPointF> &points)
         path.lineTo(to);
     };
     corner(left, top, 90);
-    edge(QPointF(left + rx / 2, top), QPointF(right - rx / 2, top));
+    edge(QPointF(left + halfX, top), QPointF(right - halfX, top));
     corner(right - rx, top, 0);
-    edge(QPointF(right, top + ry / 2), QPointF(right, bottom - ry / 2));
+    edge(QPointF(right, top + halfY), QPointF(right, bottom - halfY));
     corner(right - rx, bottom - ry, 270);
-    path.moveTo(right - rx / 2, bottom);
+    path.moveTo(right - halfX, bottom);
     for (const int i : {3, 2, 1})
         path.lineTo(points.at(i));
-    path.lineTo(left + rx / 2, bottom);
+    path.lineTo(left + halfX, bottom);
     corner(left, bottom - ry, 180);
-    edge(QPointF(left, bottom - ry / 2), QPointF(left, top + ry / 2));
+    edge(QPointF(left, bottom - halfY), QPointF(left, top + halfY));
     return path;
 }
 
