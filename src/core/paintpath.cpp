@@ -155,12 +155,13 @@ bool isCrowded(const QPainterPath &path, double penWidth, const QTransform &tran
     constexpr double kLengthPerBand = 80; // device pixels
     constexpr double kLengthWalk = 2, kElementWalk = 20;
     constexpr double kPixelComposition = 1.5, kElementConversion = 330;
+    constexpr double kJoin = 0.1; // of the pen's reach, for each element; sharp turns take more of it
 
     const double reach = penWidth / 2;
     const QRectF around =
         transform.mapRect(path.controlPointRect().adjusted(-reach, -reach, reach, reach)) & QRectF(area);
     const double elements = path.elementCount();
-    double length = reach * elements; // of the joins
+    double length = kJoin * reach * elements;
     for (int i = 1; i < path.elementCount(); ++i) {
         const QPointF step = QPointF(path.elementAt(i)) - QPointF(path.elementAt(i - 1));
         length += std::sqrt(QPointF::dotProduct(step, step));
