@@ -1,4 +1,5 @@
-// The pass over the points of a stroke, with and without wide registers, and the corner that the flat brush turns about.
+// The pass over the points of a stroke, with and without wide registers, and the corner that the flat brush turns
+// about.
 
 #include "pens/culled_p.h"
 
