@@ -1,7 +1,5 @@
 #include "coverage_p.h"
 
-#include <QtCore/QtMath>
-
 #include <algorithm>
 #include <array>
 #include <cmath>
