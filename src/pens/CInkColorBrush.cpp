@@ -106,7 +106,8 @@ void CInkColorBrush::DrawColorBrushGraph(QPainter &painter)
     QPainter cache(m_pImage);
     setHighQualityAntialiasing(cache);
     cache.setRenderHint(QPainter::SmoothPixmapTransform);
-    QColor color = m_color;
+    // Eight bits of each channel, whatever the model of the object's colour.
+    const QColor opaque(m_color.red(), m_color.green(), m_color.blue());
     const double margin = std::abs(double(m_nWidth)) + 1;
     const QRectF pixels = reachOf(*m_pImage);
     const QRectF reach = pixels.adjusted(-margin, -margin, margin, margin);
@@ -120,6 +121,7 @@ void CInkColorBrush::DrawColorBrushGraph(QPainter &painter)
             continue;
         const QImage before = isWhole ? m_pImage->copy() : QImage();
         for (const auto &pass : kPasses) {
+            QColor color = opaque;
             color.setAlpha(pass.alpha);
             const int width = truncated(double(pass.width * float(m_nWidth)));
             cache.setPen(QPen(color, width, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));

@@ -68,8 +68,7 @@ void CInkCrayon::DrawCrayonGraph(QPainter &painter)
         return;
     // [ink-crayon-alpha] The object's colour keeps this alpha.
     m_color.setAlpha(kAlpha);
-    QColor clear = m_color;
-    clear.setAlpha(0);
+    const QColor clear(m_color.red(), m_color.green(), m_color.blue(), 0);
 
     const QVector<QPointF> &points = m_graphData;
     const double width = m_nWidth;

@@ -36,10 +36,10 @@ inline void render(const CInkColorBrush &brush, Texture &texture)
     QPainter painter(&texture.pixels);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setRenderHint(QPainter::SmoothPixmapTransform);
-    QColor color = brush.m_color;
+    const QColor &ink = brush.m_color;
     for (; texture.drawn < brush.m_graphData.size() - 1; ++texture.drawn) {
         for (const auto &pass : passes) {
-            color.setAlpha(pass.alpha);
+            const QColor color(ink.red(), ink.green(), ink.blue(), pass.alpha);
             painter.setPen(
                 QPen(color, int(pass.width * float(brush.m_nWidth)), Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
             painter.drawLine(brush.m_graphData.at(texture.drawn), brush.m_graphData.at(texture.drawn + 1));
@@ -53,8 +53,7 @@ inline void render(const CInkCrayon &crayon, Texture &texture)
     const double width = crayon.m_nWidth;
     QColor color = crayon.m_color;
     color.setAlpha(150);
-    QColor clear = color;
-    clear.setAlpha(0);
+    const QColor clear(color.red(), color.green(), color.blue(), 0);
     QPainter painter(&texture.pixels);
     for (; texture.drawn < points.size(); ++texture.drawn) {
         const QPointF point = points.at(texture.drawn);
