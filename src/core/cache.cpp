@@ -62,11 +62,11 @@ QImage imageOnPages(const QSize &size, void *(*map)(std::size_t))
 }
 
 // An event of a stroke shows so little that looking for ink does not pay.
-bool showsLittle(const QPainter &painter)
+bool showsLittle(QPainter &painter)
 {
     if (!painter.hasClipping())
         return false;
-    const QRectF clip = painter.clipBoundingRect();
+    const QRectF clip = clipBounds(painter);
     return clip.width() * clip.height() <= kSmallPart;
 }
 
@@ -79,7 +79,7 @@ bool fallsIntoParts(const QPainter &painter, const QImage &pixels, const QRect &
 }
 
 // The part of `pixels` that can show through the painter's clip.
-QRect visiblePart(const QPainter &painter, const QImage &pixels)
+QRect visiblePart(QPainter &painter, const QImage &pixels)
 {
     const QTransform &toDevice = painter.deviceTransform();
     const QPaintDevice &device = *painter.paintEngine()->paintDevice();
@@ -88,7 +88,7 @@ QRect visiblePart(const QPainter &painter, const QImage &pixels)
         QRect(0, 0, device.width(), device.height()).translated(-int(toDevice.dx()), -int(toDevice.dy()));
     if (!painter.hasClipping())
         return part;
-    const QRectF clip = painter.clipBoundingRect();
+    const QRectF clip = clipBounds(painter);
     // Qt has its own way with the edges of a clip of no size.
     return clip.isEmpty() ? part : (clip.adjusted(-1, -1, 1, 1) & QRectF(part)).toAlignedRect();
 }
@@ -173,7 +173,7 @@ bool InkInternal::ensureCache(CInkGraph &graph, const QRect &canvas)
 
 void InkInternal::layOver(QPainter &painter, const QImage &pixels, const QRect &canvas, const QRectF &source)
 {
-    if (showsLittle(painter) || !fallsIntoParts(painter, pixels, canvas)) {
+    if (!fallsIntoParts(painter, pixels, canvas) || showsLittle(painter)) {
         paintImage(painter, real(canvas), pixels, source);
         return;
     }

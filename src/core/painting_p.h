@@ -31,6 +31,16 @@ private:
     QPainter &m_painter;
 };
 
+// Around the painter's clip, in its coordinates. Qt 5.15 answers from the inverse of its transform, which it keeps
+// beyond end(): a painter that was begun anew may still hold that of another transform, until a state is given back.
+inline QRectF clipBounds(QPainter &painter)
+{
+    {
+        const PainterStateScope scope(painter);
+    }
+    return painter.clipBoundingRect();
+}
+
 // From the object's unrotated frame to the canvas.
 inline QTransform objectFrame(const CInkGraph &graph)
 {

@@ -137,7 +137,7 @@ std::optional<QRect> paintable(QPainter &painter)
     // The region of a turned clip has rectangles for each row, whose making takes longer than the path would, and of a
     // very high one Qt frees not all.
     constexpr double kHighest = 1e5; // device pixels
-    const QRectF bounds = painter.clipBoundingRect();
+    const QRectF bounds = clipBounds(painter);
     const auto isWhole = [](double edge) { return edge == std::floor(edge); };
     if (!isWhole(bounds.left()) || !isWhole(bounds.top()) || !isWhole(bounds.right()) || !isWhole(bounds.bottom()) ||
         !(bounds.height() <= kHighest))

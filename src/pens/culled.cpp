@@ -254,11 +254,11 @@ QPainterPath pathOf(const QVector<QPointF> &points, const Runs &runs, StrokeSegm
 }
 
 // The part of the device that a painter's clip lets it paint; not ordered without a clip.
-Box deviceClip(const QPainter &painter)
+Box deviceClip(QPainter &painter)
 {
     if (!painter.hasClipping())
         return {Pair{1, 1}, Pair{0, 0}};
-    const Box clip = boxOf(painter.deviceTransform().mapRect(painter.clipBoundingRect()));
+    const Box clip = boxOf(painter.deviceTransform().mapRect(clipBounds(painter)));
     const auto *image = dynamic_cast<const QImage *>(painter.paintEngine()->paintDevice());
     if (!isOrdered(clip.low, clip.high) || !image)
         return clip;
@@ -330,9 +330,11 @@ void InkInternal::paintStroke(QPainter &painter, const QVector<QPointF> &points,
                               const QTransform *world)
 {
     const auto whole = [&] { return segment == StrokeSegment::Curve ? strokePath(points) : linePath(points); };
-    const Box clip = deviceClip(painter);
     const QTransform transform = deviceTransform(painter, world);
-    if (!isOrdered(clip.low, clip.high) || !canCull(painter, points, transform))
+    if (!canCull(painter, points, transform))
+        return drawPath(painter, whole(), world);
+    const Box clip = deviceClip(painter);
+    if (!isOrdered(clip.low, clip.high))
         return drawPath(painter, whole(), world);
 
     const Frame frame(transform, painter.pen());

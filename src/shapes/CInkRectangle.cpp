@@ -54,11 +54,11 @@ void CInkRectangle::Draw(QPainter &painter, QRect &rect)
 
     // [ink-clip-outlives-draw] Set before the state is saved: the host finds it afterwards.
     const bool writesLine = writesDebugLines();
-    const QRectF clipBefore = writesLine ? painter.clipBoundingRect() : QRectF();
+    const QRectF clipBefore = writesLine ? clipBounds(painter) : QRectF();
     painter.setClipRect(clip, Qt::ReplaceClip);
     if (writesLine)
         qDebug() << "CInkRectangle::Draw clip" << clip << "before" << clipBefore << "after"
-                 << painter.clipBoundingRect();
+                 << clipBounds(painter);
 
     const PainterStateScope scope(painter);
     painter.setRenderHint(QPainter::Antialiasing);

@@ -92,6 +92,26 @@ TEST(PaintPath, crowdedPathsAreThoseOfQt)
     }
 }
 
+// Qt would tell where the clip lies by the transform that the painter had before.
+TEST(PaintPath, painterThatIsBegunAnewPaintsAsAFreshOne)
+{
+    const QRect clip(10, 10, 80, 60);
+    QImage other = motley(), image = motley();
+    QPainter painter(&other);
+    painter.translate(7, 30);
+    painter.clipBoundingRect();
+    painter.end();
+
+    painter.begin(&image);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(roundPen(5));
+    painter.setClipRect(clip);
+    paintPath(painter, scribble());
+    painter.end();
+    EXPECT_EQ(image, painted(
+                         scribble(), [&](QPainter &fresh) { fresh.setClipRect(clip); }, true));
+}
+
 TEST(PaintPath, curvesAndPartsAreThoseOfQt)
 {
     std::mt19937 random(7);
