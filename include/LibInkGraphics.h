@@ -11,6 +11,7 @@ public:
     LibInkGraphics();
 };
 
+// What the library tells of itself.
 namespace Lectern {
 
 // The version text, for example to be shown in an "About" box. The spelling of the name is the exported one.

@@ -23,7 +23,7 @@
 #include <CInkEraser.h>
 #include <CInkErro.h>
 #include <CInkFlatBrush.h>
-#include <CInkFloodFill.h>
+#include <CInkFloodFillEx.h>
 #include <CInkHighLightPen.h>
 #include <CInkITriangle.h>
 #include <CInkLTriangle.h>
@@ -44,6 +44,7 @@
 
 #include <QtCore/QLoggingCategory>
 #include <QtGui/QGuiApplication>
+#include <QtGui/QPainter>
 
 #include <cmath>
 #include <cstdio>
@@ -109,6 +110,20 @@ QImage ramp()
     return image;
 }
 
+// What a host has rendered of what was typed into its editor.
+QImage text()
+{
+    QImage image(110, 60, QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::transparent);
+    QPainter painter(&image);
+    QFont font(QStringLiteral("DejaVu Sans"));
+    font.setPixelSize(20);
+    painter.setFont(font);
+    painter.setPen(QColor(20, 60, 160));
+    painter.drawText(image.rect(), int(Qt::TextWordWrap), QStringLiteral("Clouds are water"));
+    return image;
+}
+
 template <typename Tool, typename... Arguments>
 std::unique_ptr<Tool> tool(int width, Arguments... arguments)
 {
@@ -167,15 +182,17 @@ bool drawPens(const Album &album)
 
 bool drawRaster(const Album &album)
 {
-    QImage image = ramp();
-    CInkText text;
+    QImage picture = ramp(), rendered = text();
+    CInkText frame;
     CInkRgnSelect select;
     return album.stroke("CInkEraser", *tool<CInkEraser>(16), wave(), drawSomethingOn) &&
            album.stroke("CInkFloodFill", *tool<CInkFloodFill>(1, Sheet::kSize), {{PT_DOWN, {80, 60}}},
                         drawSomethingOn) &&
+           album.stroke("CInkFloodFillEx", *tool<CInkFloodFillEx>(1, Sheet::kSize), {{PT_DOWN, {30, 20}}},
+                        drawSomethingOn) &&
            album.stroke("CInkRgnSelect", select, drag({60, 10}, {100, 60}), drawSomethingOn) &&
-           album.edited("CInkPicTure", *tool<CInkPicTure>(1, &image, QPoint(50, 65)), {}) &&
-           album.edited("CInkText", text, drag({20, 15}, {140, 95}), [&] { text.SetTextImage(&image); });
+           album.edited("CInkPicTure", *tool<CInkPicTure>(1, &picture, QPoint(50, 65)), {}) &&
+           album.edited("CInkText", frame, drag({20, 15}, {140, 95}), [&] { frame.SetTextImage(&rendered); });
 }
 
 } // namespace
