@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Builds host.cpp in one of the ways in which a host finds the library, and runs it; or builds an example.
-# usage: consume.sh find_package|add_subdirectory|pkg-config|qmake|minimal-host BUILD PREFIX LIBDIR TOOL
+# usage: consume.sh find_package|add_subdirectory|pkg-config|qmake|minimal-host|guide BUILD PREFIX LIBDIR TOOL
 # BUILD is a folder of its own; LIBDIR is relative to PREFIX; TOOL is the cmake, pkg-config or qmake to use.
 set -euo pipefail
 
@@ -29,7 +29,7 @@ qmake)
     "$tool" host.pro "INK_LIBDIR=$libdir"
     make
     ;;
-minimal-host) # which has a window, and is run by its own test
+minimal-host | guide) # which have windows, and are run by tests of their own
     "$tool" -S "$here/../../examples/$way" -B . -D CMAKE_PREFIX_PATH="$prefix" -D CMAKE_BUILD_TYPE=Release
     "$tool" --build .
     exit
