@@ -13,7 +13,7 @@ TextBox::TextBox(CInkText &text, QWidget *page)
     setFrameShape(QFrame::NoFrame);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    document()->setDocumentMargin(0); // or the text lies 4 pixels farther in
+    document()->setDocumentMargin(0); // or the text lies 4 pixels farther in, here and in the image
     QPalette colors = palette();
     colors.setColor(QPalette::Base, Qt::transparent);
     colors.setColor(QPalette::Text, text.m_color);

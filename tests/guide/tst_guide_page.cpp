@@ -62,33 +62,87 @@ void layInk(Page &page)
 
 } // namespace
 
-// Each event of many objects leaves the surface as if all of them were painted on the page once, in their order.
+namespace {
+
+// Objects in progress on a page, and their twins, which are never painted on it.
+class InProgress
+{
+public:
+    explicit InProgress(std::vector<Page::Object> objects, std::vector<Page::Object> twins)
+        : m_twins(std::move(twins))
+        , m_isPressed(m_twins.size())
+    {
+        layInk(page);
+        for (Page::Object &object : objects)
+            m_objects.push_back(&page.begin(std::move(object)));
+    }
+
+    void feed(std::size_t which, const QPoint &pt)
+    {
+        const int code = m_isPressed[which] ? PT_MOVE : PT_DOWN;
+        m_isPressed[which] = true;
+        page.feed(*m_objects[which], code, pt);
+        ::feed(*m_twins[which], code, pt.x(), pt.y());
+    }
+
+    // The page with each of them painted on it once, in their order.
+    QImage expected()
+    {
+        Guide::Layers layers = page.layers();
+        layers.restore(layers.rect());
+        for (const auto &twin : m_twins)
+            layers.draw(*twin, layers.rect());
+        return layers.surface;
+    }
+
+    Page page{kPage};
+
+private:
+    std::vector<CInkGraph *> m_objects;
+    std::vector<Page::Object> m_twins;
+    std::vector<bool> m_isPressed;
+};
+
+} // namespace
+
 TEST(GuidePage, eachOfManyObjectsIsRepaintedWithoutWipingTheOthers)
 {
     const Silence silence;
-    Page page(kPage);
-    layInk(page);
-    std::vector<CInkGraph *> objects;
-    std::vector<Page::Object> twins = crowd();
-    for (Page::Object &object : crowd())
-        objects.push_back(&page.begin(std::move(object)));
-
+    InProgress all(crowd(), crowd());
+    const int count = int(crowd().size());
     std::mt19937 random(5);
     const auto below = [&](int end) { return int(random() % unsigned(end)); };
-    std::vector<bool> isPressed(objects.size());
     for (int i = 0; i < 130; ++i) {
-        const std::size_t which = std::size_t(below(int(objects.size())));
-        const QPoint pt(20 + below(360), 20 + below(260));
-        const int code = isPressed[which] ? PT_MOVE : PT_DOWN;
-        isPressed[which] = true;
-        page.feed(*objects[which], code, pt);
-        feed(*twins[which], code, pt.x(), pt.y());
+        const int which = below(count);
+        all.feed(std::size_t(which), {20 + below(360), 20 + below(260)});
+        ASSERT_EQ(all.page.layers().surface, all.expected()) << "event " << i << " of object " << which;
+    }
+}
 
-        Guide::Layers expected = page.layers();
-        expected.restore(expected.rect());
-        for (const auto &twin : twins)
-            expected.draw(*twin, expected.rect());
-        ASSERT_EQ(page.layers().surface, expected.surface) << "event " << i << " of object " << which;
+// Two on a page, one of which wanders over the other: what is repainted is a small part.
+TEST(GuidePage, wanderingObjectLeavesTheOtherAsItIs)
+{
+    const Silence silence;
+    const std::size_t count = crowd().size();
+    for (std::size_t which = 0; which < count; ++which) {
+        const auto pair = [which] {
+            std::vector<Page::Object> objects;
+            objects.push_back(made<CInkHighLightPen>(Qt::darkGreen, 20));
+            objects.push_back(std::move(crowd()[which]));
+            return objects;
+        };
+        InProgress two(pair(), pair());
+        committed(two.page, made<CInkBrush>(Qt::darkBlue, 600), {0, 150}, {399, 150}); // ink all over
+        two.feed(0, {150, 100});
+        two.feed(0, {250, 200});
+        std::mt19937 random(7);
+        two.feed(1, {60, 60});
+        QPoint pt(200, 150); // a long first move
+        for (int i = 0; i < 60; ++i) {
+            two.feed(1, pt);
+            ASSERT_EQ(two.page.layers().surface, two.expected()) << "event " << i << " of object " << which;
+            pt += QPoint(int(random() % 121) - 60, int(random() % 121) - 60);
+        }
     }
 }
 

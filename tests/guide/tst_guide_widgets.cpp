@@ -122,6 +122,7 @@ private:
         const bool held = type != QEvent::TabletRelease;
         QTabletEvent event(type, at, m_pad->mapToGlobal(at), QTabletEvent::Stylus, QTabletEvent::Pen, 0.5, 0, 0, 0, 0,
                            0, Qt::NoModifier, 1, Qt::LeftButton, held ? Qt::LeftButton : Qt::NoButton);
+        event.ignore();
         QCoreApplication::sendEvent(m_pad.get(), &event);
         QVERIFY(event.isAccepted());
     }
