@@ -311,6 +311,28 @@ TEST(GuidePage, liftedPixelsOutliveWhatTheyWereLiftedFrom)
     EXPECT_EQ(page.layers().page.pixel(150, 220), kRed);
 }
 
+// A box from (100,100) to (240,160), turned by a quarter about (150,130), which was its middle before it was stretched.
+TEST(GuidePage, finishingATurnedBoxThatWasStretchedMovesIt)
+{
+    const Silence silence;
+    const auto committedBy = [](bool finishes) {
+        CInkRectangle box;
+        drag(box, {100, 100}, {200, 160});
+        box.m_fRotateAngle = 90;
+        box.m_graphData[1].setX(240);
+        if (finishes)
+            box.FinishGraph();
+        else
+            feed(box, PT_DOWN, 390, 10);
+        return drawn(box);
+    };
+    const QImage pressed = committedBy(false), finished = committedBy(true);
+    EXPECT_EQ(pressed.pixel(120, 150), 0xFF000000U);
+    EXPECT_EQ(pressed.pixel(140, 150), 0U);
+    EXPECT_EQ(finished.pixel(120, 150), 0U);
+    EXPECT_EQ(finished.pixel(140, 150), 0xFF000000U); // about (170,130) now
+}
+
 TEST(GuidePage, arrowLinesLeaveNoStatesForQtToComplainOf)
 {
     const MessageLog log;
