@@ -15,9 +15,10 @@ find_package)
     "$tool" -S "$here/find_package" -B . -D CMAKE_PREFIX_PATH="$prefix" -D CMAKE_BUILD_TYPE=Release
     "$tool" --build .
     ;;
-add_subdirectory) # unoptimised, since it compiles the library once more
+add_subdirectory) # unoptimised, since it compiles the library once more; what that exports is no different
     "$tool" -G Ninja -S "$here/add_subdirectory" -B . -D CMAKE_BUILD_TYPE=Debug
     "$tool" --build . --target host
+    "$here/../abi/check_exports.sh" InkGraphics/src/libInkGraphics.so "$here/../abi/exports.approved.txt"
     ;;
 pkg-config)
     export PKG_CONFIG_PATH=$libdir/pkgconfig
