@@ -11,7 +11,7 @@ set(qmake_dir ${CMAKE_INSTALL_LIBDIR}/InkGraphics)
 install(TARGETS InkGraphics EXPORT InkGraphicsTargets
     LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT library NAMELINK_COMPONENT development
     FILE_SET HEADERS DESTINATION ${include_dir} COMPONENT development
-    FILE_SET forwarding DESTINATION ${include_dir} COMPONENT development
+    FILE_SET generated DESTINATION ${include_dir} COMPONENT development
     INCLUDES DESTINATION ${include_dir} # for a CMake that does not know file sets
 )
 install(EXPORT InkGraphicsTargets NAMESPACE Ink:: DESTINATION ${config_dir} COMPONENT development)
