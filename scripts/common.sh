@@ -63,3 +63,5 @@ readonly docs_packages="doxygen qhelpgenerator-qt5 qtbase5-doc-dev python3"
 readonly package_packages="debhelper dpkg-dev git lintian"
 readonly fuzz_packages="clang libclang-rt-14-dev"
 readonly coverage_packages="gcovr"
+readonly arm64_packages="g++-aarch64-linux-gnu qemu-user-static"
+readonly arm64_sysroot=${INK_ARM64_SYSROOT:-$root/build/arm64/sysroot} # what scripts/arm64 unpacks
