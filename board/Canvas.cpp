@@ -2,10 +2,11 @@
 
 #include "Cursors.h"
 #include "ObjectEditor.h"
-#include "PageSize.h"
 #include "PictureFile.h"
 #include "Style.h"
 #include "ViewPainter.h"
+
+#include "lesson/paper/PageSize.h"
 
 #include "PointerEvent.h"
 
@@ -157,8 +158,8 @@ Ink Canvas::pageInk() const
 // To what the whole widget shows at zoom 1.
 void Canvas::growPage()
 {
-    const QSize size = pageSizeAt(this->size(), m_document.density());
-    if (pageSizeProblem(size.expandedTo(page().rect().size())).isEmpty())
+    const QSize size = InkLesson::pageSizeAt(this->size(), m_document.density());
+    if (InkLesson::pageSizeProblem(size.expandedTo(page().rect().size())).isEmpty())
         current().grow(size);
 }
 

@@ -11,7 +11,6 @@
 #include "NameDialog.h"
 #include "OptionControl.h"
 #include "PageCommands.h"
-#include "PageSize.h"
 #include "PageStrip.h"
 #include "ScreenInk.h"
 #include "ShortcutDialog.h"
@@ -20,6 +19,8 @@
 #include "ToolRail.h"
 #include "WidthControl.h"
 #include "ZoomControl.h"
+
+#include "lesson/paper/PageSize.h"
 
 #include <QtGui/QCloseEvent>
 #include <QtGui/QGuiApplication>
@@ -49,13 +50,15 @@ QWidget *makeDivider(QWidget *parent)
 double densityFor(const QSize &plainSize)
 {
     const double ratio = QGuiApplication::primaryScreen()->devicePixelRatio();
-    return isDensity(ratio) && pageSizeProblem(pageSizeAt(plainSize, ratio)).isEmpty() ? ratio : 1;
+    return InkLesson::isDensity(ratio) && InkLesson::pageSizeProblem(InkLesson::pageSizeAt(plainSize, ratio)).isEmpty()
+               ? ratio
+               : 1;
 }
 
 } // namespace
 
 MainWindow::MainWindow(const QSize &plainSize)
-    : m_document(pageSizeAt(plainSize, densityFor(plainSize)), densityFor(plainSize))
+    : m_document(InkLesson::pageSizeAt(plainSize, densityFor(plainSize)), densityFor(plainSize))
     , m_canvas(new Canvas(m_document, this))
     , m_rail(new ToolRail(this))
     , m_colors(new ColorRow(this))

@@ -1,10 +1,11 @@
 #include "PageOutput.h"
 
 #include "Page.h"
-#include "PageSize.h"
 #include "PaperPainter.h"
 #include "PictureFile.h"
 #include "StateMark.h"
+
+#include "lesson/paper/PageSize.h"
 
 #include <QtCore/QBuffer>
 #include <QtCore/QCoreApplication>
@@ -35,7 +36,7 @@ void paintItem(QPainter &painter, const Page::Item &item, const Page &page)
 QImage painted(const Page &page, double scale)
 {
     const QSize size = (QSizeF(page.rect().size()) * scale).toSize();
-    QImage image(pageSizeProblem(size).isEmpty() ? size : QSize(), QImage::Format_RGB32);
+    QImage image(InkLesson::pageSizeProblem(size).isEmpty() ? size : QSize(), QImage::Format_RGB32);
     QPainter painter;
     if (!image.isNull() && painter.begin(&image))
         paintPage(painter, page);

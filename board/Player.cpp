@@ -2,9 +2,10 @@
 
 #include "Document.h"
 #include "Page.h"
-#include "PageSize.h"
 #include "PictureFile.h"
 #include "Scatter.h"
+
+#include "lesson/paper/PageSize.h"
 
 #include "PointerEvent.h"
 
@@ -41,7 +42,7 @@ void playGesture(const Gesture &gesture, Page &page)
     page.feed(PT_UP, gesture.back());
 }
 
-void playStroke(const Stroke &stroke, const Tool &tool, Page &page)
+void playStroke(const InkLesson::Stroke &stroke, const Tool &tool, Page &page)
 {
     page.begin(createObject(tool, {stroke.color, stroke.width}, page.rect().size()));
     if (tool.tapsWithOnePoint && isTap(stroke.points))
@@ -57,11 +58,11 @@ QString playFiles(const PlayOrder &order)
 {
     if (order.files.size() == 1 && order.files.constFirst().endsWith(QLatin1String(".inkboard")))
         return playLesson(order.files.constFirst(), order.png);
-    std::vector<StrokeFile> files;
+    std::vector<InkLesson::StrokeFile> files;
     QSize size;
     for (const QString &fileName : order.files) {
         QString error;
-        std::optional<StrokeFile> file = readStrokeFile(fileName, error);
+        std::optional<InkLesson::StrokeFile> file = InkLesson::readStrokeFile(fileName, error);
         if (!file)
             return error;
         size = size.expandedTo(file->size);
@@ -70,7 +71,7 @@ QString playFiles(const PlayOrder &order)
     if (order.size.isValid())
         size = order.size;
 
-    QString problem = pageSizeProblem(size);
+    QString problem = InkLesson::pageSizeProblem(size);
     if (!problem.isEmpty())
         return QCoreApplication::translate("Board::Player", "the page for all files: %1").arg(problem);
     Page page(size);
@@ -78,8 +79,8 @@ QString playFiles(const PlayOrder &order)
         return QCoreApplication::translate("Board::Player", "not enough memory for a page of %1x%2 pixels")
             .arg(size.width())
             .arg(size.height());
-    for (const StrokeFile &file : files) {
-        for (const Stroke &stroke : file.strokes)
+    for (const InkLesson::StrokeFile &file : files) {
+        for (const InkLesson::Stroke &stroke : file.strokes)
             playStroke(stroke, *order.tool, page);
     }
     return savePng(page.picture(), order.png);

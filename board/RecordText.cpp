@@ -1,6 +1,6 @@
 #include "RecordText.h"
 
-#include "PageSize.h"
+#include "lesson/paper/PageSize.h"
 
 #include <QtCore/QBuffer>
 #include <QtCore/QJsonArray>
@@ -320,7 +320,7 @@ bool RecordReader::readSize(const QJsonValue &value, const QString &place, QSize
     if (!readPoint(value, place, pair))
         return fail(place, tr("not a size"));
     size = QSize(pair.x(), pair.y());
-    const QString problem = pageSizeProblem(size);
+    const QString problem = InkLesson::pageSizeProblem(size);
     return problem.isEmpty() || fail(place, problem);
 }
 

@@ -1,8 +1,9 @@
 // Runs the program itself, without a display.
 
 #include "Paper.h"
-#include "StrokeFile.h"
 #include "Tools.h"
+
+#include "lesson/strokes/StrokeFile.h"
 
 #include <QtCore/QDir>
 #include <QtCore/QProcess>
@@ -303,14 +304,14 @@ void tst_play::playsTheLessons()
 {
     QFETCH(QString, file);
     QString error;
-    const auto drawing = Board::readStrokeFile(file, error);
+    const auto drawing = InkLesson::readStrokeFile(file, error);
     QVERIFY2(drawing, qPrintable(error));
     QVERIFY(!drawing->title.isEmpty());
     QCOMPARE(drawing->license, QStringLiteral("same as the project"));
     const QImage picture = play({file});
     QCOMPARE(picture.size(), drawing->size);
     const QRect page(QPoint(), drawing->size);
-    for (const Board::Stroke &stroke : drawing->strokes) {
+    for (const InkLesson::Stroke &stroke : drawing->strokes) {
         for (const QPoint &point : stroke.points) {
             QVERIFY(page.contains(point));
             QVERIFY2(hasInkAt(picture, point), qPrintable(QStringLiteral("%1,%2").arg(point.x()).arg(point.y())));
@@ -362,11 +363,11 @@ void tst_play::playsRecordedStrokes()
     if (file.isEmpty())
         QSKIP("there is no folder of recorded strokes");
     QString error;
-    const auto drawing = Board::readStrokeFile(file, error);
+    const auto drawing = InkLesson::readStrokeFile(file, error);
     QVERIFY2(drawing, qPrintable(error));
     const QImage picture = play({file});
     QCOMPARE(picture.size(), drawing->size);
-    for (const Board::Stroke &stroke : drawing->strokes) {
+    for (const InkLesson::Stroke &stroke : drawing->strokes) {
         for (const QPoint &point : stroke.points)
             QVERIFY2(hasInkAt(picture, point), qPrintable(QStringLiteral("%1,%2").arg(point.x()).arg(point.y())));
     }

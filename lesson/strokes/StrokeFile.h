@@ -1,5 +1,7 @@
 #pragma once
 
+#include "lesson/Export.h"
+
 #include <QtCore/QPoint>
 #include <QtCore/QSize>
 #include <QtCore/QString>
@@ -8,7 +10,7 @@
 #include <optional>
 #include <vector>
 
-namespace Board {
+namespace InkLesson {
 
 // One recorded stroke. The first point is the press and the last the release; there is at least one.
 struct Stroke
@@ -30,6 +32,6 @@ struct StrokeFile
 };
 
 // On failure `error` names the file and the place in it, in one line.
-std::optional<StrokeFile> readStrokeFile(const QString &fileName, QString &error);
+INKLESSON_EXPORT std::optional<StrokeFile> readStrokeFile(const QString &fileName, QString &error);
 
-} // namespace Board
+} // namespace InkLesson

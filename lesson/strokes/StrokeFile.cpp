@@ -1,11 +1,11 @@
-#include "StrokeFile.h"
+#include "lesson/strokes/StrokeFile.h"
 
-#include "StrokeReader.h"
+#include "lesson/strokes/StrokeReader.h"
 
 #include <QtCore/QCoreApplication>
 #include <QtCore/QFile>
 
-namespace Board {
+namespace InkLesson {
 
 namespace {
 
@@ -14,7 +14,7 @@ constexpr int kMaxBytes = 256 * kChunk;
 
 struct Texts
 {
-    Q_DECLARE_TR_FUNCTIONS(Board::StrokeFile)
+    Q_DECLARE_TR_FUNCTIONS(InkLesson::StrokeFile)
 };
 
 // Piece by piece, since a pipe or a device does not say how long it is. Returns what went wrong.
@@ -48,4 +48,4 @@ std::optional<StrokeFile> readStrokeFile(const QString &fileName, QString &error
     return std::nullopt;
 }
 
-} // namespace Board
+} // namespace InkLesson

@@ -1,9 +1,11 @@
 #pragma once
 
+#include "lesson/Export.h"
+
 #include <QtCore/QSize>
 #include <QtCore/QString>
 
-namespace Board {
+namespace InkLesson {
 
 constexpr int kMaxPageSide = 16384;                 // pixels
 constexpr qint64 kMaxPagePixels = 64 * 1024 * 1024; // a page keeps four images of its size
@@ -20,12 +22,12 @@ constexpr bool isDensity(double density)
 }
 
 // Of a page that fills so many pixels of a plain screen.
-QSize pageSizeAt(const QSize &plain, double density);
+INKLESSON_EXPORT QSize pageSizeAt(const QSize &plain, double density);
 
 // "WIDTHxHEIGHT", or an invalid size.
-QSize pageSizeFromText(const QString &text);
+INKLESSON_EXPORT QSize pageSizeFromText(const QString &text);
 
 // What is wrong with a page of that size; empty for a good one.
-QString pageSizeProblem(const QSize &size);
+INKLESSON_EXPORT QString pageSizeProblem(const QSize &size);
 
-} // namespace Board
+} // namespace InkLesson

@@ -1,6 +1,6 @@
-#include "StrokeReader.h"
+#include "lesson/strokes/StrokeReader.h"
 
-#include "PageSize.h"
+#include "lesson/paper/PageSize.h"
 
 #include <QtCore/QJsonArray>
 #include <QtCore/QJsonDocument>
@@ -9,7 +9,7 @@
 
 #include <limits>
 
-namespace Board {
+namespace InkLesson {
 
 namespace {
 
@@ -173,4 +173,4 @@ bool StrokeReader::fail(const QString &place, const QString &what)
     return false;
 }
 
-} // namespace Board
+} // namespace InkLesson

@@ -1,18 +1,18 @@
 #pragma once
 
-#include "StrokeFile.h"
+#include "lesson/strokes/StrokeFile.h"
 
 #include <QtCore/QCoreApplication>
 
 class QJsonObject;
 class QJsonValue;
 
-namespace Board {
+namespace InkLesson {
 
 // Reads the text of a StrokeFile. Every operation stops at the first error and returns false.
-class StrokeReader
+class INKLESSON_EXPORT StrokeReader
 {
-    Q_DECLARE_TR_FUNCTIONS(Board::StrokeReader)
+    Q_DECLARE_TR_FUNCTIONS(InkLesson::StrokeReader)
 
 public:
     bool read(const QByteArray &json, StrokeFile &file);
@@ -36,4 +36,4 @@ private:
     QString m_error;
 };
 
-} // namespace Board
+} // namespace InkLesson

@@ -1,10 +1,10 @@
-#include "PageSize.h"
+#include "lesson/paper/PageSize.h"
 
 #include <QtCore/QCoreApplication>
 #include <QtCore/QRegularExpression>
 #include <QtCore/QtMath>
 
-namespace Board {
+namespace InkLesson {
 
 QSize pageSizeFromText(const QString &text)
 {
@@ -22,11 +22,11 @@ QSize pageSizeAt(const QSize &plain, double density)
 QString pageSizeProblem(const QSize &size)
 {
     if (!isPageSide(size.width()) || !isPageSide(size.height()))
-        return QCoreApplication::translate("Board::PageSize", "a side must be 1 to %1 pixels").arg(kMaxPageSide);
+        return QCoreApplication::translate("InkLesson::PageSize", "a side must be 1 to %1 pixels").arg(kMaxPageSide);
     if (qint64(size.width()) * size.height() > kMaxPagePixels)
-        return QCoreApplication::translate("Board::PageSize", "a page has at most %1 pixels in all")
+        return QCoreApplication::translate("InkLesson::PageSize", "a page has at most %1 pixels in all")
             .arg(kMaxPagePixels);
     return {};
 }
 
-} // namespace Board
+} // namespace InkLesson

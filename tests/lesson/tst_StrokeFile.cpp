@@ -1,11 +1,11 @@
-#include "StrokeFile.h"
+#include "lesson/strokes/StrokeFile.h"
 
 #include <QtCore/QTemporaryDir>
 #include <QtTest/QtTest>
 
 #include <limits>
 
-using namespace Board;
+using namespace InkLesson;
 
 class tst_StrokeFile : public QObject
 {
