@@ -1,11 +1,11 @@
 #include "PageOutput.h"
 
 #include "Page.h"
-#include "PaperPainter.h"
-#include "PictureFile.h"
-#include "StateMark.h"
 
+#include "lesson/layers/StateMark.h"
+#include "lesson/output/PngFile.h"
 #include "lesson/paper/PageSize.h"
+#include "lesson/paper/PaperPainter.h"
 
 #include <QtCore/QBuffer>
 #include <QtCore/QCoreApplication>
@@ -23,7 +23,7 @@ constexpr int kDotsPerInch = 96; // of a plain screen, so that the page prints a
 
 void paintItem(QPainter &painter, const Page::Item &item, const Page &page)
 {
-    const StateMark mark(painter);
+    const InkLesson::StateMark mark(painter);
     const Tool *tool = findTool(item.life.tool);
     QRect area = item.reach & page.rect();
     painter.setClipRect(area);
@@ -84,7 +84,7 @@ QString exportPage(const Page &page, const QString &fileName, double scale)
 {
     const QString kind = QFileInfo(fileName).suffix().toLower();
     if (kind != QLatin1String("svg") && kind != QLatin1String("pdf"))
-        return savePng(scale == 1.0 ? page.picture() : painted(page, scale), fileName);
+        return InkLesson::savePng(scale == 1.0 ? page.picture() : painted(page, scale), fileName);
     QSaveFile file(fileName);
     const QByteArray bytes = painted(page, kind);
     if (file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit())

@@ -2,9 +2,9 @@
 
 #include "Document.h"
 #include "Page.h"
-#include "PictureFile.h"
 #include "Scatter.h"
 
+#include "lesson/output/PngFile.h"
 #include "lesson/paper/PageSize.h"
 
 #include "PointerEvent.h"
@@ -29,7 +29,7 @@ QString playLesson(const QString &fileName, const QString &png)
 {
     Document document({1, 1});
     const QString problem = document.open(fileName);
-    return problem.isEmpty() ? savePng(document.page(0).picture(), png) : problem;
+    return problem.isEmpty() ? InkLesson::savePng(document.page(0).picture(), png) : problem;
 }
 
 } // namespace
@@ -83,7 +83,7 @@ QString playFiles(const PlayOrder &order)
         for (const InkLesson::Stroke &stroke : file.strokes)
             playStroke(stroke, *order.tool, page);
     }
-    return savePng(page.picture(), order.png);
+    return InkLesson::savePng(page.picture(), order.png);
 }
 
 } // namespace Board

@@ -2,17 +2,13 @@
 
 #include "Life.h"
 
+#include "lesson/paper/Paper.h"
+
 #include <variant>
 
 namespace Board {
 
-// What lies under the ink of a page.
-struct Paper
-{
-    enum class Kind { Blank, Ruled, Squared, Picture };
-    Kind kind{Kind::Blank};
-    QImage picture{}; // in the upper left corner; exactImage()
-};
+using InkLesson::Paper;
 
 // What can be done to a page. Objects are numbered in the order in which they came.
 struct DrawRecord // on top of all others

@@ -603,10 +603,6 @@
 <context>
     <name>Board::PictureFile</name>
     <message>
-        <source>%1: cannot be written: %2</source>
-        <translation>%1: nicht beschreibbar: %2</translation>
-    </message>
-    <message>
         <source>it is too large</source>
         <translation>es ist zu groß</translation>
     </message>
@@ -1133,6 +1129,13 @@
     <message>
         <source>a page has at most %1 pixels in all</source>
         <translation>eine Seite hat insgesamt höchstens %1 Pixel</translation>
+    </message>
+</context>
+<context>
+    <name>InkLesson::PngFile</name>
+    <message>
+        <source>%1: cannot be written: %2</source>
+        <translation>%1: nicht beschreibbar: %2</translation>
     </message>
 </context>
 <context>

@@ -1,5 +1,6 @@
 #include "PageProbe.h"
-#include "PaperPainter.h"
+
+#include "lesson/paper/PaperPainter.h"
 
 #include <QtTest/QtTest>
 

@@ -1,10 +1,10 @@
-#include "PaperPainter.h"
+#include "lesson/paper/PaperPainter.h"
 
 #include <QtGui/QPainter>
 
 #include <algorithm>
 
-namespace Board {
+namespace InkLesson {
 
 namespace {
 
@@ -40,4 +40,4 @@ QImage paintedPaper(const Paper &paper, const QSize &size, double density)
     return image;
 }
 
-} // namespace Board
+} // namespace InkLesson

@@ -1,21 +1,23 @@
 #pragma once
 
+#include "lesson/Export.h"
+
 #include <QtCore/QLockFile>
 #include <QtCore/QString>
 
 #include <memory>
 
-namespace Board {
+namespace InkLesson {
 
-// Keeps the boards of one person from writing over each other's lessons: the file that is open here is claimed by a
+// Keeps the programs of one person from writing over each other's lessons: the file that is open here is claimed by a
 // lock in a folder that they share, not beside the file, whose folder may be read-only.
-class FileClaim
+class INKLESSON_EXPORT FileClaim
 {
 public:
     // Without a folder every file may be had.
     void setFolder(const QString &folder) { m_folder = folder; }
 
-    // Whether no other board has it open.
+    // Whether no other program has it open.
     bool mayHave(const QString &fileName) const;
 
     // In the place of the file before.
@@ -30,4 +32,4 @@ private:
     std::unique_ptr<QLockFile> m_lock;
 };
 
-} // namespace Board
+} // namespace InkLesson

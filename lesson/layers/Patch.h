@@ -1,14 +1,16 @@
 #pragma once
 
+#include "lesson/Export.h"
+
 #include <QtCore/QPoint>
 #include <QtGui/QImage>
 
 #include <vector>
 
-namespace Board {
+namespace InkLesson {
 
 // The pixels that two states of an image differ in, in tiles.
-class Patch
+class INKLESSON_EXPORT Patch
 {
 public:
     Patch() = default;
@@ -31,4 +33,4 @@ private:
     std::vector<Tile> m_tiles;
 };
 
-} // namespace Board
+} // namespace InkLesson

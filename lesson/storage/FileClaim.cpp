@@ -1,10 +1,10 @@
-#include "FileClaim.h"
+#include "lesson/storage/FileClaim.h"
 
 #include <QtCore/QCryptographicHash>
 #include <QtCore/QDir>
 #include <QtCore/QFileInfo>
 
-namespace Board {
+namespace InkLesson {
 
 namespace {
 
@@ -52,4 +52,4 @@ void FileClaim::release()
     m_lock.reset();
 }
 
-} // namespace Board
+} // namespace InkLesson

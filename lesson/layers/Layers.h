@@ -1,6 +1,7 @@
 #pragma once
 
-#include "Patch.h"
+#include "lesson/Export.h"
+#include "lesson/layers/Patch.h"
 
 #include <QtCore/QRect>
 #include <QtGui/QImage>
@@ -9,13 +10,13 @@
 
 class CInkGraph;
 
-namespace Board {
+namespace InkLesson {
 
 // Whether the background is the one that the object was painted over before.
 enum class Background { Same, New };
 
 // The four images that an object paints on, all of one size and in page pixels.
-class Layers
+class INKLESSON_EXPORT Layers
 {
 public:
     // White. Null where there is not enough memory for all four.
@@ -53,6 +54,6 @@ private:
 };
 
 // Whether the object paints anything within `reach` pixels of the point to all sides.
-bool paintsNear(CInkGraph &object, const QPoint &pt, int reach);
+INKLESSON_EXPORT bool paintsNear(CInkGraph &object, const QPoint &pt, int reach);
 
-} // namespace Board
+} // namespace InkLesson

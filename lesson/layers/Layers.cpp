@@ -1,6 +1,6 @@
-#include "Layers.h"
+#include "lesson/layers/Layers.h"
 
-#include "StateMark.h"
+#include "lesson/layers/StateMark.h"
 
 #include "CInkFloodFill.h"
 
@@ -8,7 +8,7 @@
 
 #include <algorithm>
 
-namespace Board {
+namespace InkLesson {
 
 namespace {
 
@@ -103,4 +103,4 @@ bool paintsNear(CInkGraph &object, const QPoint &pt, int reach)
     return std::any_of(first, first + std::ptrdiff_t(side) * side, [](QRgb pixel) { return qAlpha(pixel) != 0; });
 }
 
-} // namespace Board
+} // namespace InkLesson

@@ -1,9 +1,9 @@
-#include "Patch.h"
+#include "lesson/layers/Patch.h"
 
 #include <algorithm>
 #include <cstring>
 
-namespace Board {
+namespace InkLesson {
 
 namespace {
 
@@ -64,4 +64,4 @@ void Patch::exchange(QImage &image)
     }
 }
 
-} // namespace Board
+} // namespace InkLesson

@@ -2,7 +2,7 @@
 
 #include <QtGui/QPainter>
 
-namespace Board {
+namespace InkLesson {
 
 // Gives a painter its state back when it goes out of scope.
 //
@@ -35,4 +35,4 @@ private:
     const QBrush m_background;
 };
 
-} // namespace Board
+} // namespace InkLesson
