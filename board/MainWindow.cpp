@@ -202,7 +202,7 @@ void MainWindow::showState()
     m_undo->setEnabled(page.isBusy() || m_document.undoStack().canUndo());
     m_redo->setEnabled(m_document.undoStack().canRedo());
     const Tool *changed = findTool(page.tool());
-    m_dash->setVisible((changed ? changed : m_tool)->takesDash);
+    m_dash->setVisible((changed ? changed : m_tool)->takesDash());
     const bool edited = page.isBusy() && !page.isForming();
     m_hint->setText(edited ? tr("Drag a handle to change the object. Enter lets it go, %1 deletes it.")
                                  .arg(keysText(*command("delete")))

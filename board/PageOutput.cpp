@@ -24,7 +24,7 @@ constexpr int kDotsPerInch = 96; // of a plain screen, so that the page prints a
 void paintItem(QPainter &painter, const Page::Item &item, const Page &page)
 {
     const InkLesson::StateMark mark(painter);
-    const Tool *tool = findTool(item.life.tool);
+    const InkLesson::Tool *tool = InkLesson::findTool(item.life.tool);
     QRect area = item.reach & page.rect();
     painter.setClipRect(area);
     if (tool && tool->paintFlat)

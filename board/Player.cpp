@@ -2,8 +2,8 @@
 
 #include "Document.h"
 #include "Page.h"
-#include "Scatter.h"
 
+#include "lesson/objects/Scatter.h"
 #include "lesson/output/PngFile.h"
 #include "lesson/paper/PageSize.h"
 
@@ -42,13 +42,13 @@ void playGesture(const Gesture &gesture, Page &page)
     page.feed(PT_UP, gesture.back());
 }
 
-void playStroke(const InkLesson::Stroke &stroke, const Tool &tool, Page &page)
+void playStroke(const InkLesson::Stroke &stroke, const InkLesson::Tool &tool, Page &page)
 {
     page.begin(createObject(tool, {stroke.color, stroke.width}, page.rect().size()));
     if (tool.tapsWithOnePoint && isTap(stroke.points))
         page.feed(PT_DOWN, stroke.points.front());
     else if (tool.scatters)
-        playGesture(Scatter(kSeed).along(stroke.points, stroke.width), page);
+        playGesture(InkLesson::Scatter(kSeed).along(stroke.points, stroke.width), page);
     else
         playGesture(stroke.points, page);
     page.finish();
@@ -79,9 +79,11 @@ QString playFiles(const PlayOrder &order)
         return QCoreApplication::translate("Board::Player", "not enough memory for a page of %1x%2 pixels")
             .arg(size.width())
             .arg(size.height());
+    if (!order.tool->kind)
+        files.clear(); // nothing to draw with
     for (const InkLesson::StrokeFile &file : files) {
         for (const InkLesson::Stroke &stroke : file.strokes)
-            playStroke(stroke, *order.tool, page);
+            playStroke(stroke, *order.tool->kind, page);
     }
     return InkLesson::savePng(page.picture(), order.png);
 }

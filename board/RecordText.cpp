@@ -184,7 +184,7 @@ bool RecordReader::readLife(const QJsonValue &value, Life &life)
         if (!picture.isUndefined() && !readPicture(picture, text("life.picture"), life.picture))
             return false;
     } else {
-        if (!findTool(life.tool))
+        if (!InkLesson::findTool(life.tool))
             return fail(text("life.tool"), tr("no tool of this board"));
         if (!readColor(object.value(text("color")), text("life.color"), life.ink.color) ||
             !readNumber(object.value(text("width")), text("life.width"), life.ink.width))

@@ -1,8 +1,8 @@
-#include "Scatter.h"
+#include "lesson/objects/Scatter.h"
 
 #include <QtTest/QtTest>
 
-using namespace Board;
+using namespace InkLesson;
 
 class tst_Scatter : public QObject
 {

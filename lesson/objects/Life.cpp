@@ -1,9 +1,9 @@
-#include "Life.h"
+#include "lesson/objects/Life.h"
 
 #include "CInkPicTure.h"
 #include "CInkText.h"
 
-namespace Board {
+namespace InkLesson {
 
 namespace {
 
@@ -116,4 +116,4 @@ LivedObject live(const Life &life)
     return lived;
 }
 
-} // namespace Board
+} // namespace InkLesson

@@ -1,13 +1,14 @@
 #pragma once
 
-#include "Tools.h"
+#include "lesson/Export.h"
+#include "lesson/objects/Gesture.h"
 
 #include <QtCore/QRandomGenerator>
 
-namespace Board {
+namespace InkLesson {
 
 // Dots at random, evenly over a disc around the pointer with twice the width of the pen as its radius.
-class Scatter
+class INKLESSON_EXPORT Scatter
 {
 public:
     // The same seed gives the same dots.
@@ -23,4 +24,4 @@ private:
     QRandomGenerator m_random;
 };
 
-} // namespace Board
+} // namespace InkLesson

@@ -1,8 +1,8 @@
-#include "Scatter.h"
+#include "lesson/objects/Scatter.h"
 
 #include <cmath>
 
-namespace Board {
+namespace InkLesson {
 
 namespace {
 
@@ -41,4 +41,4 @@ Gesture Scatter::along(const Gesture &path, int width)
     return gesture;
 }
 
-} // namespace Board
+} // namespace InkLesson

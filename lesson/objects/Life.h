@@ -1,7 +1,8 @@
 #pragma once
 
-#include "Tools.h"
+#include "lesson/objects/Tools.h"
 
+#include <QtCore/QPoint>
 #include <QtCore/QRect>
 #include <QtGui/QImage>
 
@@ -9,7 +10,7 @@
 #include <variant>
 #include <vector>
 
-namespace Board {
+namespace InkLesson {
 
 // What can be done to an object, in the pixels of the page.
 struct PointerAct
@@ -43,7 +44,7 @@ struct TextAct
 using Act = std::variant<PointerAct, FinishAct, ReopenAct, ColorAct, WidthAct, DashAct, TextAct>;
 
 // Does it, and returns the area that the object reports.
-QRect perform(const Act &act, CInkGraph &object);
+INKLESSON_EXPORT QRect perform(const Act &act, CInkGraph &object);
 
 // All that has been done to one object. The same life gives the same pixels each time it is lived.
 struct Life
@@ -59,19 +60,19 @@ struct Life
 constexpr const char *kPictureTool = "picture";
 
 // In the format that a PNG file gives back bit for bit.
-QImage exactImage(const QImage &image);
+INKLESSON_EXPORT QImage exactImage(const QImage &image);
 
 // Whether the object can have its handles again once it is committed.
-bool canReopen(const Life &life);
+INKLESSON_EXPORT bool canReopen(const Life &life);
 
 // The dash style that the object has in the end.
-Qt::PenStyle dashOf(const Life &life);
+INKLESSON_EXPORT Qt::PenStyle dashOf(const Life &life);
 
 // Moves everything that was done.
-void shift(Life &life, const QPoint &by);
+INKLESSON_EXPORT void shift(Life &life, const QPoint &by);
 
 // The object before anything was done to it. Null for a tool that there is not.
-std::unique_ptr<CInkGraph> createObject(const Life &life);
+INKLESSON_EXPORT std::unique_ptr<CInkGraph> createObject(const Life &life);
 
 // An object and the area that its last act reports.
 struct LivedObject
@@ -81,6 +82,6 @@ struct LivedObject
 };
 
 // The object after all that was done to it.
-LivedObject live(const Life &life);
+INKLESSON_EXPORT LivedObject live(const Life &life);
 
-} // namespace Board
+} // namespace InkLesson
