@@ -19,3 +19,8 @@ if(INK_COVERAGE)
     target_compile_options(ink_instrumented INTERFACE --coverage -fprofile-abs-path)
     target_link_options(ink_instrumented INTERFACE --coverage)
 endif()
+
+# A multiplication fused with an addition is rounded once, so that points would differ between processors. For the library, and for
+# what is compiled to be compared with it.
+add_library(ink_unfused INTERFACE)
+target_compile_options(ink_unfused INTERFACE $<$<CXX_COMPILER_ID:GNU,Clang,AppleClang>:-ffp-contract=off>)

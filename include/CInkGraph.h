@@ -46,7 +46,8 @@ public:
 
     // Paints the object's own appearance on one painter, within `rect` and the object's own rectangle. Most
     // tools leave their clip on the painter: give each object a painter whose clip may change. `rect` is in canvas
-    // pixels and left as it is. See ink-clip-outlives-draw and ink-arrow-unbalanced.
+    // pixels and left as it is. See ink-clip-outlives-draw and ink-arrow-unbalanced, and ink-world-replaced for a
+    // painter that is scaled or moved.
     virtual void Draw(QPainter &painter, QRect &rect);
 
     // Tells a tool that keeps canvas-sized pixels how large the canvas is, in pixels. Does nothing in other tools. An
@@ -65,7 +66,8 @@ public:
 
     // Commits the object, for example when the host changes tools. Returns false, and commits nothing, while
     // the object holds no point. Reports no rectangle: ask GetUpdateRect before and after. See ink-spray-never-finishes
-    // for the tool that never commits so, ink-stencil-finish-no-handles for those that then stay invisible.
+    // for the tool that never commits so, ink-stencil-finish-no-handles for those that then stay invisible and
+    // ink-finish-lays-out for those that may come to lie elsewhere.
     virtual bool FinishGraph() = 0;
 
     // The rectangle that the object now covers, in canvas pixels: pen, handles, name label and icon included. Also

@@ -56,10 +56,12 @@ configure_and_build() {
 
 readonly build_packages="g++ cmake ninja-build qtbase5-dev libqt5svg5-dev libqt5x11extras5-dev qttools5-dev qttools5-dev-tools"
 readonly board_packages="fonts-dejavu-core"
-readonly test_packages="libgtest-dev libxcb1-dev binutils valgrind xvfb xauth xdotool make pkg-config qt5-qmake abigail-tools"
+readonly test_packages="libgtest-dev libxcb1-dev binutils valgrind xvfb xauth xdotool make pkg-config qt5-qmake abigail-tools appstream desktop-file-utils"
 readonly bench_packages="libbenchmark-dev libcairo2-dev libagg-dev libopencv-dev pkg-config python3"
 readonly memcheck_packages="valgrind"
 readonly docs_packages="doxygen qhelpgenerator-qt5 qtbase5-doc-dev python3"
 readonly package_packages="debhelper dpkg-dev git lintian"
 readonly fuzz_packages="clang libclang-rt-14-dev"
 readonly coverage_packages="gcovr"
+readonly arm64_packages="g++-aarch64-linux-gnu qemu-user-static"
+readonly arm64_sysroot=${INK_ARM64_SYSROOT:-$root/build/arm64/sysroot} # what scripts/arm64 unpacks

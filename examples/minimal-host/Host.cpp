@@ -3,6 +3,7 @@
 #include <CInk5Stars>
 #include <CInkEllipse>
 #include <CInkPencil>
+#include <CInkPolygon>
 #include <CInkRectangle>
 
 namespace {
@@ -13,7 +14,7 @@ std::unique_ptr<CInkGraph> make()
 }
 
 constexpr decltype(&make<CInkPencil>) kTools[] = {make<CInkPencil>, make<CInkRectangle>, make<CInkEllipse>,
-                                                  make<CInk5Stars>};
+                                                  make<CInk5Stars>, make<CInkPolygon>};
 } // namespace
 
 Host::Host()
@@ -59,9 +60,19 @@ void Host::showPage(const QRect &area)
     update(area);
 }
 
+// A widget is sent this instead of a quick second press. It is a press to every tool, or the second of two quick
+// strokes would be lost. Only an object that takes several gestures is told of the double click as well.
+void Host::mouseDoubleClickEvent(QMouseEvent *event)
+{
+    const bool takesSeveralGestures = m_object && !m_object->m_bEditMode;
+    feed(PT_DOWN, event->pos());
+    if (takesSeveralGestures)
+        feed(PT_DBLCLK, event->pos());
+}
+
 void Host::keyPressEvent(QKeyEvent *event)
 {
-    m_tool = qBound(0, event->key() - Qt::Key_1, 3);
+    m_tool = qBound(0, event->key() - Qt::Key_1, 4);
     const QRect before = m_object ? m_object->GetUpdateRect() : QRect();
     if (m_object && m_object->FinishGraph())
         draw(before | m_object->GetUpdateRect());

@@ -10,7 +10,7 @@
 #include <memory>
 #include <vector>
 
-// A page to draw on with the mouse. Keys 1 to 4 choose pencil, rectangle, ellipse and star.
+// A page to draw on with the mouse. Keys 1 to 5 choose pencil, rectangle, ellipse, star and polygon.
 class Host : public QWidget
 {
 public:
@@ -20,6 +20,7 @@ protected:
     void mousePressEvent(QMouseEvent *event) override { feed(PT_DOWN, event->pos()); }
     void mouseMoveEvent(QMouseEvent *event) override { feed(PT_MOVE, event->pos()); }
     void mouseReleaseEvent(QMouseEvent *event) override { feed(PT_UP, event->pos()); }
+    void mouseDoubleClickEvent(QMouseEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
     void paintEvent(QPaintEvent *) override { QPainter(this).drawImage(0, 0, m_surface); }
 

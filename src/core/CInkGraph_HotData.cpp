@@ -35,7 +35,7 @@ constexpr Handle kPaintOrder[] = {BottomHandle,      BottomLeftHandle, LeftHandl
 
 QPointF inObjectFrame(const CInkGraph &graph, const QPoint &pointer)
 {
-    return turn(graph.m_ptCenter, -graph.m_fRotateAngle).map(widened(pointer));
+    return mapped(turn(graph.m_ptCenter, -graph.m_fRotateAngle), widened(pointer));
 }
 
 // The handle within reach of `q`, a position in the object's frame; MT_NONE when there is none.

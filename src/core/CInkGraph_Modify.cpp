@@ -151,7 +151,7 @@ void CInkGraph::CalcStretchPoint(QPoint &topLeft, QPoint &bottomRight, QPoint pt
 
 void CInkGraph::StretchGraph(QPoint pt)
 {
-    const QPointF q = turn(m_ptCenter, -m_fRotateAngle).map(widened(pt));
+    const QPointF q = mapped(turn(m_ptCenter, -m_fRotateAngle), widened(pt));
     QPoint topLeft = m_rcHot.topLeft();
     QPoint bottomRight = m_rcHot.bottomRight();
     QPointF anchor;
@@ -171,9 +171,9 @@ void CInkGraph::AdjustGraph(float /*angle*/)
 {
     const QPointF center = centerOfEdges(m_rcHot);
     // [ink-adjust-inverse] Maps with the inverse rotation although the object then jumps.
-    const QPointF mapped = turn(m_ptCenter, -m_fRotateAngle).map(center);
-    const float dx = float(mapped.x() - center.x());
-    const float dy = float(mapped.y() - center.y());
+    const QPointF turned = mapped(turn(m_ptCenter, -m_fRotateAngle), center);
+    const float dx = float(turned.x() - center.x());
+    const float dy = float(turned.y() - center.y());
     // [ink-adjust-both-axes] A shift along one axis alone is not applied. No tolerance: after a half turn the other
     // axis mostly carries a rest of 1e-14, which counts.
     if (dx != 0.0f && dy != 0.0f) {
@@ -193,7 +193,7 @@ QRect CInkGraph::GetRotateUpDateRect()
     const QMatrix forwards = turn(m_ptCenter, m_fRotateAngle);
     QVector<QPointF> corners;
     for (const QPoint &corner : {m_rcHot.topLeft(), m_rcHot.topRight(), m_rcHot.bottomRight(), m_rcHot.bottomLeft()})
-        corners.append(forwards.map(widened(corner)));
+        corners.append(mapped(forwards, widened(corner)));
     const QRect bounds = GetRect(corners);
 
     const int cx = int((qint64(bounds.left()) + bounds.right()) / 2);

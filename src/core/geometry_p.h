@@ -158,14 +158,38 @@ inline QPointF centerOfEdges(const QRect &rect)
     return {middle(rect.left(), rect.right()), middle(rect.top(), rect.bottom())};
 }
 
-// A turn about a point. QTransform differs from QMatrix in the last bit for some negative angles.
+// The sine of a QMatrix that was turned. These two are rounded one way by the C library where the processor fuses
+// multiplications with additions, and the other way where it does not; the former is the common one.
+inline double sineOf(const QMatrix &turned, double degrees)
+{
+    constexpr double kSine297 = -0x1.c83201d3d2c6ep-1;
+    constexpr double kSine342 = -0x1.3c6ef372fe953p-2;
+    if (std::abs(degrees) == 297.0)
+        return std::copysign(kSine297, -degrees);
+    if (std::abs(degrees) == 342.0)
+        return std::copysign(kSine342, -degrees);
+    return turned.m12();
+}
+
+// A turn about a point. QTransform differs from QMatrix in the last bit for some negative angles. The second shift is
+// QMatrix::translate() written out: Qt's own is compiled with fused multiplications on some processors.
 inline QMatrix turn(const QPointF &center, float degrees)
 {
     QMatrix matrix;
     matrix.translate(center.x(), center.y());
     matrix.rotate(double(degrees));
-    matrix.translate(-center.x(), -center.y());
-    return matrix;
+    const double cosine = matrix.m11();
+    const double sine = sineOf(matrix, double(degrees));
+    const double x = -center.x();
+    const double y = -center.y();
+    return {cosine, sine, -sine, cosine, matrix.dx() + (x * cosine + y * -sine), matrix.dy() + (y * cosine + x * sine)};
+}
+
+// QMatrix::map() written out, for the same reason.
+inline QPointF mapped(const QMatrix &matrix, const QPointF &point)
+{
+    return {matrix.m11() * point.x() + matrix.m21() * point.y() + matrix.dx(),
+            matrix.m12() * point.x() + matrix.m22() * point.y() + matrix.dy()};
 }
 
 } // namespace InkInternal

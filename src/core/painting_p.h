@@ -127,6 +127,7 @@ void paintOverHandles(CInkGraph &graph, QPainter &painter, const QPen &pen, cons
 {
     const PainterStateScope scope(painter);
     painter.setRenderHints(hints);
+    // [ink-world-replaced] A transform of the host's is not seen by the outline; the clip has been set in it.
     painter.setWorldTransform(objectFrame(graph));
     painter.setPen(pen);
     if (showsHandles(graph))

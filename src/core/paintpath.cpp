@@ -95,10 +95,17 @@ private:
     const bool m_isOpaqueTexture;
 };
 
+// Qt's build for arm64 scales the coverage of a texture to 256 parts.
+#ifdef __x86_64__
+constexpr bool kKnowsTextures = true;
+#else
+constexpr bool kKnowsTextures = false;
+#endif
+
 bool isKnownBrush(const QBrush &brush, const QTransform &transform)
 {
     return brush.style() == Qt::SolidPattern ||
-           (brush.style() == Qt::TexturePattern && isWholeShift(brush.transform() * transform));
+           (kKnowsTextures && brush.style() == Qt::TexturePattern && isWholeShift(brush.transform() * transform));
 }
 
 bool isPlainImage(const QPainter &painter)

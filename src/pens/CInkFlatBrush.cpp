@@ -49,6 +49,7 @@ void CInkFlatBrush::Draw(QPainter &painter, QRect &rect)
     painter.setClipRect(m_bFinished ? GetUpdateRect() : rect | GetUpdateRect(), Qt::ReplaceClip);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(solidPen(*this, Qt::RoundCap));
+    // [ink-world-replaced] Not multiplied with a transform of the host's; the clip has been set in that.
     const QTransform world(nib(strokeTopLeft(m_graphData), m_nWidth, m_fNibAngle));
     paintStroke(painter, m_graphData, StrokeSegment::Curve, &world);
 }

@@ -103,6 +103,7 @@ QRect InkInternal::formFill(CInkFloodFill &fill, QPainter &layer)
     QImage *image = layerImage(layer);
     if (!image || fill.m_graphData.isEmpty())
         return {};
+    // [ink-layer-pixels] The press and the canvas are in pixels of the image, whatever the painter makes of positions.
     const QPoint seed = truncated(fill.m_graphData.constFirst());
     const QColor target = fill.GetPixel(seed.x(), seed.y(), image);
     // [ink-fill-same-color] The fill colour is compared with its alpha and its colour model, the pixel without.

@@ -76,6 +76,7 @@ void CInkPicTure::Draw(QPainter &painter, QRect &rect)
 
     const PainterStateScope scope(painter);
     painter.setRenderHint(QPainter::Antialiasing);
+    // [ink-world-replaced] A transform of the host's is not seen by the image; the clip has been set in it.
     painter.setWorldTransform(objectFrame(*this));
     // [ink-picture-one-short] One pixel narrower and lower than the box.
     const QRectF target = real(m_rcHot).adjusted(0, 0, -1, -1);

@@ -84,6 +84,7 @@ void CInkRgnSelect::FormSelBmp(QImage *source)
     if (lifted.isNull())
         return;
     QPainter painter(&lifted);
+    // [ink-layer-pixels] The frame is in pixels of the source, whatever the layer's painter makes of positions.
     paintImage(painter, QRectF(0, 0, lifted.width(), lifted.height()), *source, real(m_rcHot));
     painter.end();
     assignImage(m_pImage, lifted);

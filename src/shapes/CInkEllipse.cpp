@@ -45,6 +45,7 @@ bool CInkEllipse::FinishGraph()
     if (m_nPointCount <= 0)
         return false;
     commit(*this);
+    // [ink-finish-lays-out] Unlike a press outside: a turned box that was stretched gets another pivot.
     SetHotData(kFrameMargin, kFrameMargin);
     return true;
 }

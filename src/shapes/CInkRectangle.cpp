@@ -62,6 +62,7 @@ void CInkRectangle::Draw(QPainter &painter, QRect &rect)
 
     const PainterStateScope scope(painter);
     painter.setRenderHint(QPainter::Antialiasing);
+    // [ink-world-replaced] A transform of the host's is not seen by the outline; the clip has been set in it.
     painter.setWorldTransform(objectFrame(*this));
     // [ink-box-always-solid] m_penStyle is for derived tools.
     painter.setPen(solidPen(*this, Qt::SquareCap));
@@ -85,6 +86,7 @@ bool CInkRectangle::FinishGraph()
     if (m_nPointCount <= 0)
         return false;
     commit(*this);
+    // [ink-finish-lays-out] Unlike a press outside: a turned box that was stretched gets another pivot.
     SetHotData(kFrameMargin, kFrameMargin);
     return true;
 }

@@ -1,6 +1,8 @@
 // The private helpers for coordinates and rectangles.
 
+#include "Digest.h"
 #include "Exact.h"
+#include "RandomCases.h"
 
 #include "core/geometry_p.h"
 
@@ -154,14 +156,62 @@ TEST(geometry, centerOfAnEndlessBoxStopsAtTheLimits)
 
 TEST(geometry, turnIsClockwiseAboutItsCenter)
 {
-    EXPECT_POINT(turn({100, 100}, 90).map(QPointF(100, 50)), 150, 100);
-    EXPECT_POINT(turn({100, 100}, -90).map(QPointF(100, 50)), 50, 100);
-    EXPECT_POINT(turn({100, 100}, 180).map(QPointF(90, 50)), 110, 150);
-    EXPECT_POINT(turn({7.5, -3}, 33.25f).map(QPointF(7.5, -3)), 7.5, -3);
-    EXPECT_POINT(turn({7.5, -3}, 0).map(QPointF(1.25, 2.5)), 1.25, 2.5);
+    EXPECT_POINT(mapped(turn({100, 100}, 90), {100, 50}), 150, 100);
+    EXPECT_POINT(mapped(turn({100, 100}, -90), {100, 50}), 50, 100);
+    EXPECT_POINT(mapped(turn({100, 100}, 180), {90, 50}), 110, 150);
+    EXPECT_POINT(mapped(turn({7.5, -3}, 33.25f), {7.5, -3}), 7.5, -3);
+    EXPECT_POINT(mapped(turn({7.5, -3}, 0), {1.25, 2.5}), 1.25, 2.5);
 }
 
 TEST(geometry, turnByMinusAHalfIsNotQuiteExact)
 {
-    EXPECT_POINT(turn({150, 125}, -180).map(QPointF(200, 125)), 100.00000000000003, 124.99999999999997);
+    EXPECT_POINT(mapped(turn({150, 125}, -180), {200, 125}), 100.00000000000003, 124.99999999999997);
 }
+
+// The C library rounds these two otherwise on a processor without fused multiplications.
+TEST(geometry, turnsHaveTheSameSinesOnEveryProcessor)
+{
+    EXPECT_EQ(turn({0, 0}, 297).m12(), -0x1.c83201d3d2c6ep-1);
+    EXPECT_EQ(turn({0, 0}, -297).m12(), 0x1.c83201d3d2c6ep-1);
+    EXPECT_EQ(turn({0, 0}, 342).m12(), -0x1.3c6ef372fe953p-2);
+    EXPECT_EQ(turn({0, 0}, -342).m12(), 0x1.3c6ef372fe953p-2);
+}
+
+TEST(geometry, turnsByWholeDegreesAreTheSameOnEveryProcessor)
+{
+    Digest digest;
+    for (int degrees = -360; degrees <= 360; ++degrees) {
+        const QMatrix matrix = turn({1234.5, -67.25}, float(degrees));
+        for (const double element : {matrix.m11(), matrix.m12(), matrix.m21(), matrix.m22(), matrix.dx(), matrix.dy()})
+            digest.add(element);
+        digest.add(mapped(matrix, {0.1, 1e5}));
+    }
+    EXPECT_EQ(digest.value(), 0x1da63dc1b4166cf4U);
+}
+
+#ifdef __x86_64__ // elsewhere Qt's own is compiled with fused multiplications
+TEST(geometry, turnsAreThoseOfQt)
+{
+    Random random(7);
+    const auto coordinate = [&] { return random.from(-4000000, 4000000) / 1024.0 * (random.oneIn(9) ? 1e9 : 1); };
+    for (int i = 0; i < 100000; ++i) {
+        const float degrees =
+            random.oneIn(2) ? float(random.from(-360, 360)) : float(random.from(-7200000, 7200000)) / 8192.0f;
+        if (std::abs(degrees) == 297.0f || std::abs(degrees) == 342.0f)
+            continue;
+        const QPointF center{coordinate(), coordinate()};
+        const QPointF point{coordinate(), coordinate()};
+        QMatrix matrix;
+        matrix.translate(center.x(), center.y());
+        matrix.rotate(double(degrees));
+        matrix.translate(-center.x(), -center.y());
+        const QMatrix actual = turn(center, degrees);
+        ASSERT_EQ(actual.m12(), matrix.m12()) << degrees;
+        ASSERT_EQ(actual.dx(), matrix.dx()) << degrees;
+        ASSERT_EQ(actual.dy(), matrix.dy()) << degrees;
+        const QPointF expected = matrix.map(point);
+        ASSERT_EQ(mapped(actual, point).x(), expected.x()) << degrees;
+        ASSERT_EQ(mapped(actual, point).y(), expected.y()) << degrees;
+    }
+}
+#endif

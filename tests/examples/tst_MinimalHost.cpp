@@ -2,6 +2,7 @@
 
 #include "Host.h"
 
+#include <QtGui/QWindow>
 #include <QtTest/QtTest>
 
 class tst_MinimalHost : public QObject
@@ -72,7 +73,43 @@ private slots:
         QCOMPARE(pixel(100, 50), QColor(Qt::darkBlue));
     }
 
+    void quickSecondPressDrawsAStrokeOfItsOwn()
+    {
+        quickDrag({50, 50}, {54, 50}, 1000); // no farther: Qt would not take the next press for a second one
+        quickDrag({52, 52}, {52, 150}, 1080);
+        QCOMPARE(pixel(51, 50), QColor(Qt::darkBlue));
+        QCOMPARE(pixel(52, 100), QColor(Qt::darkBlue));
+        QCOMPARE(pixel(52, 160), QColor(Qt::white));
+    }
+
+    // The triangle (100,100), (300,100), (200,200), of which the double click places the last corner.
+    void doubleClickCompletesAPolygon()
+    {
+        QTest::keyClick(m_host.get(), Qt::Key_5);
+        quickDrag({100, 100}, {300, 100}, 10000);
+        quickDrag({200, 200}, {200, 200}, 20000);
+        QCOMPARE(pixel(150, 150), QColor(Qt::white));
+        quickDrag({200, 200}, {200, 200}, 20080);
+        QCOMPARE(pixel(150, 150), QColor(Qt::darkBlue)); // the edge that closes it
+        QVERIFY(pixel(90, 90) != QColor(Qt::white));     // a handle
+    }
+
 private:
+    // As the window system tells of it, so that Qt makes double clicks of what is quick enough; `time` in milliseconds.
+    void quickDrag(const QPoint &from, const QPoint &to, int time)
+    {
+        QWindow *window = m_host->windowHandle();
+        const auto send = [&](QEvent::Type type, const QPoint &at, Qt::MouseButtons held, int when) {
+            const Qt::MouseButton button = type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton;
+            qt_handleMouseEvent(window, at, window->mapToGlobal(at), held, button, type, Qt::NoModifier, when);
+            QCoreApplication::processEvents();
+        };
+        send(QEvent::MouseButtonPress, from, Qt::LeftButton, time);
+        if (from != to)
+            send(QEvent::MouseMove, to, Qt::LeftButton, time + 20);
+        send(QEvent::MouseButtonRelease, to, Qt::NoButton, time + 40);
+    }
+
     void drag(const QPoint &from, const QPoint &to)
     {
         QTest::mousePress(m_host.get(), Qt::LeftButton, Qt::NoModifier, from);

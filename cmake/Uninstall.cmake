@@ -1,0 +1,31 @@
+# Removes what `cmake --install` has written from the build in the folder BUILD, and folders of ours that are left empty.
+
+file(GLOB manifests ${BUILD}/install_manifest*.txt) # one a component
+if(NOT manifests)
+    message(STATUS "nothing was installed from ${BUILD}")
+endif()
+
+foreach(manifest IN LISTS manifests)
+    file(STRINGS ${manifest} paths)
+    foreach(path IN LISTS paths)
+        string(PREPEND path "$ENV{DESTDIR}")
+        if(EXISTS ${path} OR IS_SYMLINK ${path})
+            message(STATUS "removing ${path}")
+            file(REMOVE ${path})
+        endif()
+        if(EXISTS ${path} OR IS_SYMLINK ${path})
+            message(FATAL_ERROR "${path} cannot be removed")
+        endif()
+
+        cmake_path(GET path PARENT_PATH folder)
+        while(folder MATCHES "/(InkGraphics|inkboard)(/|$)" AND IS_DIRECTORY ${folder})
+            file(GLOB left ${folder}/*)
+            if(left)
+                break()
+            endif()
+            file(REMOVE_RECURSE ${folder})
+            cmake_path(GET folder PARENT_PATH folder)
+        endwhile()
+    endforeach()
+    file(REMOVE ${manifest})
+endforeach()
