@@ -39,6 +39,7 @@ private slots:
     void playsFilesOverEachOther();
     void takesASize();
     void takesATool();
+    void paintsNothingWithAToolThatPoints();
     void playsAStrokeOfOnePoint();
     void replacesThePicture();
     void sayWhatIsWrong_data();
@@ -144,6 +145,12 @@ void tst_play::takesATool()
     const QImage picture = play({QStringLiteral("--tool"), QStringLiteral("rectangle"), write("box.json", corners)});
     QCOMPARE(picture, paper(QSize(60, 40),
                             [](QPainter &painter) { drawBox(painter, Qt::red, 3, QPoint(10, 10), QPoint(50, 30)); }));
+}
+
+void tst_play::paintsNothingWithAToolThatPoints()
+{
+    QCOMPARE(play({QStringLiteral("--tool"), QStringLiteral("laser"), write("red.json", kRed)}),
+             blankPaper(QSize(60, 40)));
 }
 
 // A line without length is a dot; a pencil that does not move paints nothing.
