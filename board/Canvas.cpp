@@ -2,10 +2,11 @@
 
 #include "Cursors.h"
 #include "ObjectEditor.h"
-#include "PageSize.h"
 #include "PictureFile.h"
 #include "Style.h"
 #include "ViewPainter.h"
+
+#include "lesson/paper/PageSize.h"
 
 #include "PointerEvent.h"
 
@@ -107,7 +108,7 @@ void Canvas::setInkWidth(int width)
 void Canvas::setDash(Qt::PenStyle dash)
 {
     m_ink.dash = dash;
-    const Tool *edited = findTool(page().tool());
+    const InkLesson::Tool *edited = InkLesson::findTool(page().tool());
     if (page().reopened() != 0 && edited && edited->takesDash)
         restyle(DashAct{dash});
 }
@@ -157,8 +158,8 @@ Ink Canvas::pageInk() const
 // To what the whole widget shows at zoom 1.
 void Canvas::growPage()
 {
-    const QSize size = pageSizeAt(this->size(), m_document.density());
-    if (pageSizeProblem(size.expandedTo(page().rect().size())).isEmpty())
+    const QSize size = InkLesson::pageSizeAt(this->size(), m_document.density());
+    if (InkLesson::pageSizeProblem(size.expandedTo(page().rect().size())).isEmpty())
         current().grow(size);
 }
 
@@ -415,17 +416,18 @@ bool Canvas::press(Device device, const QPointF &pos)
         m_edit = m_tool->edit;
         const QSize size = current().rect().size();
         const Ink ink = pageInk();
-        auto object = createObject(*m_tool, ink, size);
+        auto object = createObject(*m_tool->kind, ink, size);
         m_nameTag.sign(*object);
         current().begin({QLatin1String(m_tool->name), ink, size}, std::move(object),
-                        m_tool->movesAsItGrows ? Page::Reach::Everywhere : Page::Reach::Reported, m_tool->lift);
+                        m_tool->kind->movesAsItGrows ? Page::Reach::Everywhere : Page::Reach::Reported,
+                        m_tool->kind->lift);
     }
     repaintPage(current().feed(PT_DOWN, m_last));
     followObject();
     m_moves.setPauses(kCheapPause, int(1000 / std::max(screen()->refreshRate(), 1.0)));
     m_moves.begin();
     m_tapping = true;
-    if (m_tool->scatters) {
+    if (m_tool->scatters()) {
         m_scattering.start();
         scatter();
     }
@@ -452,9 +454,9 @@ void Canvas::move(Device device, const QPointF &pos)
         return;
     }
     m_laser.move(pt);
-    if (m_tapping && m_tool->tapsWithOnePoint)
+    if (m_tapping && m_tool->tapsWithOnePoint())
         return;
-    if (m_tool->scatters)
+    if (m_tool->scatters())
         scatter();
     else if (page().isBusy())
         m_moves.add({m_last});
@@ -469,7 +471,7 @@ void Canvas::scatter()
 void Canvas::endGesture(const QPoint &pt)
 {
     m_scattering.stop();
-    const bool tapped = m_tool->tapsWithOnePoint && m_tapping && pt == m_last;
+    const bool tapped = m_tool->tapsWithOnePoint() && m_tapping && pt == m_last;
     repaintPage(tapped ? current().finish() : current().feed(PT_UP, pt));
     followObject();
 }

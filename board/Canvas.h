@@ -7,8 +7,9 @@
 #include "NameTag.h"
 #include "Navigator.h"
 #include "PenWatch.h"
-#include "Scatter.h"
 #include "Tools.h"
+
+#include "lesson/objects/Scatter.h"
 
 #include <QtCore/QTimer>
 #include <QtGui/QCursor>
@@ -50,7 +51,7 @@ public:
     void setDrawer(const Drawer &drawer);
 
     // The dots of a tool that scatters are the same after the same seed.
-    void setSeed(quint32 seed) { m_scatter = Scatter(seed); }
+    void setSeed(quint32 seed) { m_scatter = InkLesson::Scatter(seed); }
 
     // Puts a picture where it can be moved, stretched and turned: around a point of the page, by default in the middle.
     // One that is larger than what is seen of the page is made smaller.
@@ -156,7 +157,7 @@ private:
     bool m_ringed{};                   // the Tab key has come here
     LaserPen m_laser;
     NameTag m_nameTag;
-    Scatter m_scatter;
+    InkLesson::Scatter m_scatter;
     QTimer m_scattering;
 };
 

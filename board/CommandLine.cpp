@@ -1,7 +1,8 @@
 #include "CommandLine.h"
 
-#include "PageSize.h"
 #include "Tools.h"
+
+#include "lesson/paper/PageSize.h"
 
 #include <QtCore/QCommandLineParser>
 #include <QtCore/QCoreApplication>
@@ -47,8 +48,8 @@ private:
            "grows with it and has the pixels of a scaled screen, and as large as the largest FILE with --play. A "
            "lesson "
            "has its own.")
-            .arg(kMaxPageSide)
-            .arg(kMaxPagePixels),
+            .arg(InkLesson::kMaxPageSide)
+            .arg(InkLesson::kMaxPagePixels),
         QStringLiteral("WxH")};
     const QCommandLineOption m_help{{QStringLiteral("h"), QStringLiteral("help")}, tr("Show this help.")};
     const QCommandLineOption m_version{{QStringLiteral("v"), QStringLiteral("version")}, tr("Show the version.")};
@@ -101,9 +102,9 @@ QString Reader::readSize(CommandLine &line) const
     if (!m_parser.isSet(m_size))
         return {};
     const QString text = m_parser.value(m_size);
-    line.pageSize = pageSizeFromText(text);
+    line.pageSize = InkLesson::pageSizeFromText(text);
     const QString problem =
-        line.pageSize.isValid() ? pageSizeProblem(line.pageSize) : tr("not a size of the form WIDTHxHEIGHT");
+        line.pageSize.isValid() ? InkLesson::pageSizeProblem(line.pageSize) : tr("not a size of the form WIDTHxHEIGHT");
     return problem.isEmpty() ? QString() : tr("--size %1: %2").arg(text, problem);
 }
 

@@ -1,7 +1,8 @@
 #include "Document.h"
 
-#include "PageSize.h"
 #include "RecordText.h"
+
+#include "lesson/paper/PageSize.h"
 
 #include <QtCore/QFileInfo>
 #include <QtCore/QJsonArray>
@@ -364,9 +365,9 @@ QString Document::load(const QString &fileName)
         return failed(1, tr("this is not a lesson of this board"));
     if (first.value(kKind).toInt() > kVersion)
         return failed(1, tr("the lesson was written by a later version of this board"));
-    if (!pageSizeProblem(size).isEmpty())
-        return failed(1, pageSizeProblem(size));
-    if (!isDensity(density))
+    if (!InkLesson::pageSizeProblem(size).isEmpty())
+        return failed(1, InkLesson::pageSizeProblem(size));
+    if (!InkLesson::isDensity(density))
         return failed(1, tr("no density of a page"));
 
     reset(size, density);
@@ -403,7 +404,7 @@ bool Document::playLine(const QByteArray &line, QString &problem)
     } else if (what == QLatin1String("add-page")) {
         const QSize size = sizeFrom(object.value(kSize));
         m_nextNumber = std::max(m_nextNumber, object.value(kPage).toInt());
-        NumberedPage added = newPage(pageSizeProblem(size).isEmpty() ? size : QSize(1, 1));
+        NumberedPage added = newPage(InkLesson::pageSizeProblem(size).isEmpty() ? size : QSize(1, 1));
         if (at >= 0 && at <= pageCount() && !added.page->isNull())
             m_stack.push(new AddStep(*this, at, std::move(added)));
         else

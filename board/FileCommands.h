@@ -1,7 +1,8 @@
 #pragma once
 
-#include "FileClaim.h"
 #include "Recovery.h"
+
+#include "lesson/storage/FileClaim.h"
 
 #include <QtCore/QObject>
 
@@ -43,7 +44,7 @@ private:
     Document &m_document;
     Canvas &m_canvas;
     QWidget &m_window;
-    FileClaim m_claim; // to the file of the document
+    InkLesson::FileClaim m_claim; // to the file of the document
     Recovery m_recovery;
 };
 

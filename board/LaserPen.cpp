@@ -1,6 +1,6 @@
 #include "LaserPen.h"
 
-#include "StateMark.h"
+#include "lesson/layers/StateMark.h"
 
 #include <QtGui/QPainter>
 
@@ -50,7 +50,7 @@ void LaserTrail::paint(QPainter &painter, qint64 now) const
 {
     if (m_points.empty())
         return;
-    const StateMark mark(painter);
+    const InkLesson::StateMark mark(painter);
     painter.setRenderHint(QPainter::Antialiasing);
     const Point *before = nullptr;
     for (const Point &point : m_points) {

@@ -11,7 +11,6 @@
 #include "NameDialog.h"
 #include "OptionControl.h"
 #include "PageCommands.h"
-#include "PageSize.h"
 #include "PageStrip.h"
 #include "ScreenInk.h"
 #include "ShortcutDialog.h"
@@ -20,6 +19,8 @@
 #include "ToolRail.h"
 #include "WidthControl.h"
 #include "ZoomControl.h"
+
+#include "lesson/paper/PageSize.h"
 
 #include <QtGui/QCloseEvent>
 #include <QtGui/QGuiApplication>
@@ -49,13 +50,15 @@ QWidget *makeDivider(QWidget *parent)
 double densityFor(const QSize &plainSize)
 {
     const double ratio = QGuiApplication::primaryScreen()->devicePixelRatio();
-    return isDensity(ratio) && pageSizeProblem(pageSizeAt(plainSize, ratio)).isEmpty() ? ratio : 1;
+    return InkLesson::isDensity(ratio) && InkLesson::pageSizeProblem(InkLesson::pageSizeAt(plainSize, ratio)).isEmpty()
+               ? ratio
+               : 1;
 }
 
 } // namespace
 
 MainWindow::MainWindow(const QSize &plainSize)
-    : m_document(pageSizeAt(plainSize, densityFor(plainSize)), densityFor(plainSize))
+    : m_document(InkLesson::pageSizeAt(plainSize, densityFor(plainSize)), densityFor(plainSize))
     , m_canvas(new Canvas(m_document, this))
     , m_rail(new ToolRail(this))
     , m_colors(new ColorRow(this))
@@ -199,7 +202,7 @@ void MainWindow::showState()
     m_undo->setEnabled(page.isBusy() || m_document.undoStack().canUndo());
     m_redo->setEnabled(m_document.undoStack().canRedo());
     const Tool *changed = findTool(page.tool());
-    m_dash->setVisible((changed ? changed : m_tool)->takesDash);
+    m_dash->setVisible((changed ? changed : m_tool)->takesDash());
     const bool edited = page.isBusy() && !page.isForming();
     m_hint->setText(edited ? tr("Drag a handle to change the object. Enter lets it go, %1 deletes it.")
                                  .arg(keysText(*command("delete")))

@@ -1,7 +1,8 @@
 #pragma once
 
-#include "Life.h"
 #include "View.h"
+
+#include "lesson/objects/Life.h"
 
 #include <QtWidgets/QWidget>
 
@@ -32,7 +33,7 @@ public:
     virtual bool isLeft() const = 0;
 
     // What was entered, if anything. The editor is then hidden and deleted.
-    virtual std::optional<Act> entered() = 0;
+    virtual std::optional<InkLesson::Act> entered() = 0;
 };
 
 } // namespace Board

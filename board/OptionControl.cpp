@@ -67,14 +67,14 @@ void OptionControl::setTool(const Tool &tool)
     setVisible(tool.option.has_value());
     if (!tool.option)
         return;
-    const int value = m_values.value(&tool, tool.option->value);
+    const int value = m_values.value(&tool, tool.kind->option->value);
     const QString title = optionTitle(*tool.option);
     m_title->setText(title);
     m_slider->setAccessibleName(title);
     showTip();
     {
         const QSignalBlocker blocker(m_slider); // the new range may move the old value
-        m_slider->setRange(tool.option->min, tool.option->max);
+        m_slider->setRange(tool.kind->option->min, tool.kind->option->max);
         m_slider->setValue(value);
     }
     showValue(value);

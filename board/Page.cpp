@@ -1,6 +1,6 @@
 #include "Page.h"
 
-#include "PaperPainter.h"
+#include "lesson/paper/PaperPainter.h"
 
 #include <algorithm>
 #include <iterator>
@@ -232,7 +232,7 @@ Page::Items Page::without(int id) const
 int Page::topmostAt(const QPoint &pt, int reach) const
 {
     const auto found = std::find_if(m_items.rbegin(), m_items.rend(),
-                                    [&](const auto &item) { return paintsNear(*item->object, pt, reach); });
+                                    [&](const auto &item) { return InkLesson::paintsNear(*item->object, pt, reach); });
     return found == m_items.rend() ? 0 : (*found)->id;
 }
 

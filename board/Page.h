@@ -1,8 +1,9 @@
 #pragma once
 
-#include "Layers.h"
-#include "Patch.h"
 #include "Record.h"
+
+#include "lesson/layers/Layers.h"
+#include "lesson/layers/Patch.h"
 
 #include "CInkGraph.h"
 
@@ -12,6 +13,10 @@
 #include <vector>
 
 namespace Board {
+
+using InkLesson::Background;
+using InkLesson::Layers;
+using InkLesson::Patch;
 
 // A page with its committed objects and at most one object in progress.
 //

@@ -1,10 +1,11 @@
 #include "PageOutput.h"
 
 #include "Page.h"
-#include "PageSize.h"
-#include "PaperPainter.h"
-#include "PictureFile.h"
-#include "StateMark.h"
+
+#include "lesson/layers/StateMark.h"
+#include "lesson/output/PngFile.h"
+#include "lesson/paper/PageSize.h"
+#include "lesson/paper/PaperPainter.h"
 
 #include <QtCore/QBuffer>
 #include <QtCore/QCoreApplication>
@@ -22,8 +23,8 @@ constexpr int kDotsPerInch = 96; // of a plain screen, so that the page prints a
 
 void paintItem(QPainter &painter, const Page::Item &item, const Page &page)
 {
-    const StateMark mark(painter);
-    const Tool *tool = findTool(item.life.tool);
+    const InkLesson::StateMark mark(painter);
+    const InkLesson::Tool *tool = InkLesson::findTool(item.life.tool);
     QRect area = item.reach & page.rect();
     painter.setClipRect(area);
     if (tool && tool->paintFlat)
@@ -35,7 +36,7 @@ void paintItem(QPainter &painter, const Page::Item &item, const Page &page)
 QImage painted(const Page &page, double scale)
 {
     const QSize size = (QSizeF(page.rect().size()) * scale).toSize();
-    QImage image(pageSizeProblem(size).isEmpty() ? size : QSize(), QImage::Format_RGB32);
+    QImage image(InkLesson::pageSizeProblem(size).isEmpty() ? size : QSize(), QImage::Format_RGB32);
     QPainter painter;
     if (!image.isNull() && painter.begin(&image))
         paintPage(painter, page);
@@ -83,7 +84,7 @@ QString exportPage(const Page &page, const QString &fileName, double scale)
 {
     const QString kind = QFileInfo(fileName).suffix().toLower();
     if (kind != QLatin1String("svg") && kind != QLatin1String("pdf"))
-        return savePng(scale == 1.0 ? page.picture() : painted(page, scale), fileName);
+        return InkLesson::savePng(scale == 1.0 ? page.picture() : painted(page, scale), fileName);
     QSaveFile file(fileName);
     const QByteArray bytes = painted(page, kind);
     if (file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit())

@@ -2,10 +2,8 @@
 
 #include <QtCore/QCoreApplication>
 #include <QtCore/QMimeData>
-#include <QtCore/QSaveFile>
 #include <QtCore/QUrl>
 #include <QtGui/QImageReader>
-#include <QtGui/QImageWriter>
 
 namespace Board {
 
@@ -28,22 +26,6 @@ QString localFile(const QMimeData &data)
 }
 
 } // namespace
-
-QString savePng(const QImage &picture, const QString &fileName)
-{
-    const auto failed = [&](const QString &reason) {
-        return QCoreApplication::translate("Board::PictureFile", "%1: cannot be written: %2").arg(fileName, reason);
-    };
-    QSaveFile file(fileName);
-    if (!file.open(QIODevice::WriteOnly))
-        return failed(file.errorString());
-    QImageWriter writer(&file, "PNG");
-    if (!writer.write(picture)) {
-        file.cancelWriting();
-        return failed(writer.errorString());
-    }
-    return file.commit() ? QString() : failed(file.errorString());
-}
 
 std::optional<QImage> readPicture(const QString &fileName, QString &error)
 {

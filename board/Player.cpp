@@ -2,9 +2,10 @@
 
 #include "Document.h"
 #include "Page.h"
-#include "PageSize.h"
-#include "PictureFile.h"
-#include "Scatter.h"
+
+#include "lesson/objects/Scatter.h"
+#include "lesson/output/PngFile.h"
+#include "lesson/paper/PageSize.h"
 
 #include "PointerEvent.h"
 
@@ -28,7 +29,7 @@ QString playLesson(const QString &fileName, const QString &png)
 {
     Document document({1, 1});
     const QString problem = document.open(fileName);
-    return problem.isEmpty() ? savePng(document.page(0).picture(), png) : problem;
+    return problem.isEmpty() ? InkLesson::savePng(document.page(0).picture(), png) : problem;
 }
 
 } // namespace
@@ -41,13 +42,13 @@ void playGesture(const Gesture &gesture, Page &page)
     page.feed(PT_UP, gesture.back());
 }
 
-void playStroke(const Stroke &stroke, const Tool &tool, Page &page)
+void playStroke(const InkLesson::Stroke &stroke, const InkLesson::Tool &tool, Page &page)
 {
     page.begin(createObject(tool, {stroke.color, stroke.width}, page.rect().size()));
     if (tool.tapsWithOnePoint && isTap(stroke.points))
         page.feed(PT_DOWN, stroke.points.front());
     else if (tool.scatters)
-        playGesture(Scatter(kSeed).along(stroke.points, stroke.width), page);
+        playGesture(InkLesson::Scatter(kSeed).along(stroke.points, stroke.width), page);
     else
         playGesture(stroke.points, page);
     page.finish();
@@ -57,11 +58,11 @@ QString playFiles(const PlayOrder &order)
 {
     if (order.files.size() == 1 && order.files.constFirst().endsWith(QLatin1String(".inkboard")))
         return playLesson(order.files.constFirst(), order.png);
-    std::vector<StrokeFile> files;
+    std::vector<InkLesson::StrokeFile> files;
     QSize size;
     for (const QString &fileName : order.files) {
         QString error;
-        std::optional<StrokeFile> file = readStrokeFile(fileName, error);
+        std::optional<InkLesson::StrokeFile> file = InkLesson::readStrokeFile(fileName, error);
         if (!file)
             return error;
         size = size.expandedTo(file->size);
@@ -70,7 +71,7 @@ QString playFiles(const PlayOrder &order)
     if (order.size.isValid())
         size = order.size;
 
-    QString problem = pageSizeProblem(size);
+    QString problem = InkLesson::pageSizeProblem(size);
     if (!problem.isEmpty())
         return QCoreApplication::translate("Board::Player", "the page for all files: %1").arg(problem);
     Page page(size);
@@ -78,11 +79,13 @@ QString playFiles(const PlayOrder &order)
         return QCoreApplication::translate("Board::Player", "not enough memory for a page of %1x%2 pixels")
             .arg(size.width())
             .arg(size.height());
-    for (const StrokeFile &file : files) {
-        for (const Stroke &stroke : file.strokes)
-            playStroke(stroke, *order.tool, page);
+    if (!order.tool->kind)
+        files.clear(); // nothing to draw with
+    for (const InkLesson::StrokeFile &file : files) {
+        for (const InkLesson::Stroke &stroke : file.strokes)
+            playStroke(stroke, *order.tool->kind, page);
     }
-    return savePng(page.picture(), order.png);
+    return InkLesson::savePng(page.picture(), order.png);
 }
 
 } // namespace Board

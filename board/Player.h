@@ -1,7 +1,8 @@
 #pragma once
 
-#include "StrokeFile.h"
 #include "Tools.h"
+
+#include "lesson/strokes/StrokeFile.h"
 
 #include <QtCore/QStringList>
 
@@ -13,7 +14,7 @@ class Page;
 void playGesture(const Gesture &gesture, Page &page);
 
 // Draws the stroke as one object of the tool, committed. What scatters does so in the same way each time.
-void playStroke(const Stroke &stroke, const Tool &tool, Page &page);
+void playStroke(const InkLesson::Stroke &stroke, const InkLesson::Tool &tool, Page &page);
 
 // What --play is asked to do.
 struct PlayOrder

@@ -1,18 +1,25 @@
 #pragma once
 
-#include "Life.h"
+#include "lesson/objects/Life.h"
+#include "lesson/paper/Paper.h"
 
 #include <variant>
 
 namespace Board {
 
-// What lies under the ink of a page.
-struct Paper
-{
-    enum class Kind { Blank, Ruled, Squared, Picture };
-    Kind kind{Kind::Blank};
-    QImage picture{}; // in the upper left corner; exactImage()
-};
+using InkLesson::Act;
+using InkLesson::ColorAct;
+using InkLesson::DashAct;
+using InkLesson::exactImage;
+using InkLesson::FinishAct;
+using InkLesson::kPictureTool;
+using InkLesson::Life;
+using InkLesson::LivedObject;
+using InkLesson::Paper;
+using InkLesson::PointerAct;
+using InkLesson::ReopenAct;
+using InkLesson::TextAct;
+using InkLesson::WidthAct;
 
 // What can be done to a page. Objects are numbered in the order in which they came.
 struct DrawRecord // on top of all others

@@ -1,6 +1,6 @@
 #include "RecordText.h"
 
-#include "PageSize.h"
+#include "lesson/paper/PageSize.h"
 
 #include <QtCore/QBuffer>
 #include <QtCore/QJsonArray>
@@ -184,7 +184,7 @@ bool RecordReader::readLife(const QJsonValue &value, Life &life)
         if (!picture.isUndefined() && !readPicture(picture, text("life.picture"), life.picture))
             return false;
     } else {
-        if (!findTool(life.tool))
+        if (!InkLesson::findTool(life.tool))
             return fail(text("life.tool"), tr("no tool of this board"));
         if (!readColor(object.value(text("color")), text("life.color"), life.ink.color) ||
             !readNumber(object.value(text("width")), text("life.width"), life.ink.width))
@@ -320,7 +320,7 @@ bool RecordReader::readSize(const QJsonValue &value, const QString &place, QSize
     if (!readPoint(value, place, pair))
         return fail(place, tr("not a size"));
     size = QSize(pair.x(), pair.y());
-    const QString problem = pageSizeProblem(size);
+    const QString problem = InkLesson::pageSizeProblem(size);
     return problem.isEmpty() || fail(place, problem);
 }
 

@@ -1,11 +1,12 @@
 #include "ScreenInk.h"
 
 #include "ColorRow.h"
-#include "PageSize.h"
 #include "ScreenBar.h"
 #include "ScreenGrab.h"
 #include "ScreenPage.h"
 #include "WidthControl.h"
+
+#include "lesson/paper/PageSize.h"
 
 #include <QtCore/QEvent>
 #include <QtGui/QGuiApplication>
@@ -28,7 +29,7 @@ ScreenInk::Backdrop ScreenInk::fittingBackdrop()
 
 ScreenInk::ScreenInk(QScreen &screen, Backdrop backdrop)
     : m_backdrop(backdrop)
-    , m_document(pageSizeAt(screen.size(), screen.devicePixelRatio()), screen.devicePixelRatio())
+    , m_document(InkLesson::pageSizeAt(screen.size(), screen.devicePixelRatio()), screen.devicePixelRatio())
     , m_page(std::make_unique<ScreenPage>(m_document, screen))
     , m_bar(std::make_unique<ScreenBar>())
 {

@@ -1,6 +1,6 @@
 #include "ScreenPage.h"
 
-#include "StateMark.h"
+#include "lesson/layers/StateMark.h"
 
 #include "CInkGraph.h"
 
@@ -58,7 +58,7 @@ QImage ScreenPage::inkWithin(const QRect &area)
     painter.setWindow(area); // below the transform, which the object sets itself
     if (m_erases)
         painter.setCompositionMode(QPainter::CompositionMode_DestinationOut);
-    const StateMark mark(painter);
+    const InkLesson::StateMark mark(painter);
     QRect drawn = area;
     object->Draw(painter, drawn);
     return ink;

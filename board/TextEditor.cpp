@@ -121,12 +121,12 @@ void TextEditor::hideEvent(QHideEvent * /*event*/)
         m_bar->hide();
 }
 
-std::optional<Act> TextEditor::entered()
+std::optional<InkLesson::Act> TextEditor::entered()
 {
     const QString text = m_edit->toPlainText();
     if (text.trimmed().isEmpty())
         return std::nullopt;
-    return TextAct{text, exactImage(rendered())};
+    return InkLesson::TextAct{text, InkLesson::exactImage(rendered())};
 }
 
 QImage TextEditor::rendered() const

@@ -24,7 +24,7 @@ public:
     void setColor(const QColor &color) override;
     void follow(const View &view) override;
     bool isLeft() const override;
-    std::optional<Act> entered() override;
+    std::optional<InkLesson::Act> entered() override;
 
 protected:
     void hideEvent(QHideEvent *event) override;

@@ -64,8 +64,9 @@ QImage committedSample(const Tool &tool, const Ink &ink, int times)
 {
     Page page(kSampleSize * times);
     if (tool.sampleOnInk)
-        playStroke({ink.color, kSampleSide / 2 * times, enlarged({{10, 16}, {22, 16}}, times)}, tools().front(), page);
-    page.begin(createObject(tool, ink, page.rect().size()));
+        playStroke({ink.color, kSampleSide / 2 * times, enlarged({{10, 16}, {22, 16}}, times)}, *tools().front().kind,
+                   page);
+    page.begin(createObject(*tool.kind, ink, page.rect().size()));
     for (const Gesture &gesture : tool.sample)
         playGesture(enlarged(gesture, times), page);
     page.finish();
@@ -75,7 +76,7 @@ QImage committedSample(const Tool &tool, const Ink &ink, int times)
 // With its handles. Not through a page: what is not committed would come on white paper.
 QImage editedSample(const Tool &tool, const Ink &ink)
 {
-    const auto object = createObject(tool, ink, kSampleSize);
+    const auto object = createObject(*tool.kind, ink, kSampleSize);
     for (const Gesture &gesture : tool.sample) {
         QRect update;
         object->AddPoint(PT_DOWN, gesture.front(), update);
@@ -129,7 +130,7 @@ QIcon pictureIcon()
 QIcon toolIcon(const Tool &tool)
 {
     QIcon icon;
-    const bool growsNot = tool.iconWhileEdited || tool.scatters; // handles and dots have one size
+    const bool growsNot = tool.iconWhileEdited || tool.scatters(); // handles and dots have one size
     for (int times = 1; times <= (growsNot ? 1 : kMaxTimes); ++times) {
         icon.addPixmap(picture(tool, kTextColor, times), QIcon::Normal, QIcon::Off);
         icon.addPixmap(picture(tool, kAccentTextColor, times), QIcon::Normal, QIcon::On);

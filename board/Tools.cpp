@@ -2,11 +2,6 @@
 
 #include "Tools_p.h"
 
-#include "CInkDiamond.h"
-#include "CInkGraph.h"
-#include "CInkLine.h"
-#include "CInkSignGraph.h"
-
 #include <QtCore/QCoreApplication>
 #include <QtCore/QStringList>
 
@@ -17,8 +12,6 @@ namespace Board {
 
 namespace {
 
-constexpr unsigned int kLoopback = 0x7F000001; // 127.0.0.1
-
 std::vector<Tool> makeTable()
 {
     std::vector<Tool> table;
@@ -26,6 +19,8 @@ std::vector<Tool> makeTable()
         std::vector<Tool> members = group();
         std::move(members.begin(), members.end(), std::back_inserter(table));
     }
+    for (Tool &tool : table)
+        tool.kind = InkLesson::findTool(QLatin1String(tool.name));
     return table;
 }
 
@@ -67,38 +62,9 @@ QString groupTitle(const Tool &tool)
     return QCoreApplication::translate("Board::Tool", tool.group);
 }
 
-QString optionTitle(const InkOption &option)
+QString optionTitle(const OptionText &option)
 {
     return QCoreApplication::translate("Board::Tool", option.title);
-}
-
-void setDash(CInkGraph &object, Qt::PenStyle dash)
-{
-    if (auto *line = dynamic_cast<CInkLine *>(&object))
-        line->m_nPenStyle = dash;
-    else if (auto *diamond = dynamic_cast<CInkDiamond *>(&object))
-        diamond->m_penStyle = dash;
-    else if (auto *stencil = dynamic_cast<CInkSignGraph *>(&object))
-        stencil->m_penStyle = dash;
-}
-
-void setDrawnHere(CInkGraph &object)
-{
-    object.SetOwnerIP(kLoopback);
-    object.SetDrawerIP(kLoopback);
-}
-
-std::unique_ptr<CInkGraph> createObject(const Tool &tool, const Ink &ink, const QSize &canvas)
-{
-    std::unique_ptr<CInkGraph> object = tool.create(canvas);
-    object->SetCanvasSize(canvas);
-    object->SetColor(ink.color);
-    object->SetWidth(ink.width);
-    if (const auto &option = tool.option) // a file may ask for any value
-        option->apply(*object, qBound(option->min, ink.option.value_or(option->value), option->max));
-    setDash(*object, ink.dash);
-    setDrawnHere(*object);
-    return object;
 }
 
 } // namespace Board

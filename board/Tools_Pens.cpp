@@ -1,33 +1,14 @@
 #include "Tools_p.h"
 
-#include "Scatter.h"
-
-#include "CInkBrush.h"
-#include "CInkColorBrush.h"
-#include "CInkCrayon.h"
-#include "CInkFlatBrush.h"
-#include "CInkHighLightPen.h"
-#include "CInkPencil.h"
-#include "CInkSprayGun.h"
-#include "CInkWaterColorPen.h"
+#include "lesson/objects/Scatter.h"
 
 namespace Board {
 
 namespace {
 
-void setOpacity(CInkGraph &object, int percent)
+Tool pen(const char *name, const char *title, const char *shortcut, Gesture sample)
 {
-    static_cast<CInkHighLightPen &>(object).m_nAlpha = percent * 255 / 100;
-}
-
-void setNibAngle(CInkGraph &object, int degrees)
-{
-    static_cast<CInkFlatBrush &>(object).m_fNibAngle = float(degrees);
-}
-
-Tool pen(const char *name, const char *title, const char *shortcut, decltype(Tool::create) create, Gesture sample)
-{
-    return {name, title, shortcut, create, {std::move(sample)}, QT_TRANSLATE_NOOP("Board::Tool", "Pens")};
+    return {name, title, shortcut, {std::move(sample)}, QT_TRANSLATE_NOOP("Board::Tool", "Pens")};
 }
 
 Gesture scribble()
@@ -42,7 +23,7 @@ Gesture broadScribble()
 
 Tool brush()
 {
-    Tool tool = pen("brush", QT_TRANSLATE_NOOP("Board::Tool", "Brush"), "B", plain<CInkBrush>, broadScribble());
+    Tool tool = pen("brush", QT_TRANSLATE_NOOP("Board::Tool", "Brush"), "B", broadScribble());
     tool.sampleWidth = 6;
     return tool;
 }
@@ -51,26 +32,23 @@ Tool flatBrush()
 {
     // The nib turns what is drawn about its upper left corner, and squashes it.
     const Gesture sample{{14, 3}, {28, 3}, {12, 10}, {30, 10}, {16, 18}};
-    Tool tool = pen("flat-brush", QT_TRANSLATE_NOOP("Board::Tool", "Flat brush"), "F", plain<CInkFlatBrush>, sample);
-    tool.movesAsItGrows = true;
-    tool.option = InkOption{QT_TRANSLATE_NOOP("Board::Tool", "Nib"), "°", 0, 180, 45, setNibAngle};
+    Tool tool = pen("flat-brush", QT_TRANSLATE_NOOP("Board::Tool", "Flat brush"), "F", sample);
+    tool.option = OptionText{QT_TRANSLATE_NOOP("Board::Tool", "Nib"), "°"};
     return tool;
 }
 
 Tool highlighter()
 {
     const Gesture sample{{8, 16}, {24, 16}};
-    Tool tool =
-        pen("highlighter", QT_TRANSLATE_NOOP("Board::Tool", "Highlighter"), "H", plain<CInkHighLightPen>, sample);
+    Tool tool = pen("highlighter", QT_TRANSLATE_NOOP("Board::Tool", "Highlighter"), "H", sample);
     tool.sampleWidth = 12;
-    tool.option = InkOption{QT_TRANSLATE_NOOP("Board::Tool", "Opacity"), "%", 10, 90, 40, setOpacity};
+    tool.option = OptionText{QT_TRANSLATE_NOOP("Board::Tool", "Opacity"), "%"};
     return tool;
 }
 
 Tool colorBrush()
 {
-    Tool tool = pen("color-brush", QT_TRANSLATE_NOOP("Board::Tool", "Colour brush"), "Shift+B",
-                    onCanvas<CInkColorBrush>, broadScribble());
+    Tool tool = pen("color-brush", QT_TRANSLATE_NOOP("Board::Tool", "Colour brush"), "Shift+B", broadScribble());
     tool.sampleWidth = 9;
     return tool;
 }
@@ -79,7 +57,7 @@ Tool crayon()
 {
     // A disc hangs at its point by its upper left corner.
     const Gesture sample{{4, 19}, {6, 12}, {9, 6}, {12, 7}, {13, 14}, {15, 18}, {18, 15}, {20, 9}, {21, 5}};
-    Tool tool = pen("crayon", QT_TRANSLATE_NOOP("Board::Tool", "Crayon"), "K", onCanvas<CInkCrayon>, sample);
+    Tool tool = pen("crayon", QT_TRANSLATE_NOOP("Board::Tool", "Crayon"), "K", sample);
     tool.sampleWidth = 8;
     return tool;
 }
@@ -87,7 +65,7 @@ Tool crayon()
 Tool waterColorPen()
 {
     return pen("water-color-pen", QT_TRANSLATE_NOOP("Board::Tool", "Water-colour pen (leaves no mark)"), "W",
-               onCanvas<CInkWaterColorPen>, scribble());
+               scribble());
 }
 
 Tool sprayGun()
@@ -95,10 +73,8 @@ Tool sprayGun()
     constexpr quint32 kSeed = 1;
     constexpr int kWidth = 6;
     const Gesture centre(20, QPoint(16, 16));
-    Tool tool = pen("spray-gun", QT_TRANSLATE_NOOP("Board::Tool", "Spray gun"), "S", onCanvas<CInkSprayGun>,
-                    Scatter(kSeed).along(centre, kWidth));
-    tool.scatters = true;
-    return tool;
+    return pen("spray-gun", QT_TRANSLATE_NOOP("Board::Tool", "Spray gun"), "S",
+               InkLesson::Scatter(kSeed).along(centre, kWidth));
 }
 
 } // namespace
@@ -106,7 +82,7 @@ Tool sprayGun()
 std::vector<Tool> pens()
 {
     return {
-        pen("pencil", QT_TRANSLATE_NOOP("Board::Tool", "Pencil"), "P", plain<CInkPencil>, scribble()),
+        pen("pencil", QT_TRANSLATE_NOOP("Board::Tool", "Pencil"), "P", scribble()),
         brush(),
         flatBrush(),
         highlighter(),

@@ -1,11 +1,7 @@
 #include "Tools_p.h"
 
-#include "Life.h"
 #include "TextEditor.h"
 
-#include "CInkEraser.h"
-#include "CInkFloodFill.h"
-#include "CInkRgnSelect.h"
 #include "CInkText.h"
 
 #include <QtGui/QPainter>
@@ -16,17 +12,6 @@ namespace Board {
 namespace {
 
 constexpr const char *kPlaced = QT_TRANSLATE_NOOP("Board::Tool", "Pictures and text");
-
-// For tools that draw none.
-class NoObject : public CInkGraph
-{
-public:
-    void Draw(QPainter & /*painter*/, QRect & /*rect*/) override {}
-    using CInkGraph::Draw;
-    bool FinishGraph() override { return false; }
-    QRect GetUpdateRect() override { return {}; }
-    void AddPoint(int /*code*/, QPoint /*pt*/, QRect & /*update*/) override {}
-};
 
 // The arrow of a mouse.
 void paintArrow(QPainter &painter, const QColor &color)
@@ -95,64 +80,21 @@ void paintSelection(QPainter &painter, const QColor &color)
         painter.fillRect(QRect(corner - QPoint(3, 3), QSize(6, 6)), color);
 }
 
-// The lifted pixels where they were, as a picture that can be moved, stretched and turned.
-std::optional<Life> liftedPicture(CInkGraph &selection, const QSize &canvas)
-{
-    if (!selection.m_pImage)
-        return std::nullopt;
-    Life picture{kPictureTool};
-    picture.canvas = canvas;
-    picture.picture = exactImage(*selection.m_pImage);
-    picture.position = selection.m_rcHot.topLeft();
-    return picture;
-}
-
-// The background where the ink was lifted.
-void paintHole(QPainter &painter, CInkGraph &object, const QImage &background)
-{
-    painter.drawImage(object.m_rcHot, background, object.m_rcHot);
-}
-
-void paintFilled(QPainter &painter, CInkGraph &object, const QImage & /*background*/)
-{
-    if (object.m_pImage)
-        painter.drawImage(0, 0, *object.m_pImage);
-}
-
-// The background along the eraser's path.
-void paintErased(QPainter &painter, CInkGraph &object, const QImage &background)
-{
-    QImage shown(background.size(), QImage::Format_ARGB32_Premultiplied);
-    shown.fill(Qt::transparent);
-    QImage paper = background;
-    QImage pageLayer(1, 1, QImage::Format_RGB32); // page and ink are not wanted
-    QImage inkLayer(1, 1, QImage::Format_RGB32);
-    {
-        QPainter page(&pageLayer);
-        QPainter surface(&shown);
-        QPainter under(&paper);
-        QPainter ink(&inkLayer);
-        object.Draw(page, surface, under, ink, shown.rect(), 0, 0);
-    }
-    painter.drawImage(0, 0, shown);
-}
-
 ObjectEditor *editText(CInkGraph &object, QWidget *parent)
 {
     return new TextEditor(static_cast<CInkText &>(object), parent);
 }
 
-Tool tool(const char *name, const char *title, const char *shortcut, decltype(Tool::create) create,
-          decltype(Tool::paintIcon) paintIcon)
+Tool tool(const char *name, const char *title, const char *shortcut, decltype(Tool::paintIcon) paintIcon)
 {
-    Tool row{name, title, shortcut, create, {}, QT_TRANSLATE_NOOP("Board::Tool", "Erase, fill, select")};
+    Tool row{name, title, shortcut, {}, QT_TRANSLATE_NOOP("Board::Tool", "Erase, fill, select")};
     row.paintIcon = paintIcon;
     return row;
 }
 
 Tool pick()
 {
-    Tool row = tool("pick", QT_TRANSLATE_NOOP("Board::Tool", "Pick"), "V", plain<NoObject>, paintArrow);
+    Tool row = tool("pick", QT_TRANSLATE_NOOP("Board::Tool", "Pick"), "V", paintArrow);
     row.usage = QT_TRANSLATE_NOOP("Board::Tool", "press on an object to change it");
     row.use = Use::Picks;
     return row;
@@ -160,8 +102,7 @@ Tool pick()
 
 Tool remove()
 {
-    Tool row =
-        tool("remove", QT_TRANSLATE_NOOP("Board::Tool", "Remove objects"), "Shift+D", plain<NoObject>, paintCrossedBox);
+    Tool row = tool("remove", QT_TRANSLATE_NOOP("Board::Tool", "Remove objects"), "Shift+D", paintCrossedBox);
     row.usage = QT_TRANSLATE_NOOP("Board::Tool", "drag over the objects to remove");
     row.use = Use::Removes;
     return row;
@@ -169,7 +110,7 @@ Tool remove()
 
 Tool laser()
 {
-    Tool row = tool("laser", QT_TRANSLATE_NOOP("Board::Tool", "Laser pen"), "Z", plain<NoObject>, paintLaser);
+    Tool row = tool("laser", QT_TRANSLATE_NOOP("Board::Tool", "Laser pen"), "Z", paintLaser);
     row.usage = QT_TRANSLATE_NOOP("Board::Tool", "drag to point at something; the ink disappears");
     row.use = Use::Points;
     return row;
@@ -177,38 +118,32 @@ Tool laser()
 
 Tool eraser()
 {
-    Tool row = tool("eraser", QT_TRANSLATE_NOOP("Board::Tool", "Eraser"), "X", plain<CInkEraser>, nullptr);
+    Tool row = tool("eraser", QT_TRANSLATE_NOOP("Board::Tool", "Eraser"), "X", nullptr);
     row.sample = {{{8, 20}, {14, 12}, {18, 20}, {24, 12}}};
     row.sampleWidth = 5;
     row.sampleOnInk = true;
-    row.paintFlat = paintErased;
     row.cursorShowsWidth = true;
     row.erases = true;
-    row.tapsWithOnePoint = true;
     return row;
 }
 
 Tool fill()
 {
-    Tool row = tool("fill", QT_TRANSLATE_NOOP("Board::Tool", "Fill"), "Shift+F", onCanvas<CInkFloodFill>, paintBucket);
+    Tool row = tool("fill", QT_TRANSLATE_NOOP("Board::Tool", "Fill"), "Shift+F", paintBucket);
     row.usage = QT_TRANSLATE_NOOP("Board::Tool", "press on the area to fill");
-    row.paintFlat = paintFilled;
     return row;
 }
 
 Tool select()
 {
-    Tool row =
-        tool("select", QT_TRANSLATE_NOOP("Board::Tool", "Select"), "Shift+S", plain<CInkRgnSelect>, paintSelection);
+    Tool row = tool("select", QT_TRANSLATE_NOOP("Board::Tool", "Select"), "Shift+S", paintSelection);
     row.usage = QT_TRANSLATE_NOOP("Board::Tool", "drag a frame around the ink to move");
-    row.lift = liftedPicture;
-    row.paintFlat = paintHole;
     return row;
 }
 
 Tool text()
 {
-    Tool row = tool("text", QT_TRANSLATE_NOOP("Board::Tool", "Text"), "Shift+A", plain<CInkText>, paintLetter);
+    Tool row = tool("text", QT_TRANSLATE_NOOP("Board::Tool", "Text"), "Shift+A", paintLetter);
     row.usage = QT_TRANSLATE_NOOP("Board::Tool", "drag a frame on the page to write in");
     row.group = kPlaced;
     row.edit = editText;

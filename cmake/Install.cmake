@@ -1,5 +1,5 @@
 # What `cmake --install` puts where. Two components: "library" is what a program needs to run, "development" what it
-# needs to be built with CMake, pkg-config or qmake. The board is a third one, "board": see board/CMakeLists.txt.
+# needs to be built with CMake, pkg-config or qmake. The board is a third one, "board": see board/CMakeLists.txt. InkLesson has two of its own.
 
 include(CMakePackageConfigHelpers)
 

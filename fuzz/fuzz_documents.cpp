@@ -93,10 +93,10 @@ Act act(Bytes &bytes)
 Life life(Bytes &bytes)
 {
     Life life;
-    const int tool = bytes.below(int(tools().size()) + 2);
+    const int tool = bytes.below(int(InkLesson::tools().size()) + 2);
     life.canvas = bytes.below(8) == 7 ? size(bytes) : QSize(64, 64);
-    if (std::size_t(tool) < tools().size()) {
-        life.tool = text(tools()[std::size_t(tool)].name);
+    if (std::size_t(tool) < InkLesson::tools().size()) {
+        life.tool = text(InkLesson::tools()[std::size_t(tool)].name);
         life.ink.color = color(bytes);
         life.ink.width = width(bytes);
         if (bytes.below(4) == 3)

@@ -1,7 +1,8 @@
 // Texts of recorded strokes, most of them broken. What is read keeps the promises that a player relies on.
 
 #include "Input.h"
-#include "StrokeReader.h"
+
+#include "lesson/strokes/StrokeReader.h"
 
 #include <cstdlib>
 
@@ -17,13 +18,13 @@ void require(bool kept)
 
 void Fuzz::run(const std::uint8_t *data, std::size_t size)
 {
-    Board::StrokeFile file;
-    Board::StrokeReader reader;
+    InkLesson::StrokeFile file;
+    InkLesson::StrokeReader reader;
     if (!reader.read(QByteArray(reinterpret_cast<const char *>(data), int(size)), file)) {
         require(!reader.error().isEmpty());
         return;
     }
     require(!file.size.isEmpty());
-    for (const Board::Stroke &stroke : file.strokes)
+    for (const InkLesson::Stroke &stroke : file.strokes)
         require(stroke.color.isValid() && stroke.width >= 1 && stroke.width <= 1000 && !stroke.points.empty());
 }

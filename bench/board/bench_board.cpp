@@ -4,7 +4,8 @@
 #include "Canvas.h"
 #include "MainWindow.h"
 #include "Player.h"
-#include "StrokeFile.h"
+
+#include "lesson/strokes/StrokeFile.h"
 
 #include <benchmark/benchmark.h>
 
@@ -63,11 +64,11 @@ std::unique_ptr<MainWindow> shownWindow()
     return window;
 }
 
-std::vector<Stroke> recordedStrokes()
+std::vector<InkLesson::Stroke> recordedStrokes()
 {
     QString error;
-    const auto file = readStrokeFile(QStringLiteral(INK_STROKES "/pathology.json"), error);
-    return file ? file->strokes : std::vector<Stroke>();
+    const auto file = InkLesson::readStrokeFile(QStringLiteral(INK_STROKES "/pathology.json"), error);
+    return file ? file->strokes : std::vector<InkLesson::Stroke>();
 }
 
 void send(Canvas &canvas, QEvent::Type type, const QPoint &pt)
@@ -147,7 +148,7 @@ private:
 // One iteration is the beginning of the recorded drawing.
 void playStrokes(benchmark::State &state)
 {
-    const std::vector<Stroke> strokes = recordedStrokes();
+    const std::vector<InkLesson::Stroke> strokes = recordedStrokes();
     if (strokes.empty()) {
         state.SkipWithError("the recorded strokes are missing");
         return;

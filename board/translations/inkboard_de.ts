@@ -578,17 +578,6 @@
     </message>
 </context>
 <context>
-    <name>Board::PageSize</name>
-    <message>
-        <source>a side must be 1 to %1 pixels</source>
-        <translation>eine Kante hat 1 bis %1 Pixel</translation>
-    </message>
-    <message>
-        <source>a page has at most %1 pixels in all</source>
-        <translation>eine Seite hat insgesamt höchstens %1 Pixel</translation>
-    </message>
-</context>
-<context>
     <name>Board::PageStrip</name>
     <message>
         <source>Pages</source>
@@ -613,10 +602,6 @@
 </context>
 <context>
     <name>Board::PictureFile</name>
-    <message>
-        <source>%1: cannot be written: %2</source>
-        <translation>%1: nicht beschreibbar: %2</translation>
-    </message>
     <message>
         <source>it is too large</source>
         <translation>es ist zu groß</translation>
@@ -822,68 +807,6 @@
     <message>
         <source>Take it from there</source>
         <translation>Dort wegnehmen</translation>
-    </message>
-</context>
-<context>
-    <name>Board::StrokeFile</name>
-    <message>
-        <source>cannot be read: %1</source>
-        <translation>nicht lesbar: %1</translation>
-    </message>
-    <message>
-        <source>larger than 256 MiB</source>
-        <translation>größer als 256 MiB</translation>
-    </message>
-</context>
-<context>
-    <name>Board::StrokeReader</name>
-    <message>
-        <source>line %1, column %2</source>
-        <translation>Zeile %1, Spalte %2</translation>
-    </message>
-    <message>
-        <source>not a JSON object</source>
-        <translation>kein JSON-Objekt</translation>
-    </message>
-    <message>
-        <source>not a text</source>
-        <translation>kein Text</translation>
-    </message>
-    <message>
-        <source>missing</source>
-        <translation>fehlt</translation>
-    </message>
-    <message>
-        <source>not a number</source>
-        <translation>keine Zahl</translation>
-    </message>
-    <message>
-        <source>must be 1 to %1</source>
-        <translation>muss 1 bis %1 sein</translation>
-    </message>
-    <message>
-        <source>not a list</source>
-        <translation>keine Liste</translation>
-    </message>
-    <message>
-        <source>not an object</source>
-        <translation>kein Objekt</translation>
-    </message>
-    <message>
-        <source>not a colour of the form #rrggbb</source>
-        <translation>keine Farbe der Form #rrggbb</translation>
-    </message>
-    <message>
-        <source>no point</source>
-        <translation>kein Punkt</translation>
-    </message>
-    <message>
-        <source>not a pair [x, y]</source>
-        <translation>kein Paar [x, y]</translation>
-    </message>
-    <message>
-        <source>too large</source>
-        <translation>zu groß</translation>
     </message>
 </context>
 <context>
@@ -1195,6 +1118,86 @@
     <message>
         <source>%1 %</source>
         <translation>%1 %</translation>
+    </message>
+</context>
+<context>
+    <name>InkLesson::PageSize</name>
+    <message>
+        <source>a side must be 1 to %1 pixels</source>
+        <translation>eine Kante hat 1 bis %1 Pixel</translation>
+    </message>
+    <message>
+        <source>a page has at most %1 pixels in all</source>
+        <translation>eine Seite hat insgesamt höchstens %1 Pixel</translation>
+    </message>
+</context>
+<context>
+    <name>InkLesson::PngFile</name>
+    <message>
+        <source>%1: cannot be written: %2</source>
+        <translation>%1: nicht beschreibbar: %2</translation>
+    </message>
+</context>
+<context>
+    <name>InkLesson::StrokeFile</name>
+    <message>
+        <source>cannot be read: %1</source>
+        <translation>nicht lesbar: %1</translation>
+    </message>
+    <message>
+        <source>larger than 256 MiB</source>
+        <translation>größer als 256 MiB</translation>
+    </message>
+</context>
+<context>
+    <name>InkLesson::StrokeReader</name>
+    <message>
+        <source>line %1, column %2</source>
+        <translation>Zeile %1, Spalte %2</translation>
+    </message>
+    <message>
+        <source>not a JSON object</source>
+        <translation>kein JSON-Objekt</translation>
+    </message>
+    <message>
+        <source>not a text</source>
+        <translation>kein Text</translation>
+    </message>
+    <message>
+        <source>missing</source>
+        <translation>fehlt</translation>
+    </message>
+    <message>
+        <source>not a number</source>
+        <translation>keine Zahl</translation>
+    </message>
+    <message>
+        <source>must be 1 to %1</source>
+        <translation>muss 1 bis %1 sein</translation>
+    </message>
+    <message>
+        <source>not a list</source>
+        <translation>keine Liste</translation>
+    </message>
+    <message>
+        <source>not an object</source>
+        <translation>kein Objekt</translation>
+    </message>
+    <message>
+        <source>not a colour of the form #rrggbb</source>
+        <translation>keine Farbe der Form #rrggbb</translation>
+    </message>
+    <message>
+        <source>no point</source>
+        <translation>kein Punkt</translation>
+    </message>
+    <message>
+        <source>not a pair [x, y]</source>
+        <translation>kein Paar [x, y]</translation>
+    </message>
+    <message>
+        <source>too large</source>
+        <translation>zu groß</translation>
     </message>
 </context>
 </TS>

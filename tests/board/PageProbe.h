@@ -12,7 +12,7 @@ constexpr QSize kSize{400, 300};
 
 inline std::unique_ptr<CInkGraph> object(const char *tool, const QColor &color = Qt::red, int width = 4)
 {
-    return Board::createObject(*Board::findTool(QString::fromLatin1(tool)), {color, width}, kSize);
+    return InkLesson::createObject(*InkLesson::findTool(QString::fromLatin1(tool)), {color, width}, kSize);
 }
 
 // Press, one move and release.

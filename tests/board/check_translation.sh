@@ -1,17 +1,18 @@
 #!/bin/sh
-# check_translation.sh LUPDATE SOURCES TS
+# check_translation.sh LUPDATE TS ROOT SOURCES...
 #
-# Every text of the sources stands in the TS file with a finished translation, and nothing else does.
+# Every text of the sources stands in the TS file with a finished translation, and nothing else does. Headers are included from ROOT.
 
 set -eu
 lupdate=$1
-sources=$2
-ts=$3
+ts=$2
+root=$3
+shift 3
 
 folder=$(mktemp -d)
 trap 'rm -rf "$folder"' EXIT
 cp "$ts" "$folder/renewed.ts"
-"$lupdate" -silent -locations none -no-obsolete "$sources" -ts "$folder/renewed.ts" >"$folder/log" 2>&1 || {
+"$lupdate" -silent -locations none -no-obsolete -I "$root" "$@" -ts "$folder/renewed.ts" >"$folder/log" 2>&1 || {
     cat "$folder/log" >&2
     exit 1
 }

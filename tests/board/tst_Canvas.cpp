@@ -32,12 +32,17 @@ public:
 
 std::vector<int> TwoGestures::s_codes;
 
-const Tool kTwoGestures{
-    "two",
-    "Two gestures",
-    "",
-    [](const QSize & /*canvas*/) -> std::unique_ptr<CInkGraph> { return std::make_unique<TwoGestures>(); },
-    {}};
+const InkLesson::Tool kTwoGestures{
+    "two", [](const QSize & /*canvas*/) -> std::unique_ptr<CInkGraph> { return std::make_unique<TwoGestures>(); }};
+
+Tool twoGestures()
+{
+    Tool tool{"two", "Two gestures", "", {}};
+    tool.kind = &kTwoGestures;
+    return tool;
+}
+
+const Tool kTwoGesturesTool = twoGestures();
 
 QImage plainPicture(const QSize &size)
 {
@@ -288,7 +293,7 @@ void tst_Canvas::drawsTwoFastStrokes()
 
 void tst_Canvas::tellsOnlyAnObjectInTheMakingOfADoubleClick()
 {
-    m_canvas->setTool(kTwoGestures);
+    m_canvas->setTool(kTwoGesturesTool);
     mouse(QEvent::MouseButtonDblClick, {50, 50}); // the first press of an object
     mouse(QEvent::MouseButtonRelease, {50, 50});
     mouse(QEvent::MouseButtonPress, {90, 90});
@@ -302,7 +307,7 @@ void tst_Canvas::tellsOnlyAnObjectInTheMakingOfADoubleClick()
 
 void tst_Canvas::neverAsksForHandlesDuringADrag()
 {
-    m_canvas->setTool(kTwoGestures);
+    m_canvas->setTool(kTwoGesturesTool);
     hover({10, 10});
     drag({50, 50}, {90, 90});
     hover({95, 95});

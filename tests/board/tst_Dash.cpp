@@ -87,7 +87,7 @@ void tst_Dash::toolsTakeOneWhereTheirPixelsShowIt()
         Page page(kSize);
         Ink ink{Qt::red, 4};
         ink.dash = dash;
-        page.begin(createObject(tool, ink, kSize));
+        page.begin(createObject(*tool.kind, ink, kSize));
         for (Gesture gesture : tool.sample) {
             for (QPoint &pt : gesture)
                 pt = QPoint(50, 50) + pt * 5;
@@ -96,7 +96,7 @@ void tst_Dash::toolsTakeOneWhereTheirPixelsShowIt()
         page.finish();
         return page.ink();
     };
-    QCOMPARE(paintedIn(Qt::SolidLine) != paintedIn(Qt::DotLine), tool.takesDash);
+    QCOMPARE(paintedIn(Qt::SolidLine) != paintedIn(Qt::DotLine), tool.takesDash());
 }
 
 void tst_Dash::changesThePickedObject()

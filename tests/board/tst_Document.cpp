@@ -19,7 +19,7 @@ Life lifeOf(const char *tool, const QColor &color = Qt::red, int width = 4)
 void draw(Document &document, const char *tool, const QPoint &from, const QPoint &to, const QColor &color = Qt::red)
 {
     const Life life = lifeOf(tool, color);
-    document.page().begin(life, createObject(life), Page::Reach::Reported, findTool(life.tool)->lift);
+    document.page().begin(life, createObject(life), Page::Reach::Reported, InkLesson::findTool(life.tool)->lift);
     drag(document.page(), from, to);
     document.page().finish();
 }
@@ -43,7 +43,7 @@ QImage greenPicture()
 // Everything that there is, on three pages.
 void holdLesson(Document &document)
 {
-    for (const Tool &tool : tools())
+    for (const InkLesson::Tool &tool : InkLesson::tools())
         draw(document, tool.name, {30, 40}, {200, 160}, QColor(200, 30, 60, 120));
     Life picture{kPictureTool};
     picture.canvas = kSize;
@@ -288,7 +288,7 @@ void tst_Document::takesASuccessorBackWithItsObject()
     draw(document, "line", {60, 100}, {140, 100});
     const QImage line = document.page().picture().copy();
     const Life life = lifeOf("select");
-    document.page().begin(life, createObject(life), Page::Reach::Reported, findTool(life.tool)->lift);
+    document.page().begin(life, createObject(life), Page::Reach::Reported, InkLesson::findTool(life.tool)->lift);
     drag(document.page(), {40, 80}, {160, 120});
     drag(document.page(), {100, 110}, {100, 210});
     document.page().finish();

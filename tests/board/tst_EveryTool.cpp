@@ -113,7 +113,7 @@ void tst_EveryTool::drawsEditsUndoesAndSaves()
         drag({{150, 120}, {250, 220}});
     if (auto *entry = canvas().findChild<QTextEdit *>())
         QTest::keyClicks(entry, QStringLiteral("Text"));
-    if (tool->hasHandles || tool->lift) { // moves it
+    if (tool->kind->hasHandles || tool->kind->lift) { // moves it
         QVERIFY(page().isBusy());
         const QPoint middle = QPolygonF(page().object()->m_graphData).boundingRect().center().toPoint();
         QCOMPARE(page().handleAt(middle), MT_MOVE);
@@ -129,7 +129,7 @@ void tst_EveryTool::drawsEditsUndoesAndSaves()
     QCOMPARE(steps, 2);
 
     QImage changed = drawn;
-    if (tool->hasHandles) {
+    if (tool->kind->hasHandles) {
         trigger("pick");
         drag({inked, inked});
         QVERIFY(page().isBusy());
@@ -144,7 +144,7 @@ void tst_EveryTool::drawsEditsUndoesAndSaves()
     QCOMPARE(picture(), before);
     trigger("redo");
     QCOMPARE(picture(), drawn);
-    if (tool->hasHandles)
+    if (tool->kind->hasHandles)
         trigger("redo");
     QCOMPARE(picture(), changed);
 

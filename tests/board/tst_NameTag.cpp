@@ -137,7 +137,7 @@ void tst_NameTag::changesNothingOfThePage_data()
 {
     QTest::addColumn<QString>("name");
     for (const Tool &tool : tools()) {
-        if (tool.use == Use::Draws && !tool.scatters) // which goes by the clock
+        if (tool.use == Use::Draws && !tool.scatters()) // which goes by the clock
             QTest::newRow(tool.name) << QString::fromLatin1(tool.name);
     }
 }

@@ -1,5 +1,6 @@
 #include "PageProbe.h"
-#include "PaperPainter.h"
+
+#include "lesson/paper/PaperPainter.h"
 
 #include <QtTest/QtTest>
 
@@ -274,7 +275,7 @@ void tst_Page::forgetsWhatPaintsNothing()
     QFETCH(QPoint, to);
     const QPoint from = to.x() < 0 ? QPoint(-400, -400) : QPoint(50, 50);
     Page page(kSize);
-    page.begin(createObject(*findTool(tool), {Qt::red, 4}, kSize));
+    page.begin(createObject(*InkLesson::findTool(tool), {Qt::red, 4}, kSize));
     drag(page, from, to);
     page.finish();
     QVERIFY(!page.isBusy());
@@ -342,7 +343,7 @@ void tst_Page::replaysEachObjectInItsOwnArea()
 void tst_Page::changesNothingOutsideTheReportedArea_data()
 {
     QTest::addColumn<QString>("name");
-    for (const Tool &tool : tools())
+    for (const InkLesson::Tool &tool : InkLesson::tools())
         QTest::newRow(tool.name) << QString::fromLatin1(tool.name);
 }
 
@@ -358,7 +359,7 @@ void tst_Page::changesNothingOutsideTheReportedArea()
 
     Page page(kSize);
     drawLineOn(page, Qt::blue, QPoint(5, 5), QPoint(390, 290));
-    page.begin(createObject(*findTool(name), {Qt::red, 6}, kSize));
+    page.begin(createObject(*InkLesson::findTool(name), {Qt::red, 6}, kSize));
     for (const auto &[code, pt] : events) {
         const QImage surface = page.surface().copy();
         const QImage picture = page.picture().copy();
@@ -414,7 +415,7 @@ void tst_Page::undoesTheObjectInProgress()
 void tst_Page::replaysTheSamePixels()
 {
     Page page(kSize);
-    for (const Tool &tool : tools()) {
+    for (const InkLesson::Tool &tool : InkLesson::tools()) {
         page.begin(createObject(tool, {QColor(200, 30, 60, 120), 40}, kSize));
         drag(page, QPoint(60, 60), QPoint(330, 240));
         drag(page, QPoint(340, 250), QPoint(360, 270));

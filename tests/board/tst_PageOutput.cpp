@@ -13,7 +13,7 @@ namespace {
 void draw(Page &page, const char *tool, const QPoint &from, const QPoint &to, const QColor &color = Qt::red)
 {
     const Life life{QString::fromLatin1(tool), {color, 4}, kSize};
-    page.begin(life, createObject(life), Page::Reach::Reported, findTool(life.tool)->lift);
+    page.begin(life, createObject(life), Page::Reach::Reported, InkLesson::findTool(life.tool)->lift);
     drag(page, from, to);
     page.finish();
 }
@@ -65,7 +65,7 @@ private:
 void tst_PageOutput::paintsThePageAsItIs_data()
 {
     QTest::addColumn<QString>("name");
-    for (const Tool &tool : tools())
+    for (const InkLesson::Tool &tool : InkLesson::tools())
         QTest::newRow(tool.name) << QString::fromLatin1(tool.name);
 }
 

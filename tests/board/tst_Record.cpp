@@ -154,6 +154,7 @@ void tst_Record::saysWhatIsWrong_data()
     row(R"({"do":"size","size":[4]})", "size: not a size");
     row(R"({"do":"draw","id":1})", "life.canvas: not a size");
     row(R"({"do":"draw","id":1,"life":{"canvas":[4,3],"tool":"wand"}})", "life.tool: no tool of this board");
+    row(R"({"do":"draw","id":1,"life":{"canvas":[4,3],"tool":"laser"}})", "life.tool: no tool of this board");
     row(R"({"do":"draw","id":1,"life":{"canvas":[4,3],"tool":"line"}})", "life.color: not a colour");
     row(R"({"do":"draw","id":1,"life":{"canvas":[4,3],"tool":"line","color":"#ff0000"}})",
         "life.width: not a whole number");

@@ -1,10 +1,6 @@
 #include "ToolIcon.h"
 #include "Tools.h"
 
-#include "CInkFlatBrush.h"
-#include "CInkGraph.h"
-#include "CInkHighLightPen.h"
-
 #include <QtCore/QSet>
 #include <QtGui/QKeySequence>
 #include <QtTest/QtTest>
@@ -20,25 +16,13 @@ private slots:
     void findsAToolByItsName();
     void givesEachToolItsOwnNameAndKey();
     void keepsTheToolsOfAGroupTogether();
-    void preparesAnObject_data();
-    void preparesAnObject();
+    void drawsTheKindOfItsName();
     void paintsAnIconInTheToolsOwnInk_data();
     void paintsAnIconInTheToolsOwnInk();
     void drawsIconsForScreensWithMorePixels();
     void showsTheHandlesOfAHeart();
     void showsATraceOfWhatLeavesNoMark();
-    void takesTheOptionOfATool();
-
-private:
-    static void eachTool();
 };
-
-void tst_Tools::eachTool()
-{
-    QTest::addColumn<QString>("name");
-    for (const Tool &tool : tools())
-        QTest::newRow(tool.name) << QString::fromLatin1(tool.name);
-}
 
 void tst_Tools::knowsEveryToolByName()
 {
@@ -125,20 +109,21 @@ void tst_Tools::keepsTheToolsOfAGroupTogether()
                                     QStringLiteral("Stencils")}));
 }
 
-void tst_Tools::preparesAnObject_data()
+void tst_Tools::drawsTheKindOfItsName()
 {
-    eachTool();
-}
-
-void tst_Tools::preparesAnObject()
-{
-    QFETCH(QString, name);
-    const auto object = createObject(*findTool(name), {QColor(10, 20, 30), 9}, QSize(100, 100));
-    QCOMPARE(object->m_color, QColor(10, 20, 30));
-    QCOMPARE(object->m_nWidth, 9);
-    QCOMPARE(object->m_nOwnerIP, 0x7F000001u);
-    QCOMPARE(object->m_nDrawerIP, 0x7F000001u);
-    QCOMPARE(object->m_bFinished, 0);
+    QStringList withoutKind;
+    std::size_t kinds = 0;
+    for (const Tool &tool : tools()) {
+        kinds += tool.kind ? 1 : 0;
+        if (tool.kind)
+            QCOMPARE(QByteArray(tool.kind->name), QByteArray(tool.name));
+        else
+            withoutKind.append(QString::fromLatin1(tool.name));
+        QCOMPARE(bool(tool.kind), tool.use == Use::Draws);
+        QCOMPARE(tool.option.has_value(), tool.kind && tool.kind->option);
+    }
+    QCOMPARE(withoutKind, (QStringList{QStringLiteral("pick"), QStringLiteral("remove"), QStringLiteral("laser")}));
+    QCOMPARE(kinds, InkLesson::tools().size()); // each can be drawn
 }
 
 void tst_Tools::paintsAnIconInTheToolsOwnInk_data()
@@ -213,31 +198,6 @@ void tst_Tools::showsATraceOfWhatLeavesNoMark()
     QCOMPARE(sampleInk(tool, Qt::red), blank);
     QVERIFY(toolIcon(tool).pixmap(32, 32).toImage().convertToFormat(blank.format()) != blank);
     QVERIFY(toolTitle(tool).contains(QStringLiteral("leaves no mark")));
-}
-
-void tst_Tools::takesTheOptionOfATool()
-{
-    const Tool &marker = *findTool(QStringLiteral("highlighter"));
-    const auto alpha = [&](const std::optional<int> &percent) {
-        const auto object = createObject(marker, {Qt::red, 9, percent}, QSize(100, 100));
-        return static_cast<const CInkHighLightPen &>(*object).m_nAlpha;
-    };
-    QCOMPARE(alpha({}), 102);
-    QCOMPARE(alpha(20), 51);
-    QCOMPARE(alpha(80), 204);
-
-    const Tool &flatBrush = *findTool(QStringLiteral("flat-brush"));
-    const auto angle = [&](const std::optional<int> &degrees) {
-        const auto object = createObject(flatBrush, {Qt::red, 9, degrees}, QSize(100, 100));
-        return static_cast<const CInkFlatBrush &>(*object).m_fNibAngle;
-    };
-    QCOMPARE(angle({}), 45.0f);
-    QCOMPARE(angle(120), 120.0f);
-    QCOMPARE(angle(180), 180.0f);
-    QCOMPARE(angle(181), 180.0f);
-    QCOMPARE(angle(-1), 0.0f);
-    QCOMPARE(angle(INT_MAX), 180.0f);
-    QVERIFY(!findTool(QStringLiteral("pencil"))->option);
 }
 
 QTEST_MAIN(tst_Tools)

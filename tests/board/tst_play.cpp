@@ -1,8 +1,9 @@
 // Runs the program itself, without a display.
 
 #include "Paper.h"
-#include "StrokeFile.h"
 #include "Tools.h"
+
+#include "lesson/strokes/StrokeFile.h"
 
 #include <QtCore/QDir>
 #include <QtCore/QProcess>
@@ -38,6 +39,7 @@ private slots:
     void playsFilesOverEachOther();
     void takesASize();
     void takesATool();
+    void paintsNothingWithAToolThatPoints();
     void playsAStrokeOfOnePoint();
     void replacesThePicture();
     void sayWhatIsWrong_data();
@@ -143,6 +145,12 @@ void tst_play::takesATool()
     const QImage picture = play({QStringLiteral("--tool"), QStringLiteral("rectangle"), write("box.json", corners)});
     QCOMPARE(picture, paper(QSize(60, 40),
                             [](QPainter &painter) { drawBox(painter, Qt::red, 3, QPoint(10, 10), QPoint(50, 30)); }));
+}
+
+void tst_play::paintsNothingWithAToolThatPoints()
+{
+    QCOMPARE(play({QStringLiteral("--tool"), QStringLiteral("laser"), write("red.json", kRed)}),
+             blankPaper(QSize(60, 40)));
 }
 
 // A line without length is a dot; a pencil that does not move paints nothing.
@@ -303,14 +311,14 @@ void tst_play::playsTheLessons()
 {
     QFETCH(QString, file);
     QString error;
-    const auto drawing = Board::readStrokeFile(file, error);
+    const auto drawing = InkLesson::readStrokeFile(file, error);
     QVERIFY2(drawing, qPrintable(error));
     QVERIFY(!drawing->title.isEmpty());
     QCOMPARE(drawing->license, QStringLiteral("same as the project"));
     const QImage picture = play({file});
     QCOMPARE(picture.size(), drawing->size);
     const QRect page(QPoint(), drawing->size);
-    for (const Board::Stroke &stroke : drawing->strokes) {
+    for (const InkLesson::Stroke &stroke : drawing->strokes) {
         for (const QPoint &point : stroke.points) {
             QVERIFY(page.contains(point));
             QVERIFY2(hasInkAt(picture, point), qPrintable(QStringLiteral("%1,%2").arg(point.x()).arg(point.y())));
@@ -362,11 +370,11 @@ void tst_play::playsRecordedStrokes()
     if (file.isEmpty())
         QSKIP("there is no folder of recorded strokes");
     QString error;
-    const auto drawing = Board::readStrokeFile(file, error);
+    const auto drawing = InkLesson::readStrokeFile(file, error);
     QVERIFY2(drawing, qPrintable(error));
     const QImage picture = play({file});
     QCOMPARE(picture.size(), drawing->size);
-    for (const Board::Stroke &stroke : drawing->strokes) {
+    for (const InkLesson::Stroke &stroke : drawing->strokes) {
         for (const QPoint &point : stroke.points)
             QVERIFY2(hasInkAt(picture, point), qPrintable(QStringLiteral("%1,%2").arg(point.x()).arg(point.y())));
     }

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Builds host.cpp in one of the ways in which a host finds the library, and runs it; or builds an example.
-# usage: consume.sh find_package|add_subdirectory|pkg-config|qmake|qmake-module|components|minimal-host|guide
+# usage: consume.sh find_package|add_subdirectory|pkg-config|qmake|qmake-module|components|lesson|minimal-host|guide
 #            BUILD PREFIX LIBDIR TOOL
 # BUILD is a folder of its own; LIBDIR is relative to PREFIX; TOOL is the cmake, pkg-config or qmake to use.
 set -euo pipefail
@@ -61,6 +61,15 @@ components) # of which there are none
     fi
     grep --fixed-strings 'there is no "nonsense"' log
     exit
+    ;;
+lesson) # by CMake, then by pkg-config where that is
+    "$tool" -S "$here/lesson" -B . -D CMAKE_PREFIX_PATH="$prefix" -D CMAKE_BUILD_TYPE=Release
+    "$tool" --build .
+    ./host
+    if command -v pkg-config >/dev/null; then
+        export PKG_CONFIG_PATH=$libdir/pkgconfig
+        g++ -std=c++17 -fPIC "$here/lesson/main.cpp" -o host $(pkg-config --cflags --libs InkLesson)
+    fi
     ;;
 minimal-host | guide) # which have windows, and are run by tests of their own
     "$tool" -S "$here/../../examples/$way" -B . -D CMAKE_PREFIX_PATH="$prefix" -D CMAKE_BUILD_TYPE=Release

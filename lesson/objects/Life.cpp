@@ -1,0 +1,119 @@
+#include "lesson/objects/Life.h"
+
+#include "CInkPicTure.h"
+#include "CInkText.h"
+
+namespace InkLesson {
+
+namespace {
+
+struct Performer
+{
+    CInkGraph &object;
+
+    QRect operator()(const PointerAct &act) const
+    {
+        QRect update; // fresh: some objects assign it
+        object.AddPoint(act.code, act.pt, update);
+        return update | object.GetUpdateRect();
+    }
+    QRect operator()(const FinishAct & /*act*/) const
+    {
+        // What its editor has committed is as it should be: a frame of text would be laid out anew.
+        if (!object.m_bFinished && object.FinishGraph())
+            object.m_bFinished = 1;
+        return object.GetUpdateRect();
+    }
+    QRect operator()(const ReopenAct & /*act*/) const
+    {
+        object.m_bFinished = 0;
+        object.m_bHideHotShape = 0;
+        return object.GetUpdateRect();
+    }
+    QRect operator()(const ColorAct &act) const
+    {
+        object.SetColor(act.color);
+        return object.GetUpdateRect();
+    }
+    QRect operator()(const WidthAct &act) const
+    {
+        object.SetWidth(act.width);
+        return object.GetUpdateRect();
+    }
+    QRect operator()(const DashAct &act) const
+    {
+        setDash(object, act.dash);
+        return object.GetUpdateRect();
+    }
+    QRect operator()(const TextAct &act) const
+    {
+        QImage image = act.image;
+        if (auto *text = dynamic_cast<CInkText *>(&object))
+            text->SetTextImage(&image);
+        return object.GetUpdateRect();
+    }
+};
+
+} // namespace
+
+QRect perform(const Act &act, CInkGraph &object)
+{
+    return std::visit(Performer{object}, act);
+}
+
+QImage exactImage(const QImage &image)
+{
+    QImage exact = image.convertToFormat(QImage::Format_ARGB32);
+    exact.setDevicePixelRatio(1);
+    return exact;
+}
+
+bool canReopen(const Life &life)
+{
+    const Tool *tool = findTool(life.tool);
+    return tool ? tool->hasHandles : life.tool == QLatin1String(kPictureTool);
+}
+
+Qt::PenStyle dashOf(const Life &life)
+{
+    Qt::PenStyle dash = life.ink.dash;
+    for (const Act &act : life.acts) {
+        if (const auto *other = std::get_if<DashAct>(&act))
+            dash = other->dash;
+    }
+    return dash;
+}
+
+void shift(Life &life, const QPoint &by)
+{
+    life.position += by;
+    for (Act &act : life.acts) {
+        if (auto *event = std::get_if<PointerAct>(&act))
+            event->pt += by;
+    }
+}
+
+std::unique_ptr<CInkGraph> createObject(const Life &life)
+{
+    if (life.tool == QLatin1String(kPictureTool)) {
+        QImage picture = life.picture;
+        auto object = std::make_unique<CInkPicTure>(&picture, life.position);
+        object->SetCanvasSize(life.canvas);
+        setDrawnHere(*object);
+        return object;
+    }
+    const Tool *tool = findTool(life.tool);
+    return tool ? createObject(*tool, life.ink, life.canvas) : nullptr;
+}
+
+LivedObject live(const Life &life)
+{
+    LivedObject lived{createObject(life), {}};
+    if (lived.object) {
+        for (const Act &act : life.acts)
+            lived.reach = perform(act, *lived.object);
+    }
+    return lived;
+}
+
+} // namespace InkLesson

@@ -1,0 +1,87 @@
+#pragma once
+
+#include "lesson/objects/Tools.h"
+
+#include <QtCore/QPoint>
+#include <QtCore/QRect>
+#include <QtGui/QImage>
+
+#include <memory>
+#include <variant>
+#include <vector>
+
+namespace InkLesson {
+
+// What can be done to an object, in the pixels of the page.
+struct PointerAct
+{
+    int code; // a PointerEvent
+    QPoint pt;
+};
+struct FinishAct
+{
+};
+struct ReopenAct // a committed object has its handles again
+{
+};
+struct ColorAct
+{
+    QColor color;
+};
+struct WidthAct
+{
+    int width;
+};
+struct DashAct
+{
+    Qt::PenStyle dash;
+};
+struct TextAct
+{
+    QString text;
+    QImage image; // of the text; exactImage()
+};
+using Act = std::variant<PointerAct, FinishAct, ReopenAct, ColorAct, WidthAct, DashAct, TextAct>;
+
+// Does it, and returns the area that the object reports.
+INKLESSON_EXPORT QRect perform(const Act &act, CInkGraph &object);
+
+// All that has been done to one object. The same life gives the same pixels each time it is lived.
+struct Life
+{
+    QString tool; // a name in the table of tools, or kPictureTool
+    Ink ink{};
+    QSize canvas{};    // when the object was begun
+    QImage picture{};  // of a placed picture; exactImage()
+    QPoint position{}; // its top left corner
+    std::vector<Act> acts{};
+};
+
+constexpr const char *kPictureTool = "picture";
+
+// In the format that a PNG file gives back bit for bit.
+INKLESSON_EXPORT QImage exactImage(const QImage &image);
+
+// Whether the object can have its handles again once it is committed.
+INKLESSON_EXPORT bool canReopen(const Life &life);
+
+// The dash style that the object has in the end.
+INKLESSON_EXPORT Qt::PenStyle dashOf(const Life &life);
+
+// Moves everything that was done.
+INKLESSON_EXPORT void shift(Life &life, const QPoint &by);
+
+// The object before anything was done to it. Null for a tool that there is not.
+INKLESSON_EXPORT std::unique_ptr<CInkGraph> createObject(const Life &life);
+
+// An object and the area that its last act reports.
+struct LivedObject
+{
+    std::unique_ptr<CInkGraph> object;
+    QRect reach;
+};
+
+// The object after all that was done to it.
+INKLESSON_EXPORT LivedObject live(const Life &life);
+
+} // namespace InkLesson
