@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """Every description in the reference is the comment of the declaration that it stands with.
 
-usage: check_reference.py XML_FOLDER INCLUDE_FOLDER
+usage: check_reference.py XML_FOLDER HEADER_FOLDER...
 
 Reads what doxygen has written as XML. A member without a comment has no description, or that of the member it overrides.
 """
@@ -36,8 +36,8 @@ def commented(lines, number):
 
 
 class Reference:
-    def __init__(self, xml, include):
-        self.include = include.resolve()
+    def __init__(self, xml, folders):
+        self.headers = {header.name: header for folder in folders for header in folder.glob("*.h")}
         self.lines = {}
         self.members = {}
         for file in sorted(xml.glob("*.xml")):
@@ -51,9 +51,8 @@ class Reference:
             place = element.find("location")
             if place is None or element.get("kind") in ("file", "dir", "page", "friend"):
                 continue
-            path = pathlib.Path(place.get("declfile") or place.get("file"))
-            path = (path if path.is_absolute() else self.include / path.name).resolve()
-            if path.parent != self.include:
+            path = self.headers.get(pathlib.Path(place.get("declfile") or place.get("file")).name)
+            if path is None:
                 continue
             if path not in self.lines:
                 self.lines[path] = path.read_text().splitlines()
@@ -68,8 +67,8 @@ class Reference:
         return ""
 
 
-def main(xml, include):
-    reference = Reference(pathlib.Path(xml), pathlib.Path(include))
+def main(xml, *folders):
+    reference = Reference(pathlib.Path(xml), [pathlib.Path(folder) for folder in folders])
     checked, failed, names = 0, 0, set()
     for element, comment, place in reference.declared():
         name = element.findtext("name") or element.findtext("compoundname")
