@@ -3,6 +3,8 @@
 #include "CInkPicTure.h"
 #include "CInkText.h"
 
+#include <QtGui/QPainter>
+
 namespace InkLesson {
 
 namespace {
@@ -28,6 +30,14 @@ struct Performer
     {
         object.m_bFinished = 0;
         object.m_bHideHotShape = 0;
+        return object.GetUpdateRect();
+    }
+    QRect operator()(const PaintAct & /*act*/) const
+    {
+        QImage unseen(1, 1, QImage::Format_ARGB32_Premultiplied);
+        QPainter painter(&unseen);
+        QRect area;
+        object.Draw(painter, area);
         return object.GetUpdateRect();
     }
     QRect operator()(const ColorAct &act) const
@@ -103,12 +113,17 @@ std::unique_ptr<CInkGraph> createObject(const Life &life)
         return object;
     }
     const Tool *tool = findTool(life.tool);
-    return tool ? createObject(*tool, life.ink, life.canvas) : nullptr;
+    if (!tool)
+        return nullptr;
+    std::unique_ptr<CInkGraph> object = createObject(*tool, life.ink, life.canvas);
+    if (tool->takePicture)
+        tool->takePicture(*object, life);
+    return object;
 }
 
 LivedObject live(const Life &life)
 {
-    LivedObject lived{createObject(life), {}};
+    LivedObject lived{createObject(life), {}, findTool(life.tool)};
     if (lived.object) {
         for (const Act &act : life.acts)
             lived.reach = perform(act, *lived.object);
