@@ -281,9 +281,9 @@ bool RecordReader::readColor(const QCborMap &map, QLatin1String key, QColor &col
 {
     constexpr int kLongestName = 32;
     const QString name = map.value(key).toString();
-    if (name.size() <= kLongestName)
-        color.setNamedColor(name);
-    return color.isValid() || fail(key, tr("not a colour"));
+    const QColor named(name.size() <= kLongestName ? name : QString());
+    color = QColor::fromRgba(named.rgba()); // all that is written of it
+    return named.isValid() || fail(key, tr("not a colour"));
 }
 
 bool RecordReader::readNumber(const QCborMap &map, QLatin1String key, int &number, int least, int most)

@@ -238,6 +238,26 @@ TEST(RecordReader, coloursHaveNamesOrNumbers)
     EXPECT_EQ(read("lightgoldenrodyellow"), 0xfffafad2);
 }
 
+TEST(RecordReader, aNameThatNoColourHasIsNotReadAsTheUsualOne)
+{
+    const auto with = [](const QByteArray &color) {
+        return errorWith(R"("do":"draw","life":{"tool":"pencil","canvas":[1,1],"width":3,"acts":[],"color":")" + color +
+                         "\"}");
+    };
+    EXPECT_EQ(with(QByteArray(32, 'x')), "color: not a colour");
+    EXPECT_EQ(with(QByteArray(33, 'x')), "color: not a colour");
+    EXPECT_EQ(with(""), "color: not a colour");
+}
+
+TEST(RecordReader, aColourHasTheEightBitsThatAreWritten)
+{
+    Record record;
+    RecordReader reader;
+    ASSERT_TRUE(
+        reader.readJson(R"({"author":1,"number":1,"do":"change","object":[1,2],"color":"#12ff34ff56ff"})", record));
+    EXPECT_EQ(*std::get<Change>(record.deed).color, QColor(0x13, 0x35, 0x57)); // rounded
+}
+
 TEST(RecordReader, actsAreWhatCanBeDone)
 {
     for (const char *acts : {R"([])", R"(["d1 1"])", R"(["finish","reopen","p"])", R"([[1,2,3]])", R"([{"width":3}])",
