@@ -31,6 +31,13 @@ bool isInt(const QCborValue &value, int least = kLeast, int most = kMost)
     return value.isInteger() && value.toInteger() >= least && value.toInteger() <= most;
 }
 
+// One that JSON keeps to the last digit.
+bool isExact(const QCborValue &value)
+{
+    constexpr qint64 kMostExact = 1LL << 53;
+    return value.isInteger() && value.toInteger() >= -kMostExact && value.toInteger() <= kMostExact;
+}
+
 // An array of two ints.
 bool readPair(const QCborValue &value, int &first, int &second)
 {
@@ -126,6 +133,8 @@ bool RecordReader::read(const QCborMap &map, Record &record)
     record.page = kFirstPage;
     if (map.contains(kPage) && !readId(map, kPage, record.page))
         return false;
+    if (map.contains(kTime) && !isExact(map.value(kTime)))
+        return fail(kTime, tr("not a number that this can be"));
     record.time = map.value(kTime).toInteger();
     return readDeed(map, record.deed);
 }

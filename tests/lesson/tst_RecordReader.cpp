@@ -134,6 +134,18 @@ TEST(RecordReader, aStepBeginsWithItsRecordOrBefore)
     EXPECT_EQ(errorWith(R"("do":"clear","step":null)"), noNumber("step"));
 }
 
+TEST(RecordReader, aTimeIsANumberThatBothFormsKeep)
+{
+    EXPECT_EQ(errorWith(R"("do":"clear","time":-1)"), "");
+    EXPECT_EQ(errorWith(R"("do":"clear","time":9007199254740992)"), "");
+    EXPECT_EQ(errorWith(R"("do":"clear","time":-9007199254740992)"), "");
+    EXPECT_EQ(errorWith(R"("do":"clear","time":9007199254740993)"), noNumber("time"));
+    EXPECT_EQ(errorWith(R"("do":"clear","time":-9007199254740994)"), noNumber("time"));
+    EXPECT_EQ(errorWith(R"("do":"clear","time":1e300)"), noNumber("time"));
+    EXPECT_EQ(errorWith(R"("do":"clear","time":1.5)"), noNumber("time"));
+    EXPECT_EQ(errorWith(R"("do":"clear","time":"now")"), noNumber("time"));
+}
+
 TEST(RecordReader, namesAreAnAuthorAndANumber)
 {
     EXPECT_EQ(errorWith(R"("do":"clear","page":[0,1])"), "");
@@ -332,6 +344,7 @@ TEST(RecordReader, cborOfAnotherTypeIsRefused)
     EXPECT_EQ(with("number", INFINITY), noNumber("number"));
     EXPECT_EQ(with("number", QCborValue(QByteArray("7"))), noNumber("number"));
     EXPECT_EQ(with("step", Q_INT64_C(4294967297)), noNumber("step"));
+    EXPECT_EQ(with("time", std::nan("")), noNumber("time"));
     EXPECT_EQ(with("page", QCborArray{1.0, 2}), "page: not a name");
     EXPECT_EQ(with("do", QCborValue(QByteArray("clear"))), "do: nothing that can be done");
     EXPECT_EQ(with("7", QCborValue()), "") << "what is not asked for is passed over";
