@@ -91,10 +91,9 @@ bool LogReader::read(const Lesson &lesson, Record &record)
     QByteArray line;
     if (!readLine(line))
         return false;
-    const QJsonDocument document = QJsonDocument::fromJson(line);
-    if (!document.isObject())
+    QCborMap map;
+    if (!RecordReader::parseJson(line, map))
         return fail(tr("nothing that can be read"));
-    QCborMap map = QCborMap::fromJsonObject(document.object());
     if (m_version < 2) {
         QCborMap translated;
         if (!translate(map, lesson, translated))

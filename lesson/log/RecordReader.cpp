@@ -7,10 +7,12 @@
 
 #include <QtCore/QBuffer>
 #include <QtCore/QCborArray>
+#include <QtCore/QCborStreamReader>
 #include <QtCore/QCborValue>
 #include <QtCore/QJsonDocument>
 #include <QtGui/QImageReader>
 
+#include <algorithm>
 #include <iterator>
 #include <limits>
 
@@ -24,7 +26,9 @@ constexpr int kLeast = std::numeric_limits<int>::min();
 constexpr int kMost = std::numeric_limits<int>::max();
 constexpr std::size_t kMostActs = 1 << 22; // in one life: five hours of a fast pen
 constexpr qint64 kMostPicturePixels = 64 * 1024 * 1024;
-constexpr int kMostText = 1 << 20; // letters
+constexpr int kMostText = 1 << 20;  // letters
+constexpr int kMostParts = 1 << 22; // values, and what holds them: in memory each is many times its one or two bytes
+constexpr int kDeepest = 8;         // maps and arrays in each other
 
 bool isInt(const QCborValue &value, int least = kLeast, int most = kMost)
 {
@@ -36,6 +40,29 @@ bool isExact(const QCborValue &value)
 {
     constexpr qint64 kMostExact = 1LL << 53;
     return value.isInteger() && value.toInteger() >= -kMostExact && value.toInteger() <= kMostExact;
+}
+
+// Whether the next value holds no more than a record may. Room for what it claims to hold is not made here.
+bool isBounded(QCborStreamReader &reader, int depth, int &parts)
+{
+    if (++parts > kMostParts)
+        return false;
+    if (!reader.isContainer())
+        return reader.next();
+    if (depth == kDeepest || !reader.enterContainer())
+        return false;
+    while (reader.hasNext()) {
+        if (!isBounded(reader, depth + 1, parts))
+            return false;
+    }
+    return reader.leaveContainer();
+}
+
+bool isBounded(const QByteArray &cbor)
+{
+    QCborStreamReader reader(cbor);
+    int parts = 0;
+    return isBounded(reader, 0, parts) && reader.currentOffset() == cbor.size();
 }
 
 // An array of two ints.
@@ -107,19 +134,22 @@ bool RecordReader::fail(QLatin1String place, const QString &what)
 
 bool RecordReader::readCbor(const QByteArray &bytes, Record &record)
 {
-    QCborParserError problem;
-    const QCborValue value = QCborValue::fromCbor(bytes, &problem);
-    if (problem.error != QCborError::NoError || !value.isMap())
-        return fail(kDo, tr("nothing that can be read"));
-    return read(value.toMap(), record);
+    const QCborValue value = isBounded(bytes) ? QCborValue::fromCbor(bytes) : QCborValue();
+    return value.isMap() ? read(value.toMap(), record) : fail(kDo, tr("nothing that can be read"));
 }
 
 bool RecordReader::readJson(const QByteArray &line, Record &record)
 {
-    const QJsonDocument document = QJsonDocument::fromJson(line);
-    if (!document.isObject())
-        return fail(kDo, tr("nothing that can be read"));
-    return read(QCborMap::fromJsonObject(document.object()), record);
+    QCborMap map;
+    return parseJson(line, map) ? read(map, record) : fail(kDo, tr("nothing that can be read"));
+}
+
+bool RecordReader::parseJson(const QByteArray &line, QCborMap &map)
+{
+    const auto parts = std::count_if(line.begin(), line.end(), [](char c) { return c == ',' || c == '[' || c == '{'; });
+    const QJsonDocument document = parts <= kMostParts ? QJsonDocument::fromJson(line) : QJsonDocument();
+    map = QCborMap::fromJsonObject(document.object());
+    return document.isObject();
 }
 
 bool RecordReader::read(const QCborMap &map, Record &record)

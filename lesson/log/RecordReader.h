@@ -22,7 +22,10 @@ public:
     bool readCbor(const QByteArray &bytes, Record &record);
     bool readJson(const QByteArray &line, Record &record);
 
-    // "place: what is wrong there", for example "life.acts: not a point".
+    // The map of a line. False where the line is no object, or one of more parts than a record may have.
+    static bool parseJson(const QByteArray &line, QCborMap &map);
+
+    // "place: what is wrong there", for example "acts: not an array".
     QString error() const { return m_error; }
 
 private:

@@ -372,6 +372,52 @@ TEST(RecordReader, lengthsThatAreOnlyClaimedTakeNoMemory)
     EXPECT_LT(megabytesSoFar() - before, 100);
 }
 
+TEST(RecordReader, manyPartsTakeNoMemory)
+{
+    const long before = megabytesSoFar();
+    const QByteArray start = R"({"author":1,"do":"clear","number":1,"x":[)";
+    EXPECT_EQ(errorOf(start + QByteArray("[],").repeated(8 << 20) + "1]}"), kUnreadable);
+    EXPECT_EQ(errorOfCbor(QByteArray::fromHex("9f") + QByteArray::fromHex("80").repeated(24 << 20)), kUnreadable);
+    EXPECT_LT(megabytesSoFar() - before, 150);
+}
+
+TEST(RecordReader, aRecordHasAtMostFourMillionParts)
+{
+    // One for the map, one for each of the seven keys and values before, and one for the array.
+    const QByteArray cbor = QByteArray::fromHex("a466617574686f7201666e756d6265720762646f65636c6561726178");
+    const auto withParts = [&](int count) {
+        const QByteArray array = QByteArray::fromHex("9a") + char(count >> 24) + char(count >> 16 & 255) +
+                                 char(count >> 8 & 255) + char(count & 255);
+        return errorOfCbor(cbor + array + QByteArray(count, '\0'));
+    };
+    EXPECT_EQ(withParts(4194304 - 9), "");
+    EXPECT_EQ(withParts(4194304 - 8), kUnreadable);
+
+    // The commas, also those of texts, and what opens: three behind the first keys and one brace.
+    const auto withCommas = [](int count) {
+        return errorOf(R"({"author":1,"do":"clear","number":1,"x":")" + QByteArray(count, ',') + "\"}");
+    };
+    EXPECT_EQ(withCommas(4194304 - 4), "");
+    EXPECT_EQ(withCommas(4194304 - 3), kUnreadable);
+}
+
+TEST(RecordReader, eightMapsAndArraysInEachOther)
+{
+    const QByteArray cbor = QByteArray::fromHex("a466617574686f7201666e756d6265720762646f65636c6561726178");
+    const auto withDepth = [&](int depth) { return errorOfCbor(cbor + QByteArray(depth, char(0x81)) + '\0'); };
+    EXPECT_EQ(withDepth(7), "") << "and the map itself";
+    EXPECT_EQ(withDepth(8), kUnreadable);
+}
+
+TEST(RecordReader, nothingStandsBehindARecord)
+{
+    const QByteArray cbor = QByteArray::fromHex("a366617574686f7201666e756d6265720762646f65636c656172");
+    EXPECT_EQ(errorOfCbor(cbor), "");
+    EXPECT_EQ(errorOfCbor(cbor + '\0'), kUnreadable);
+    EXPECT_EQ(errorOfCbor(cbor + cbor), kUnreadable);
+    EXPECT_EQ(errorOf(R"({"author":1,"do":"clear","number":1} {})"), kUnreadable);
+}
+
 TEST(RecordReader, anErrorIsToldOfTheLastRecordAlone)
 {
     RecordReader reader;
