@@ -74,9 +74,11 @@ bool LogReader::readHeader(Header &header)
     const QJsonObject first = QJsonDocument::fromJson(line).object();
     if (!first.value(kFormat).isDouble())
         return fail(tr("this is not a lesson of this board"));
-    m_version = first.value(kFormat).toInt();
-    if (m_version > kVersion)
+    if (first.value(kFormat).toDouble() > kVersion)
         return fail(tr("the lesson was written by a later version of this board"));
+    m_version = first.value(kFormat).toInt();
+    if (m_version < 1)
+        return fail(tr("this is not a lesson of this board"));
     const QJsonArray size = first.value(kSize).toArray();
     header.size = QSize(size.at(0).toInt(), size.at(1).toInt());
     header.density = first.contains(kDensity) ? first.value(kDensity).toDouble() : 1;

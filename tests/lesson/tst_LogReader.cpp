@@ -161,7 +161,9 @@ TEST(LogReader, whatIsNoLessonIsRefused)
 {
     constexpr const char *kNoLesson = "line 1: this is not a lesson of this board";
     EXPECT_EQ(Reading("").error, kNoLesson);
-    for (const char *line : {"", "x", "[]", "{}", R"({"inkboard":"2","size":[64,48]})", R"({"size":[64,48]})"})
+    for (const char *line : {"", "x", "[]", "{}", R"({"inkboard":"2","size":[64,48]})", R"({"size":[64,48]})",
+                             R"({"inkboard":0,"size":[64,48]})", R"({"inkboard":-1,"size":[64,48]})",
+                             R"({"inkboard":1.5,"size":[64,48]})"})
         EXPECT_EQ(errorOfHeader(line), kNoLesson) << line;
     EXPECT_EQ(Reading("{\"inkboard\":2,\"size\":[64,48]}").error, "line 1: it was cut off here");
 }
@@ -169,6 +171,8 @@ TEST(LogReader, whatIsNoLessonIsRefused)
 TEST(LogReader, aLaterVersionIsRefused)
 {
     EXPECT_EQ(errorOfHeader(R"({"inkboard":3,"size":[64,48]})"),
+              "line 1: the lesson was written by a later version of this board");
+    EXPECT_EQ(errorOfHeader(R"({"inkboard":2147483648,"size":[64,48]})"),
               "line 1: the lesson was written by a later version of this board");
     EXPECT_EQ(errorOfHeader(R"({"inkboard":3})"), "line 1: the lesson was written by a later version of this board");
 }
