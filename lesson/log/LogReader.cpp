@@ -19,7 +19,8 @@ using namespace Words;
 
 namespace {
 
-constexpr int kOnlyAuthor = 1; // of a lesson of version 1
+constexpr int kOnlyAuthor = 1;  // of a lesson of version 1
+constexpr int kPiece = 1 << 16; // bytes that room is made for at once: most lines are short
 const QString kFormat = QStringLiteral("inkboard");
 const QString kDensity = QStringLiteral("density");
 
@@ -54,12 +55,19 @@ bool LogReader::readLine(QByteArray &line)
     if (m_device.atEnd())
         return false;
     ++m_line;
-    line = m_device.readLine(kMostBytes);
+    line.clear();
+    while (!line.endsWith('\n') && line.size() < kMostBytes) {
+        // One more than is read: Qt ends it with a null.
+        const QByteArray piece = m_device.readLine(std::min(kPiece, kMostBytes - line.size()) + 1);
+        if (piece.isEmpty())
+            break;
+        line += piece;
+    }
     if (line.endsWith('\n')) {
         line.chop(1);
         return true;
     }
-    return fail(line.size() >= kMostBytes - 1 ? tr("it is longer than any board writes") : tr("it was cut off here"));
+    return fail(line.size() >= kMostBytes ? tr("it is longer than any board writes") : tr("it was cut off here"));
 }
 
 bool LogReader::readHeader(Header &header)

@@ -227,10 +227,10 @@ TEST(LogReader, aLineThatWasCutOffIsToldSo)
     EXPECT_EQ(reading.error, "line 3: it was cut off here");
 }
 
-TEST(LogReader, aLineHasLessThanSixtyFourMebibytes)
+TEST(LogReader, aLineHasAtMostSixtyFourMebibytes)
 {
-    EXPECT_EQ(errorOfLong(LongLine(67108863)), "");
-    EXPECT_EQ(errorOfLong(LongLine(67108864)), "line 2: it is longer than any board writes");
+    EXPECT_EQ(errorOfLong(LongLine(67108864)), "");
+    EXPECT_EQ(errorOfLong(LongLine(67108865)), "line 2: it is longer than any board writes");
     EXPECT_EQ(errorOfLong(LongLine(Q_INT64_C(1) << 40)), "line 2: it is longer than any board writes");
 }
 
