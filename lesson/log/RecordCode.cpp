@@ -67,13 +67,13 @@ QCborArray arrayOf(const std::vector<Act> &acts)
     return array;
 }
 
-QCborMap mapOf(const Life &life, bool withPicture)
+QCborMap mapOf(const Life &life)
 {
     QCborMap map{{kTool, life.tool}, {kCanvas, pair(life.canvas)}, {kActs, arrayOf(life.acts)}};
-    if (withPicture && !life.picture.isNull()) {
+    if (!life.picture.isNull()) {
         map.insert(kPosition, pair(life.position));
         map.insert(kPicture, pngOf(life.picture));
-    } else if (life.tool == QLatin1String(kPictureTool)) {
+    } else if (life.tool == QLatin1String(kPictureTool) || life.tool == QLatin1String(kAreaTool)) {
         map.insert(kPosition, pair(life.position));
     }
     if (life.tool == QLatin1String(kPictureTool))
@@ -92,7 +92,7 @@ struct DeedWriter
 {
     QCborMap &map;
 
-    void operator()(const Draw &draw) const { map.insert(kLife, mapOf(draw.life, true)); }
+    void operator()(const Draw &draw) const { map.insert(kLife, mapOf(draw.life)); }
     void operator()(const Change &change) const
     {
         map.insert(kObject, pair(change.object));
@@ -112,7 +112,7 @@ struct DeedWriter
     void operator()(const Replace &replace) const
     {
         map.insert(kObject, pair(replace.object));
-        map.insert(kLife, mapOf(replace.life, true));
+        map.insert(kLife, mapOf(replace.life));
     }
     void operator()(const Delete &gone) const
     {

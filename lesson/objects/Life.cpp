@@ -5,6 +5,9 @@
 
 #include <QtGui/QPainter>
 
+#include <algorithm>
+#include <limits>
+
 namespace InkLesson {
 
 namespace {
@@ -64,6 +67,15 @@ struct Performer
     }
 };
 
+// Places beyond those that an int holds are the last ones there.
+QPoint shifted(const QPoint &pt, const QPoint &by)
+{
+    const auto sum = [](qint64 a, qint64 b) {
+        return int(std::clamp<qint64>(a + b, std::numeric_limits<int>::min(), std::numeric_limits<int>::max()));
+    };
+    return {sum(pt.x(), by.x()), sum(pt.y(), by.y())};
+}
+
 } // namespace
 
 QRect perform(const Act &act, CInkGraph &object)
@@ -96,10 +108,10 @@ Qt::PenStyle dashOf(const Life &life)
 
 void shift(Life &life, const QPoint &by)
 {
-    life.position += by;
+    life.position = shifted(life.position, by);
     for (Act &act : life.acts) {
         if (auto *event = std::get_if<PointerAct>(&act))
-            event->pt += by;
+            event->pt = shifted(event->pt, by);
     }
 }
 

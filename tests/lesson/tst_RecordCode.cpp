@@ -135,6 +135,22 @@ TEST(RecordCode, whatOneFormTellsTheOtherTells)
         EXPECT_EQ(jsonLine(toCbor(seventh(line.deed))).toStdString(), line.json) << line.what;
 }
 
+TEST(RecordCode, aChangeMovesNothingBeyondTheLastPlace)
+{
+    Change change{{1, 1}};
+    change.by = QPoint(2147483647, -2147483647 - 1);
+    Life life = pencil();
+    life.acts.push_back(PointerAct{PT_MOVE, {-5, 5}});
+    life = changed(changed(life, change), change);
+    EXPECT_EQ(std::get<PointerAct>(life.acts[0]).pt.x(), 2147483647);
+    EXPECT_EQ(std::get<PointerAct>(life.acts[0]).pt.y(), -2147483647 - 1);
+    EXPECT_EQ(life.position.x(), 2147483647);
+    change.by = QPoint(3, -4);
+    life = changed(pencil(), change);
+    EXPECT_EQ(std::get<PointerAct>(life.acts[1]).pt.x(), 14);
+    EXPECT_EQ(std::get<PointerAct>(life.acts[1]).pt.y(), 14);
+}
+
 TEST(RecordCode, cborIsTheSameMap)
 {
     // A map of four: "author" 1, "number" 7, "time" 5, "do" "clear".
@@ -273,6 +289,19 @@ TEST(RecordCode, aPictureHasNoInkAndAReplacedOneNoPixels)
     EXPECT_EQ(toJson(seventh(Replace{{1, 2}, life})).toStdString(),
               R"({"author":1,"do":"replace","life":{"acts":[],"canvas":[64,48],"position":[2,3],"tool":"picture"},)"
               R"("number":7,"object":[1,2],"time":5})");
+}
+
+TEST(RecordCode, aReplacedAreaKeepsItsPlace)
+{
+    Life life = pencil();
+    life.tool = QLatin1String(kAreaTool);
+    life.position = QPoint(2, 3);
+    for (const Record &record : readBack(seventh(Replace{{1, 2}, life}))) {
+        const Life &read = std::get<Replace>(record.deed).life;
+        EXPECT_TRUE(read.picture.isNull());
+        EXPECT_EQ(read.position.x(), 2);
+        EXPECT_EQ(read.position.y(), 3);
+    }
 }
 
 TEST(RecordCode, aFilledAreaIsItsPixelsAndItsInk)
