@@ -29,6 +29,12 @@ QCborArray pair(const StepId &id)
     return {id.author, id.number};
 }
 
+// -1 for what is none.
+qint64 whole(const QCborValue &value)
+{
+    return value.isInteger() ? value.toInteger() : -1;
+}
+
 } // namespace
 
 QByteArray headerLine(const Header &header)
@@ -138,11 +144,11 @@ bool LogReader::translate(const QCborMap &line, const Lesson &lesson, QCborMap &
 bool LogReader::translatePage(const QCborMap &line, const Lesson &lesson, const QString &what, QCborMap &map)
 {
     const bool adds = what == QLatin1String("add-page");
-    const qint64 from = line.value(what == QLatin1String("move-page") ? QLatin1String("from") : kAt).toInteger(-1);
+    const qint64 from = whole(line.value(what == QLatin1String("move-page") ? QLatin1String("from") : kAt));
     if (from < 0 || from > lesson.pageCount() - (adds ? 0 : 1))
         return fail(adds ? tr("there is no place for this page") : tr("there is no such page"));
     if (adds) {
-        m_pages[line.value(kPage).toInteger()] = {kOnlyAuthor, int(map.value(kNumber).toInteger())};
+        m_pages[whole(line.value(kPage))] = {kOnlyAuthor, int(map.value(kNumber).toInteger())};
         map.insert(kAt, from);
         map.insert(kSize, line.value(kSize));
     } else {
@@ -155,7 +161,7 @@ bool LogReader::translatePage(const QCborMap &line, const Lesson &lesson, const 
 
 bool LogReader::translateObject(const QCborMap &line, const Lesson &lesson, const QString &what, QCborMap &map)
 {
-    const qint64 number = line.value(kPage).toInteger();
+    const qint64 number = whole(line.value(kPage));
     const auto page = m_pages.find(number);
     if (page == m_pages.end() || lesson.indexOf(page->second) < 0)
         return fail(tr("there is no such page"));
@@ -166,7 +172,7 @@ bool LogReader::translateObject(const QCborMap &line, const Lesson &lesson, cons
     }
     if (!line.contains(QLatin1String("id")))
         return true;
-    const qint64 id = line.value(QLatin1String("id")).toInteger(-1);
+    const qint64 id = whole(line.value(QLatin1String("id")));
     if (what == QLatin1String("draw")) {
         qint64 &last = m_lastObject[number];
         if (id <= last)
@@ -188,7 +194,7 @@ bool LogReader::translateObject(const QCborMap &line, const Lesson &lesson, cons
     if (what != QLatin1String("order"))
         return true;
     // So many of the others lay below it.
-    qint64 place = line.value(QLatin1String("place")).toInteger(-1);
+    qint64 place = whole(line.value(QLatin1String("place")));
     if (place < 0)
         return fail(tr("there is no such place"));
     ObjectId above = kNothing;
