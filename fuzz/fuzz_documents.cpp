@@ -3,11 +3,10 @@
 
 #include "Bytes.h"
 #include "Input.h"
+#include "Objects.h"
 
 #include "Document.h"
 #include "RecordText.h"
-
-#include "PointerEvent.h"
 
 #include <QtCore/QFile>
 #include <QtCore/QJsonArray>
@@ -19,10 +18,11 @@
 
 using namespace Board;
 using Fuzz::Bytes;
+using Fuzz::life;
+using Fuzz::picture;
 
 namespace {
 
-constexpr int kMostActs = 12;
 constexpr int kMostKinds = 16;     // of lines, and of records
 constexpr int kMostWrongLines = 8; // that are left out of a lesson; it is opened again for each of them
 
@@ -35,87 +35,6 @@ void require(bool kept)
 QString text(const char *latin1)
 {
     return QString::fromLatin1(latin1);
-}
-
-QSize size(Bytes &bytes)
-{
-    return {bytes.below(64), bytes.below(64)};
-}
-
-QImage picture(Bytes &bytes)
-{
-    const QImage image = bytes.image();
-    return exactImage(image.isNull() ? QImage(1, 1, QImage::Format_RGB32) : image);
-}
-
-// Mostly on the page, mostly seen.
-QPoint point(Bytes &bytes)
-{
-    return bytes.below(8) == 7 ? bytes.point() : QPoint(bytes.below(64), bytes.below(64));
-}
-
-QColor color(Bytes &bytes)
-{
-    return bytes.below(16) == 15 ? bytes.color() : QColor(bytes.byte(), 0, bytes.byte(), 255 - bytes.below(128));
-}
-
-int width(Bytes &bytes)
-{
-    return bytes.below(8) == 7 ? bytes.integer() : 1 + bytes.below(24);
-}
-
-Act act(Bytes &bytes)
-{
-    switch (bytes.below(16)) {
-    case 0:
-        return FinishAct();
-    case 1:
-        return ReopenAct();
-    case 2:
-        return ColorAct{color(bytes)};
-    case 3:
-        return WidthAct{width(bytes)};
-    case 4:
-        return TextAct{bytes.text(), picture(bytes)};
-    case 5:
-        return PointerAct{bytes.integer(), point(bytes)};
-    case 6:
-    case 7:
-        return PointerAct{PT_DOWN, point(bytes)};
-    case 8:
-    case 9:
-        return PointerAct{PT_UP, point(bytes)};
-    default:
-        return PointerAct{PT_MOVE, point(bytes)};
-    }
-}
-
-Life life(Bytes &bytes)
-{
-    Life life;
-    const int tool = bytes.below(int(InkLesson::tools().size()) + 2);
-    life.canvas = bytes.below(8) == 7 ? size(bytes) : QSize(64, 64);
-    if (std::size_t(tool) < InkLesson::tools().size()) {
-        life.tool = text(InkLesson::tools()[std::size_t(tool)].name);
-        life.ink.color = color(bytes);
-        life.ink.width = width(bytes);
-        if (bytes.below(4) == 3)
-            life.ink.option = bytes.integer();
-    } else {
-        life.tool = text(kPictureTool);
-        life.picture = picture(bytes);
-        life.position = point(bytes);
-    }
-    if (bytes.below(8) != 7) {
-        life.acts.push_back(PointerAct{PT_DOWN, point(bytes)});
-        life.acts.push_back(PointerAct{PT_MOVE, point(bytes)});
-        life.acts.push_back(PointerAct{PT_UP, point(bytes)});
-    }
-    for (int acts = bytes.below(kMostActs); acts > 0; --acts)
-        life.acts.push_back(act(bytes));
-    if (bytes.below(16) != 15)
-        life.acts.push_back(FinishAct());
-    return life;
 }
 
 // Writes what a board might do, for the most part in an order that can be done: reading ends at the first line that
@@ -140,7 +59,7 @@ public:
         case 2:
             return {{what, text("redo")}};
         case 3: {
-            const QSize side = size(m_bytes);
+            const QSize side = Fuzz::pageSize(m_bytes);
             const int place = m_bytes.below(m_pages + 1);
             ++m_pages;
             return {{what, text("add-page")},
@@ -183,7 +102,7 @@ private:
             return PaperRecord{paper};
         }
         case 5:
-            return SizeRecord{size(m_bytes) + QSize(m_pages * 8, m_pages * 8)};
+            return SizeRecord{Fuzz::pageSize(m_bytes) + QSize(m_pages * 8, m_pages * 8)};
         case 6:
             return DrawRecord{m_bytes.integer(), life(m_bytes), m_bytes.flag()};
         default: {

@@ -92,7 +92,7 @@ bool paintsNear(CInkGraph &object, const QPoint &pt, int reach)
     if (const auto *fill = dynamic_cast<CInkFloodFill *>(&object)) { // paints on layers only
         if (!fill->m_pImage)
             return false;
-        image = fill->m_pImage->copy(area).convertToFormat(image.format());
+        image = fill->m_pImage->copy(area.translated(-fill->m_rcCanvas.topLeft())).convertToFormat(image.format());
     } else {
         LayerPainter layer(image);
         QPainter &painter = layer;

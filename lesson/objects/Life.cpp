@@ -3,6 +3,11 @@
 #include "CInkPicTure.h"
 #include "CInkText.h"
 
+#include <QtGui/QPainter>
+
+#include <algorithm>
+#include <limits>
+
 namespace InkLesson {
 
 namespace {
@@ -30,6 +35,14 @@ struct Performer
         object.m_bHideHotShape = 0;
         return object.GetUpdateRect();
     }
+    QRect operator()(const PaintAct & /*act*/) const
+    {
+        QImage unseen(1, 1, QImage::Format_ARGB32_Premultiplied);
+        QPainter painter(&unseen);
+        QRect area;
+        object.Draw(painter, area);
+        return object.GetUpdateRect();
+    }
     QRect operator()(const ColorAct &act) const
     {
         object.SetColor(act.color);
@@ -53,6 +66,15 @@ struct Performer
         return object.GetUpdateRect();
     }
 };
+
+// Places beyond those that an int holds are the last ones there.
+QPoint shifted(const QPoint &pt, const QPoint &by)
+{
+    const auto sum = [](qint64 a, qint64 b) {
+        return int(std::clamp<qint64>(a + b, std::numeric_limits<int>::min(), std::numeric_limits<int>::max()));
+    };
+    return {sum(pt.x(), by.x()), sum(pt.y(), by.y())};
+}
 
 } // namespace
 
@@ -86,10 +108,10 @@ Qt::PenStyle dashOf(const Life &life)
 
 void shift(Life &life, const QPoint &by)
 {
-    life.position += by;
+    life.position = shifted(life.position, by);
     for (Act &act : life.acts) {
         if (auto *event = std::get_if<PointerAct>(&act))
-            event->pt += by;
+            event->pt = shifted(event->pt, by);
     }
 }
 
@@ -103,12 +125,17 @@ std::unique_ptr<CInkGraph> createObject(const Life &life)
         return object;
     }
     const Tool *tool = findTool(life.tool);
-    return tool ? createObject(*tool, life.ink, life.canvas) : nullptr;
+    if (!tool)
+        return nullptr;
+    std::unique_ptr<CInkGraph> object = createObject(*tool, life.ink, life.canvas);
+    if (tool->takePicture)
+        tool->takePicture(*object, life);
+    return object;
 }
 
 LivedObject live(const Life &life)
 {
-    LivedObject lived{createObject(life), {}};
+    LivedObject lived{createObject(life), {}, findTool(life.tool)};
     if (lived.object) {
         for (const Act &act : life.acts)
             lived.reach = perform(act, *lived.object);

@@ -24,6 +24,9 @@ struct FinishAct
 struct ReopenAct // a committed object has its handles again
 {
 };
+struct PaintAct // it was painted meanwhile, by which the pixels of some pens are rendered
+{
+};
 struct ColorAct
 {
     QColor color;
@@ -41,7 +44,7 @@ struct TextAct
     QString text;
     QImage image; // of the text; exactImage()
 };
-using Act = std::variant<PointerAct, FinishAct, ReopenAct, ColorAct, WidthAct, DashAct, TextAct>;
+using Act = std::variant<PointerAct, FinishAct, ReopenAct, PaintAct, ColorAct, WidthAct, DashAct, TextAct>;
 
 // Does it, and returns the area that the object reports.
 INKLESSON_EXPORT QRect perform(const Act &act, CInkGraph &object);
@@ -52,12 +55,13 @@ struct Life
     QString tool; // a name in the table of tools, or kPictureTool
     Ink ink{};
     QSize canvas{};    // when the object was begun
-    QImage picture{};  // of a placed picture; exactImage()
+    QImage picture{};  // of a placed picture, or the pixels of a filled area; exactImage()
     QPoint position{}; // its top left corner
     std::vector<Act> acts{};
 };
 
 constexpr const char *kPictureTool = "picture";
+constexpr const char *kAreaTool = "area"; // a fill, whose pixels were computed once
 
 // In the format that a PNG file gives back bit for bit.
 INKLESSON_EXPORT QImage exactImage(const QImage &image);
@@ -77,8 +81,10 @@ INKLESSON_EXPORT std::unique_ptr<CInkGraph> createObject(const Life &life);
 // An object and the area that its last act reports.
 struct LivedObject
 {
-    std::unique_ptr<CInkGraph> object;
-    QRect reach;
+    std::unique_ptr<CInkGraph> object{};
+    QRect reach{};
+    const Tool *tool{}; // null for a placed picture
+    bool isPainted{};   // on its page, on top of all others
 };
 
 // The object after all that was done to it.

@@ -47,8 +47,12 @@ struct Tool
     bool hasHandles{};       // also once it is reopened
     bool takesDash{};        // its outline is painted in the dash style of the ink
     bool takesText{};        // its image is rendered from a text
+    bool rendersAsPainted{}; // its pixels depend on when it was painted while it was drawn
+    bool floods{};           // its pixels depend on those below it
     std::optional<InkOption> option{};
     std::optional<Life> (*lift)(CInkGraph &committed, const QSize &canvas){}; // what is then edited in its place
+    void (*takePicture)(CInkGraph &object, const Life &life){};               // that is part of its life
+    void (*takeBackground)(CInkGraph &object, const QImage &background){};    // of the page, before it is painted
     // Paints what a committed object that works on the layers' pixels shows on a page of this background.
     void (*paintFlat)(QPainter &painter, CInkGraph &object, const QImage &background){};
 };

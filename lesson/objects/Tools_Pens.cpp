@@ -38,6 +38,13 @@ Tool highlighter()
     return tool;
 }
 
+Tool crayon()
+{
+    Tool tool{"crayon", onCanvas<CInkCrayon>};
+    tool.rendersAsPainted = true;
+    return tool;
+}
+
 Tool sprayGun()
 {
     Tool tool{"spray-gun", onCanvas<CInkSprayGun>};
@@ -55,7 +62,7 @@ std::vector<Tool> pens()
         flatBrush(),
         highlighter(),
         {"color-brush", onCanvas<CInkColorBrush>},
-        {"crayon", onCanvas<CInkCrayon>},
+        crayon(),
         {"water-color-pen", onCanvas<CInkWaterColorPen>},
         sprayGun(),
     };

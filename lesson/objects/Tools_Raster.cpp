@@ -2,11 +2,15 @@
 #include "lesson/objects/Tools_p.h"
 
 #include "CInkEraser.h"
-#include "CInkFloodFill.h"
+#include "CInkFloodFillEx.h"
 #include "CInkRgnSelect.h"
 #include "CInkText.h"
 
+#include <QtGui/QBrush>
 #include <QtGui/QPainter>
+#include <QtGui/QPen>
+
+#include <algorithm>
 
 namespace InkLesson {
 
@@ -33,7 +37,34 @@ void paintHole(QPainter &painter, CInkGraph &object, const QImage &background)
 void paintFilled(QPainter &painter, CInkGraph &object, const QImage & /*background*/)
 {
     if (object.m_pImage)
-        painter.drawImage(0, 0, *object.m_pImage);
+        painter.drawImage(static_cast<CInkFloodFill &>(object).m_rcCanvas.topLeft(), *object.m_pImage);
+}
+
+// The pixels in the colour of the ink, and the object as if it had computed them. It is as large as they are.
+void takeArea(CInkGraph &object, const Life &life)
+{
+    auto &fill = static_cast<CInkFloodFillEx &>(object);
+    QImage pixels = life.picture;
+    for (int y = 0; y < pixels.height(); ++y) {
+        auto *row = reinterpret_cast<QRgb *>(pixels.scanLine(y));
+        const auto inked = [&](QRgb pixel) { return pixel != 0 ? life.ink.color.rgb() : pixel; };
+        std::transform(row, row + pixels.width(), row, inked);
+    }
+    delete fill.m_pImage;
+    fill.m_pImage = new QImage(pixels);
+    fill.m_rcCanvas = fill.m_rcFillBounds = fill.m_rcHot = QRect(life.position, pixels.size());
+    fill.m_nPointCount = fill.m_bFilled = 1;
+}
+
+// One for all erasers of a page, where each would keep a copy of its own.
+void takeTexture(CInkGraph &object, const QImage &background)
+{
+    auto &eraser = static_cast<CInkEraser &>(object);
+    delete eraser.m_pErasePen;
+    delete eraser.m_pEraseBrush;
+    eraser.m_pEraseBrush = new QBrush(background);
+    eraser.m_pErasePen = new QPen(*eraser.m_pEraseBrush, eraser.m_nWidth, Qt::SolidLine,
+                                  Qt::PenCapStyle(eraser.m_nCapStyle), Qt::BevelJoin);
 }
 
 // The background along the eraser's path.
@@ -58,6 +89,7 @@ Tool eraser()
 {
     Tool tool{"eraser", plain<CInkEraser>};
     tool.tapsWithOnePoint = true;
+    tool.takeBackground = takeTexture;
     tool.paintFlat = paintErased;
     return tool;
 }
@@ -70,9 +102,19 @@ Tool select()
     return tool;
 }
 
+// Computed anew whenever it is painted; in lessons of version 1.
 Tool fill()
 {
     Tool tool{"fill", onCanvas<CInkFloodFill>};
+    tool.floods = true;
+    tool.paintFlat = paintFilled;
+    return tool;
+}
+
+Tool area()
+{
+    Tool tool{kAreaTool, onCanvas<CInkFloodFillEx>};
+    tool.takePicture = takeArea;
     tool.paintFlat = paintFilled;
     return tool;
 }
@@ -88,7 +130,7 @@ Tool text()
 
 std::vector<Tool> rasterTools()
 {
-    return {eraser(), select(), fill(), text()};
+    return {eraser(), select(), fill(), area(), text()};
 }
 
 } // namespace InkLesson

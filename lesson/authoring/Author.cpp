@@ -1,0 +1,337 @@
+#include "lesson/authoring/Author.h"
+
+#include "lesson/authoring/Pour.h"
+
+#include "PointerEvent.h"
+
+#include <algorithm>
+#include <iterator>
+#include <utility>
+
+namespace InkLesson {
+
+namespace {
+
+// Whether two objects of one tool look the same.
+bool isAlike(const CInkGraph &first, const CInkGraph &second)
+{
+    return first.m_graphData == second.m_graphData && first.m_rcHot == second.m_rcHot &&
+           first.m_fRotateAngle == second.m_fRotateAngle && first.m_color == second.m_color &&
+           first.m_nWidth == second.m_nWidth;
+}
+
+} // namespace
+
+Author::Author(Lesson &lesson, int number, Clock clock, Listener listener)
+    : m_lesson(lesson)
+    , m_number(number)
+    , m_clock(std::move(clock))
+    , m_listener(std::move(listener))
+{
+}
+
+StepId Author::emitDeed(Deed deed, int step, LivedObject lived)
+{
+    const int number = m_lesson.history().nextNumber(m_number);
+    const Record record{{m_number, number}, step == 0 ? number : step, m_clock(), m_page, std::move(deed)};
+    m_lesson.apply(record, std::move(lived));
+    if (m_listener)
+        m_listener(record);
+    return record.id;
+}
+
+void Author::show(const QRegion &area)
+{
+    if (!area.isEmpty() && m_lesson.pageChanged)
+        m_lesson.pageChanged(m_page, area);
+}
+
+void Author::turnTo(const PageId &page)
+{
+    finish();
+    m_page = page;
+}
+
+void Author::begin(Life life, std::unique_ptr<CInkGraph> object)
+{
+    finish();
+    if (!object)
+        return;
+    m_known = 0;
+    Hand hand{m_number, std::move(life), std::move(object)};
+    show(lessonPage().take(std::move(hand)));
+}
+
+void Author::begin(const Life &life)
+{
+    begin(life, createObject(life));
+}
+
+void Author::insert(Life life)
+{
+    finish();
+    insert(std::move(life), 0);
+}
+
+void Author::insert(Life life, int step)
+{
+    life.acts.emplace_back(FinishAct());
+    const StepId id = emitDeed(Draw{life}, step);
+    reopen(id);
+}
+
+bool Author::reopen(const ObjectId &object)
+{
+    finish();
+    const std::optional<Life> life = m_lesson.life(object);
+    if (!life || !canReopen(*life) || !lessonPage().item(object))
+        return false;
+    hold({m_number, *life, live(*life).object}, object);
+    return true;
+}
+
+// The acts so far are in the log.
+void Author::hold(Hand hand, const ObjectId &object)
+{
+    hand.held = object;
+    m_dash = dashOf(hand.life);
+    m_known = hand.life.acts.size();
+    hand.life.acts.emplace_back(ReopenAct());
+    perform(hand.life.acts.back(), *hand.object);
+    show(lessonPage().take(std::move(hand)));
+}
+
+void Author::feed(int code, const std::vector<QPoint> &pts)
+{
+    const Hand *hand = this->hand();
+    if (!hand)
+        return;
+    show(lessonPage().feed(m_number, code, pts));
+    if (hand->object->m_bFinished)
+        settle();
+    else if (code == PT_UP && !hand->isForming() && canReopen(hand->life))
+        keepChange();
+}
+
+void Author::act(const Act &act)
+{
+    const Hand *hand = this->hand();
+    if (!hand)
+        return;
+    show(lessonPage().act(m_number, act));
+    if (hand->held != kNothing && !hand->object->m_bFinished)
+        keepChange();
+}
+
+// Whether the object in hand looks as the log has it.
+bool Author::isKept(const Hand &hand) const
+{
+    const Item *item = m_lesson.page(m_page).item(hand.held);
+    return item && isAlike(*hand.object, *item->object) && dashOf(hand.life) == m_dash;
+}
+
+// What was done to the object in hand since it came into the log becomes a step, and the object stays in the hand.
+void Author::keepChange()
+{
+    Hand &hand = *lessonPage().hand(m_number);
+    if (isKept(hand))
+        return;
+    hand.life.acts.emplace_back(FinishAct());
+    perform(hand.life.acts.back(), *hand.object);
+    emitChange(hand);
+    m_dash = dashOf(hand.life);
+    m_known = hand.life.acts.size();
+    hand.life.acts.emplace_back(ReopenAct());
+    perform(hand.life.acts.back(), *hand.object);
+    show(lessonPage().show(hand.touched));
+}
+
+void Author::emitChange(Hand &hand)
+{
+    if (hand.held == kNothing) {
+        hand.held = {m_number, m_lesson.history().nextNumber(m_number)}; // hidden on the page from the start
+        emitDeed(Draw{hand.life});
+        return;
+    }
+    const auto first = hand.life.acts.begin() + std::ptrdiff_t(m_known);
+    emitDeed(Change{hand.held, {}, {}, {}, {}, {}, {first, hand.life.acts.end()}});
+}
+
+void Author::finish()
+{
+    while (Hand *hand = lessonPage().hand(m_number)) { // then its successor, which has none
+        hand->life.acts.emplace_back(FinishAct());
+        hand->asked = perform(hand->life.acts.back(), *hand->object);
+        if (hand->object->m_bFinished)
+            settle();
+        else
+            show(lessonPage().drop(m_number));
+    }
+}
+
+// The object in hand is committed.
+void Author::settle()
+{
+    Hand &hand = *lessonPage().hand(m_number);
+    if (hand.held == kNothing) {
+        settleNew();
+        return;
+    }
+    if (!isKept(hand))
+        emitChange(hand);
+    show(lessonPage().drop(m_number));
+}
+
+// One that paints nothing is forgotten, and has no successor.
+void Author::settleNew()
+{
+    Page &page = lessonPage();
+    Hand hand{m_number, {}, {}};
+    show(page.drop(m_number, &hand));
+    LivedObject lived{std::move(hand.object), hand.asked, hand.tool};
+    if (!page.paintOnTop(*lived.object, lived.reach, lived.tool))
+        return;
+    lived.isPainted = true;
+    const StepId id = emitDeed(Draw{std::move(hand.life)}, 0, std::move(lived));
+    const Item *item = page.item(id);
+    if (!item || !item->tool || !item->tool->lift)
+        return;
+    if (std::optional<Life> next = item->tool->lift(*item->object, page.rect().size()))
+        insert(*std::move(next), id.number);
+}
+
+void Author::discard()
+{
+    const Hand *hand = this->hand();
+    if (!hand)
+        return;
+    const ObjectId held = hand->held;
+    show(lessonPage().drop(m_number));
+    if (held != kNothing)
+        emitDeed(Delete{{held}});
+}
+
+bool Author::pour(const QPoint &seed, const QColor &color)
+{
+    finish();
+    std::optional<Life> life = poured(lessonPage().picture(), seed, color);
+    if (!life)
+        return false;
+    emitDeed(Draw{*std::move(life)});
+    return true;
+}
+
+void Author::change(const Change &change)
+{
+    this->change(std::vector<Change>{change});
+}
+
+void Author::change(const std::vector<Change> &changes)
+{
+    finish();
+    int step = 0;
+    for (const Change &change : changes) {
+        if (!m_lesson.life(change.object))
+            continue;
+        const StepId id = emitDeed(change, step);
+        step = step == 0 ? id.number : step;
+    }
+}
+
+void Author::remove(const std::vector<ObjectId> &objects)
+{
+    finish();
+    Delete gone;
+    std::copy_if(objects.begin(), objects.end(), std::back_inserter(gone.objects),
+                 [&](const ObjectId &id) { return lessonPage().item(id) != nullptr; });
+    if (!gone.objects.empty())
+        emitDeed(std::move(gone));
+}
+
+void Author::order(const ObjectId &object, const ObjectId &above)
+{
+    finish();
+    if (lessonPage().item(object) && object != above)
+        emitDeed(Order{object, above});
+}
+
+void Author::clear()
+{
+    finish();
+    if (!lessonPage().items().empty())
+        emitDeed(Clear());
+}
+
+void Author::setPaper(const Paper &paper)
+{
+    finish();
+    emitDeed(SetPaper{paper});
+}
+
+ObjectId Author::duplicate(const ObjectId &object, const QPoint &by)
+{
+    finish();
+    std::optional<Life> life = m_lesson.life(object);
+    if (!life)
+        return kNothing;
+    shift(*life, by);
+    return emitDeed(Draw{*std::move(life)});
+}
+
+void Author::grow(const QSize &size)
+{
+    const QSize grown = size.expandedTo(lessonPage().rect().size());
+    if (grown != lessonPage().rect().size())
+        emitDeed(Grow{grown});
+}
+
+PageId Author::addPage(int place, const QSize &size)
+{
+    finish();
+    return emitDeed(AddPage{place, size});
+}
+
+void Author::removePage(const PageId &page)
+{
+    turnTo(page);
+    if (m_lesson.pageCount() > 1)
+        emitDeed(RemovePage());
+}
+
+void Author::movePage(const PageId &page, int place)
+{
+    turnTo(page);
+    if (m_lesson.indexOf(page) != place)
+        emitDeed(MovePage{place});
+}
+
+bool Author::canUndo() const
+{
+    return hand() || m_lesson.history().toUndo(m_number);
+}
+
+bool Author::canRedo() const
+{
+    return m_lesson.history().toRedo(m_number).has_value();
+}
+
+bool Author::undo()
+{
+    finish();
+    return emitUndo(m_lesson.history().toUndo(m_number));
+}
+
+bool Author::redo()
+{
+    finish();
+    return emitUndo(m_lesson.history().toRedo(m_number));
+}
+
+bool Author::emitUndo(const std::optional<StepId> &step)
+{
+    if (step)
+        emitDeed(Undo{*step});
+    return step.has_value();
+}
+
+} // namespace InkLesson

@@ -1,0 +1,104 @@
+#pragma once
+
+#include "lesson/Export.h"
+#include "lesson/fold/Lesson.h"
+
+#include <functional>
+
+namespace InkLesson {
+
+// One who draws on a lesson at this machine: makes records of what the hand does, each step once it is done.
+//
+// A step is what the hand did at once: a stroke, a drag, a colour, a width. An object with handles stays in the hand
+// after it was drawn and after each change, until it is let go.
+class INKLESSON_EXPORT Author
+{
+public:
+    using Clock = std::function<qint64()>;                      // milliseconds since 1970
+    using Listener = std::function<void(const Record &record)>; // of what has just been applied
+
+    // The lesson outlives the author.
+    Author(Lesson &lesson, int number, Clock clock, Listener listener = {});
+
+    int number() const { return m_number; }
+
+    // Where the hand is. Another page lets go what is in it.
+    const PageId &page() const { return m_page; }
+    void turnTo(const PageId &page);
+
+    // Takes the object that the next events go to, with its life so far; another one is let go first.
+    void begin(Life life, std::unique_ptr<CInkGraph> object);
+    void begin(const Life &life);
+
+    // Puts an object that is edited from the start on the page, and into the hand.
+    void insert(Life life);
+
+    // Takes a committed object into the hand, which gives it its handles. False where it has none, or is not there.
+    bool reopen(const ObjectId &object);
+
+    // Hands events to the object in hand; without one they are lost.
+    void feed(int code, const std::vector<QPoint> &pts);
+    void feed(int code, const QPoint &pt) { feed(code, std::vector<QPoint>{pt}); }
+
+    // Does something else to the object in hand.
+    void act(const Act &act);
+
+    // Lets the object go. A new one that leaves no mark is forgotten.
+    void finish();
+
+    // Takes the object in hand away from the page.
+    void discard();
+
+    const Hand *hand() const { return const_cast<Author *>(this)->lessonPage().hand(m_number); }
+    CInkGraph *object() const { return hand() ? hand()->object.get() : nullptr; }
+
+    // Fills the area of one colour around a point of the page, as it is seen now. False where there is nothing to fill.
+    bool pour(const QPoint &seed, const QColor &color);
+
+    // Steps on committed objects; the one in hand is let go first. Nothing happens where they name none.
+    void change(const Change &change);
+    void change(const std::vector<Change> &changes); // one step
+    void remove(const std::vector<ObjectId> &objects);
+    void order(const ObjectId &object, const ObjectId &above);
+    void clear();
+    void setPaper(const Paper &paper);
+
+    // A copy of an object, moved, on top of all. Returns its name, or kNothing.
+    ObjectId duplicate(const ObjectId &object, const QPoint &by);
+
+    // Makes the page at least as large as `size`; no step.
+    void grow(const QSize &size);
+
+    PageId addPage(int place, const QSize &size);
+    void removePage(const PageId &page);
+    void movePage(const PageId &page, int place);
+
+    // The author's own last step, whatever others have done since. False without one.
+    bool undo();
+    bool redo();
+    bool canUndo() const;
+    bool canRedo() const;
+
+private:
+    Page &lessonPage() const { return m_lesson.page(m_page); }
+    StepId emitDeed(Deed deed, int step = 0, LivedObject lived = {});
+    bool emitUndo(const std::optional<StepId> &step);
+    void emitChange(Hand &hand);
+    void show(const QRegion &area);
+    void settle();
+    void settleNew();
+    bool isKept(const Hand &hand) const;
+    void keepChange();
+    void hold(Hand hand, const ObjectId &object);
+    void insert(Life life, int step);
+
+    Lesson &m_lesson;
+    const int m_number;
+    const Clock m_clock;
+    const Listener m_listener;
+    PageId m_page{kFirstPage};
+    std::size_t m_known{};              // of the acts of the object in hand, those that are in the log
+    Qt::PenStyle m_dash{Qt::SolidLine}; // of the object in hand, as the log has it
+};
+
+} // namespace InkLesson

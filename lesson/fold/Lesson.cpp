@@ -1,0 +1,325 @@
+#include "lesson/fold/Lesson.h"
+
+#include "lesson/log/RecordCode.h"
+#include "lesson/log/RecordReader.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace InkLesson {
+
+namespace {
+
+template <typename... Deeds>
+bool isOneOf(const Deed &deed)
+{
+    return (std::holds_alternative<Deeds>(deed) || ...);
+}
+
+} // namespace
+
+Lesson::Lesson(const Header &header)
+    : m_header(header)
+    , m_order{kFirstPage}
+{
+    m_sheets[kFirstPage].page = std::make_unique<Page>(header.size, header.density);
+}
+
+Lesson::~Lesson() = default;
+
+void Lesson::apply(const Record &record, LivedObject lived)
+{
+    if (isKnown(record))
+        return;
+    const int place = int(m_log.size());
+    m_log.push_back(toCbor(record));
+    m_steps.push_back(record.stepId());
+    m_deeds.push_back(quint8(record.deed.index()));
+    if (const auto *undo = std::get_if<Undo>(&record.deed)) {
+        for (const StepId &step : m_history.addUndo(record.id, undo->step))
+            toggle(step);
+    } else {
+        m_places[record.stepId()].push_back(place);
+        m_history.add(record.id, record.stepId(), !isOneOf<Grow>(record.deed));
+        note(place, record, std::move(lived));
+    }
+    if (m_batches == 0)
+        repaint();
+}
+
+void Lesson::endBatch()
+{
+    if (--m_batches == 0)
+        repaint();
+}
+
+int Lesson::indexOf(const PageId &id) const
+{
+    const auto found = std::find(m_order.begin(), m_order.end(), id);
+    return found == m_order.end() ? -1 : int(found - m_order.begin());
+}
+
+Page &Lesson::page(const PageId &id)
+{
+    return *m_sheets.at(id).page;
+}
+
+const Page &Lesson::page(const PageId &id) const
+{
+    return *m_sheets.at(id).page;
+}
+
+Lesson::Sheet *Lesson::sheet(const PageId &id)
+{
+    const auto found = m_sheets.find(id);
+    return found == m_sheets.end() ? nullptr : &found->second;
+}
+
+std::optional<Life> Lesson::life(const ObjectId &object) const
+{
+    const auto found = m_things.find(object);
+    if (found == m_things.end() || !found->second.isShown)
+        return std::nullopt;
+    return lifeOf(found->second);
+}
+
+Record Lesson::recordAt(int place) const
+{
+    RecordReader reader;
+    Record record;
+    reader.readCbor(m_log[std::size_t(place)], record); // which we have written
+    return record;
+}
+
+bool Lesson::countsAt(int place) const
+{
+    return m_history.counts(m_steps[std::size_t(place)]);
+}
+
+// Takes a record that is no undo into the books of what it is about.
+void Lesson::note(int place, const Record &record, LivedObject lived)
+{
+    if (isOneOf<AddPage, RemovePage, MovePage>(record.deed)) {
+        if (const auto *added = std::get_if<AddPage>(&record.deed)) {
+            auto page = std::make_unique<Page>(added->size, m_header.density);
+            if (page->isNull())
+                return;
+            m_sheets[record.id].page = std::move(page);
+        }
+        m_pageRecords.push_back(place);
+        refreshPages();
+        return;
+    }
+    Sheet *sheet = this->sheet(record.page);
+    if (!sheet)
+        return;
+    const auto change = [&](const ObjectId &id) {
+        const auto thing = m_things.find(id);
+        if (thing == m_things.end() || thing->second.page != record.page)
+            return;
+        thing->second.changes.push_back(place);
+        refresh(id);
+    };
+    if (const auto *draw = std::get_if<Draw>(&record.deed)) {
+        sheet->drawn.push_back(record.id);
+        sheet->order.push_back(record.id);
+        m_things.emplace(record.id, Thing{record.page, place});
+        refresh(record.id, &draw->life, std::move(lived));
+    } else if (const auto *changed = std::get_if<Change>(&record.deed)) {
+        change(changed->object);
+    } else if (const auto *replaced = std::get_if<Replace>(&record.deed)) {
+        change(replaced->object);
+    } else if (const auto *gone = std::get_if<Delete>(&record.deed)) {
+        std::for_each(gone->objects.begin(), gone->objects.end(), change);
+    } else if (isOneOf<Clear>(record.deed)) {
+        std::for_each(sheet->drawn.begin(), sheet->drawn.end(), change);
+    } else if (isOneOf<Order>(record.deed)) {
+        sheet->orders.push_back(place);
+        refreshOrder(*sheet);
+    } else if (isOneOf<SetPaper>(record.deed)) {
+        sheet->papers.push_back(place);
+        refreshPaper(*sheet);
+    } else if (const auto *grown = std::get_if<Grow>(&record.deed)) {
+        sheet->page->grow(grown->size);
+    }
+}
+
+// A step counts from now on and did not before, or the other way round.
+void Lesson::toggle(const StepId &step)
+{
+    for (const int place : m_places[step]) {
+        const Record record = recordAt(place);
+        Sheet *sheet = this->sheet(record.page);
+        if (isOneOf<AddPage, RemovePage, MovePage>(record.deed))
+            refreshPages();
+        else if (isOneOf<Draw>(record.deed))
+            refresh(record.id);
+        else if (const auto *changed = std::get_if<Change>(&record.deed))
+            refresh(changed->object);
+        else if (const auto *replaced = std::get_if<Replace>(&record.deed))
+            refresh(replaced->object);
+        else if (const auto *gone = std::get_if<Delete>(&record.deed))
+            std::for_each(gone->objects.begin(), gone->objects.end(), [&](const ObjectId &id) { refresh(id); });
+        else if (sheet && isOneOf<Clear>(record.deed))
+            std::for_each(sheet->drawn.begin(), sheet->drawn.end(), [&](const ObjectId &id) { refresh(id); });
+        else if (sheet && isOneOf<Order>(record.deed))
+            refreshOrder(*sheet);
+        else if (sheet && isOneOf<SetPaper>(record.deed))
+            refreshPaper(*sheet);
+    }
+}
+
+bool Lesson::takesAway(int place) const
+{
+    static const auto kDelete = quint8(Deed(Delete()).index()), kClear = quint8(Deed(Clear()).index());
+    const quint8 deed = m_deeds[std::size_t(place)];
+    return deed == kDelete || deed == kClear;
+}
+
+// What of the changes counts; nothing where the object is not there.
+std::optional<std::vector<int>> Lesson::counting(const Thing &thing) const
+{
+    if (!countsAt(thing.drawn))
+        return std::nullopt;
+    std::vector<int> changes;
+    for (const int place : thing.changes) {
+        if (!countsAt(place))
+            continue;
+        if (takesAway(place))
+            return std::nullopt;
+        changes.push_back(place);
+    }
+    return changes;
+}
+
+Life Lesson::lifeOf(const Thing &thing) const
+{
+    Life life = std::get<Draw>(recordAt(thing.drawn).deed).life;
+    for (const int place : thing.applied) {
+        Record record = recordAt(place);
+        if (const auto *change = std::get_if<Change>(&record.deed)) {
+            life = changed(std::move(life), *change);
+        } else if (auto *replace = std::get_if<Replace>(&record.deed)) {
+            if (replace->life.picture.isNull())
+                replace->life.picture = life.picture;
+            life = std::move(replace->life);
+        }
+    }
+    return life;
+}
+
+void Lesson::refresh(const ObjectId &id, const Life *drawn, LivedObject lived)
+{
+    const auto found = m_things.find(id);
+    if (found == m_things.end())
+        return;
+    Thing &thing = found->second;
+    Sheet &sheet = m_sheets.at(thing.page);
+    const std::optional<std::vector<int>> changes = counting(thing);
+    if (changes && thing.isShown && *changes == thing.applied)
+        return;
+    thing.applied = changes.value_or(std::vector<int>());
+    if (changes && !lived.object)
+        lived = live(drawn ? *drawn : lifeOf(thing));
+    thing.isShown = changes && lived.object && lived.object->m_bFinished;
+    if (!thing.isShown) {
+        sheet.page->remove(id);
+        return;
+    }
+    auto item = std::make_shared<Item>();
+    item->id = id;
+    item->tool = lived.tool;
+    item->isWhole = !lived.tool || lived.tool->takesText;
+    item->asked = lived.reach;
+    item->object = std::move(lived.object);
+    sheet.page->put(std::move(item), placeOf(sheet, id), lived.isPainted);
+}
+
+// Among the objects that are there.
+std::size_t Lesson::placeOf(const Sheet &sheet, const ObjectId &id) const
+{
+    if (sheet.order.back() == id)
+        return sheet.page->items().size();
+    std::size_t place = 0;
+    for (const ObjectId &other : sheet.order) {
+        if (other == id)
+            break;
+        place += sheet.page->item(other) ? 1 : 0;
+    }
+    return place;
+}
+
+// All objects as they came, and moved as the orders that count say.
+void Lesson::refreshOrder(Sheet &sheet)
+{
+    std::vector<ObjectId> order;
+    order.reserve(sheet.drawn.size());
+    std::vector<ObjectId> moved;
+    auto drawn = sheet.drawn.begin();
+    for (const int place : sheet.orders) {
+        for (; drawn != sheet.drawn.end() && m_things.at(*drawn).drawn < place; ++drawn)
+            order.push_back(*drawn);
+        const auto turn = std::get<Order>(recordAt(place).deed);
+        moved.push_back(turn.object);
+        const auto from = std::find(order.begin(), order.end(), turn.object);
+        if (!countsAt(place) || from == order.end() || turn.above == turn.object)
+            continue;
+        const auto below = std::find(order.begin(), order.end(), turn.above);
+        if (below == order.end() && turn.above != kNothing)
+            continue;
+        const auto to = turn.above == kNothing ? order.begin() : below + 1;
+        if (to <= from)
+            std::rotate(to, from, from + 1);
+        else
+            std::rotate(from, from + 1, to);
+    }
+    order.insert(order.end(), drawn, sheet.drawn.end());
+    sheet.order = std::move(order);
+    sheet.page->reorder(sheet.order, moved);
+}
+
+// The last one that counts.
+void Lesson::refreshPaper(Sheet &sheet)
+{
+    const auto last =
+        std::find_if(sheet.papers.rbegin(), sheet.papers.rend(), [this](int place) { return countsAt(place); });
+    sheet.page->setPaper(last == sheet.papers.rend() ? Paper() : std::get<SetPaper>(recordAt(*last).deed).paper);
+}
+
+void Lesson::refreshPages()
+{
+    std::vector<PageId> order{kFirstPage};
+    for (const int place : m_pageRecords) {
+        if (!countsAt(place))
+            continue;
+        const Record record = recordAt(place);
+        const auto found = std::find(order.begin(), order.end(), record.page);
+        const auto at = [&order](int index) { return order.begin() + std::clamp(index, 0, int(order.size())); };
+        if (const auto *added = std::get_if<AddPage>(&record.deed)) {
+            order.insert(at(added->place), record.id);
+        } else if (found == order.end()) {
+            continue;
+        } else if (const auto *turn = std::get_if<MovePage>(&record.deed)) {
+            order.erase(found);
+            order.insert(at(turn->place), record.page);
+        } else if (order.size() > 1) {
+            order.erase(found);
+        }
+    }
+    if (order == m_order)
+        return;
+    m_order = std::move(order);
+    if (pagesChanged)
+        pagesChanged();
+}
+
+void Lesson::repaint()
+{
+    for (auto &[id, sheet] : m_sheets) {
+        const QRegion area = sheet.page->repaint();
+        if (!area.isEmpty() && pageChanged)
+            pageChanged(id, area);
+    }
+}
+
+} // namespace InkLesson

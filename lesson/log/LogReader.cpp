@@ -1,0 +1,214 @@
+#include "lesson/log/LogReader.h"
+
+#include "lesson/log/RecordReader.h"
+#include "lesson/log/Words_p.h"
+#include "lesson/paper/PageSize.h"
+
+#include <QtCore/QCborArray>
+#include <QtCore/QCborValue>
+#include <QtCore/QIODevice>
+#include <QtCore/QJsonArray>
+#include <QtCore/QJsonDocument>
+#include <QtCore/QJsonObject>
+
+#include <algorithm>
+
+namespace InkLesson {
+
+using namespace Words;
+
+namespace {
+
+constexpr int kOnlyAuthor = 1;  // of a lesson of version 1
+constexpr int kPiece = 1 << 16; // bytes that room is made for at once: most lines are short
+const QString kFormat = QStringLiteral("inkboard");
+const QString kDensity = QStringLiteral("density");
+
+QCborArray pair(const StepId &id)
+{
+    return {id.author, id.number};
+}
+
+// -1 for what is none.
+qint64 whole(const QCborValue &value)
+{
+    return value.isInteger() ? value.toInteger() : -1;
+}
+
+} // namespace
+
+QByteArray headerLine(const Header &header)
+{
+    QJsonObject line{{kFormat, LogReader::kVersion}, {kSize, QJsonArray{header.size.width(), header.size.height()}}};
+    if (header.density != 1)
+        line.insert(kDensity, header.density);
+    return QJsonDocument(line).toJson(QJsonDocument::Compact);
+}
+
+LogReader::LogReader(QIODevice &device)
+    : m_device(device)
+{
+}
+
+bool LogReader::fail(const QString &what)
+{
+    m_error = tr("line %1: %2").arg(m_line).arg(what);
+    return false;
+}
+
+bool LogReader::readLine(QByteArray &line)
+{
+    if (m_device.atEnd())
+        return false;
+    ++m_line;
+    line.clear();
+    while (!line.endsWith('\n') && line.size() < kMostBytes) {
+        // One more than is read: Qt ends it with a null.
+        const QByteArray piece = m_device.readLine(std::min(kPiece, kMostBytes - line.size()) + 1);
+        if (piece.isEmpty())
+            break;
+        line += piece;
+    }
+    if (line.endsWith('\n')) {
+        line.chop(1);
+        return true;
+    }
+    return fail(line.size() >= kMostBytes ? tr("it is longer than any board writes") : tr("it was cut off here"));
+}
+
+bool LogReader::readHeader(Header &header)
+{
+    QByteArray line;
+    m_line = 1;
+    if (m_device.atEnd())
+        return fail(tr("this is not a lesson of this board"));
+    m_line = 0;
+    if (!readLine(line))
+        return false;
+    const QJsonObject first = QJsonDocument::fromJson(line).object();
+    if (!first.value(kFormat).isDouble())
+        return fail(tr("this is not a lesson of this board"));
+    if (first.value(kFormat).toDouble() > kVersion)
+        return fail(tr("the lesson was written by a later version of this board"));
+    m_version = first.value(kFormat).toInt();
+    if (m_version < 1)
+        return fail(tr("this is not a lesson of this board"));
+    const QJsonArray size = first.value(kSize).toArray();
+    header.size = QSize(size.at(0).toInt(), size.at(1).toInt());
+    header.density = first.contains(kDensity) ? first.value(kDensity).toDouble() : 1;
+    const QString problem = pageSizeProblem(header.size);
+    if (!problem.isEmpty())
+        return fail(problem);
+    return isDensity(header.density) || fail(tr("no density of a page"));
+}
+
+bool LogReader::read(const Lesson &lesson, Record &record)
+{
+    QByteArray line;
+    if (!readLine(line))
+        return false;
+    QCborMap map;
+    if (!RecordReader::parseJson(line, map))
+        return fail(tr("nothing that can be read"));
+    if (m_version < 2) {
+        QCborMap translated;
+        if (!translate(map, lesson, translated))
+            return false;
+        map = translated;
+    }
+    RecordReader reader;
+    return reader.read(map, record) || fail(reader.error());
+}
+
+// Each line is one step of the only author; one that succeeds belongs to the step before.
+bool LogReader::translate(const QCborMap &line, const Lesson &lesson, QCborMap &map)
+{
+    const QString what = line.value(kDo).toString();
+    const int number = lesson.history().nextNumber(kOnlyAuthor);
+    map = {{kAuthor, kOnlyAuthor}, {kNumber, number}};
+    if (what == QLatin1String("undo") || what == QLatin1String("redo")) {
+        const bool undoes = what == QLatin1String("undo");
+        const auto step = undoes ? lesson.history().toUndo(kOnlyAuthor) : lesson.history().toRedo(kOnlyAuthor);
+        if (!step)
+            return fail(undoes ? tr("there is nothing to undo") : tr("there is nothing to redo"));
+        map.insert(kDo, QLatin1String("undo"));
+        map.insert(kUndone, pair(*step));
+        return true;
+    }
+    map.insert(kDo, what);
+    if (what.endsWith(QLatin1String("-page")))
+        return translatePage(line, lesson, what, map);
+    return translateObject(line, lesson, what, map);
+}
+
+bool LogReader::translatePage(const QCborMap &line, const Lesson &lesson, const QString &what, QCborMap &map)
+{
+    const bool adds = what == QLatin1String("add-page");
+    const qint64 from = whole(line.value(what == QLatin1String("move-page") ? QLatin1String("from") : kAt));
+    if (from < 0 || from > lesson.pageCount() - (adds ? 0 : 1))
+        return fail(adds ? tr("there is no place for this page") : tr("there is no such page"));
+    if (adds) {
+        m_pages[whole(line.value(kPage))] = {kOnlyAuthor, int(map.value(kNumber).toInteger())};
+        map.insert(kAt, from);
+        map.insert(kSize, line.value(kSize));
+    } else {
+        map.insert(kPage, pair(lesson.pageId(int(from))));
+        if (what == QLatin1String("move-page"))
+            map.insert(kAt, line.value(QLatin1String("to")));
+    }
+    return true;
+}
+
+bool LogReader::translateObject(const QCborMap &line, const Lesson &lesson, const QString &what, QCborMap &map)
+{
+    const qint64 number = whole(line.value(kPage));
+    const auto page = m_pages.find(number);
+    if (page == m_pages.end() || lesson.indexOf(page->second) < 0)
+        return fail(tr("there is no such page"));
+    map.insert(kPage, pair(page->second));
+    for (const QLatin1String key : {kLife, kKind, kPicture, kSize}) {
+        if (line.contains(key))
+            map.insert(key, line.value(key));
+    }
+    if (!line.contains(QLatin1String("id")))
+        return true;
+    const qint64 id = whole(line.value(QLatin1String("id")));
+    if (what == QLatin1String("draw")) {
+        qint64 &last = m_lastObject[number];
+        if (id <= last)
+            return fail(tr("this cannot be done on the page"));
+        last = id;
+        m_objects[{number, id}] = {kOnlyAuthor, int(map.value(kNumber).toInteger())};
+        const auto step = lesson.history().toUndo(kOnlyAuthor);
+        if (line.value(QLatin1String("succeeds")).toBool() && step)
+            map.insert(kStep, step->number);
+        return true;
+    }
+    const auto object = m_objects.find({number, id});
+    if (object == m_objects.end())
+        return fail(tr("there is no such object"));
+    if (what == QLatin1String("delete"))
+        map.insert(kObjects, QCborArray{pair(object->second)});
+    else
+        map.insert(kObject, pair(object->second));
+    if (what != QLatin1String("order"))
+        return true;
+    // So many of the others lay below it.
+    qint64 place = whole(line.value(QLatin1String("place")));
+    if (place < 0)
+        return fail(tr("there is no such place"));
+    ObjectId above = kNothing;
+    for (const auto &item : lesson.page(page->second).items()) {
+        if (place == 0)
+            break;
+        if (item->id == object->second)
+            continue;
+        above = item->id;
+        --place;
+    }
+    if (above != kNothing)
+        map.insert(kAbove, pair(above));
+    return true;
+}
+
+} // namespace InkLesson

@@ -1,0 +1,59 @@
+#pragma once
+
+#include "lesson/Export.h"
+#include "lesson/fold/Lesson.h"
+
+#include <QtCore/QCborMap>
+#include <QtCore/QCoreApplication>
+
+#include <map>
+
+class QIODevice;
+
+namespace InkLesson {
+
+// Reads the log of a lesson line by line, from files of version 2 and of version 1, whose records are told in the words
+// of version 2 then. A line of version 1 may depend on what came before, so each record is to be applied before the
+// next is read.
+class INKLESSON_EXPORT LogReader
+{
+    Q_DECLARE_TR_FUNCTIONS(InkLesson::LogReader)
+
+public:
+    static constexpr int kVersion = 2;          // that is written
+    static constexpr int kMostBytes = 64 << 20; // in one line
+
+    // `device` is open, and outlives the reader.
+    explicit LogReader(QIODevice &device);
+
+    // The first line. False where this is no lesson, or one of a later version.
+    bool readHeader(Header &header);
+
+    // The next record. False at the end, and where something is wrong; error() is then empty or says what.
+    bool read(const Lesson &lesson, Record &record);
+
+    // "line 7: what is wrong".
+    QString error() const { return m_error; }
+
+private:
+    bool readLine(QByteArray &line);
+    bool translate(const QCborMap &line, const Lesson &lesson, QCborMap &map);
+    bool translateObject(const QCborMap &line, const Lesson &lesson, const QString &what, QCborMap &map);
+    bool translatePage(const QCborMap &line, const Lesson &lesson, const QString &what, QCborMap &map);
+    bool fail(const QString &what);
+
+    QIODevice &m_device;
+    int m_version{kVersion};
+    int m_line{};
+    QString m_error;
+
+    // Of version 1, where pages and the objects of each page had numbers of their own.
+    std::map<qint64, PageId> m_pages{{1, kFirstPage}};
+    std::map<std::pair<qint64, qint64>, ObjectId> m_objects;
+    std::map<qint64, qint64> m_lastObject; // of each page
+};
+
+// The line that every file begins with, without its end.
+INKLESSON_EXPORT QByteArray headerLine(const Header &header);
+
+} // namespace InkLesson

@@ -1,0 +1,323 @@
+#include "lesson/pages/Page.h"
+
+#include "lesson/layers/Layers.h"
+#include "lesson/objects/Tools.h"
+#include "lesson/paper/PaperPainter.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace InkLesson {
+
+namespace {
+
+// Where an object may paint when it is asked to repaint `asked`: an eraser goes one pixel farther than it says.
+QRect reachOf(CInkGraph &object, const QRect &asked)
+{
+    return (asked | object.GetUpdateRect()).adjusted(-1, -1, 1, 1);
+}
+
+constexpr std::size_t kMostParts = 4; // of what has changed
+
+qint64 pixels(const QRect &area)
+{
+    return qint64(area.width()) * area.height();
+}
+
+} // namespace
+
+Page::Page(const QSize &size, double density)
+    : m_layers(size)
+    , m_density(density)
+{
+}
+
+Page::~Page() = default;
+
+std::size_t Page::indexOf(const ObjectId &id) const
+{
+    const auto found = std::find_if(m_items.begin(), m_items.end(), [&](const auto &item) { return item->id == id; });
+    return std::size_t(found - m_items.begin());
+}
+
+const Item *Page::item(const ObjectId &id) const
+{
+    const auto found = m_byName.find(id);
+    return found == m_byName.end() ? nullptr : found->second;
+}
+
+ObjectId Page::topmostAt(const QPoint &pt, int reach) const
+{
+    const QRect near(pt - QPoint(reach, reach), pt + QPoint(reach, reach));
+    for (auto item = m_items.rbegin(); item != m_items.rend(); ++item) {
+        if ((*item)->reach.intersects(near) && !isHeld((*item)->id) && paintsNear(*(*item)->object, pt, reach))
+            return (*item)->id;
+    }
+    return kNothing;
+}
+
+bool Page::isHeld(const ObjectId &id) const
+{
+    return std::any_of(m_hands.begin(), m_hands.end(), [&](const Hand &hand) { return hand.held == id; });
+}
+
+// In few parts: those that are painted faster together become one.
+void Page::touch(const QRect &reach)
+{
+    m_change = Change::Any;
+    QRect part = onPage(reach);
+    if (part.isEmpty())
+        return;
+    for (std::size_t i = 0; i < m_changed.size();) {
+        const QRect both = m_changed[i] | part;
+        if (m_changed.size() < kMostParts && pixels(both) > pixels(m_changed[i]) + pixels(part)) {
+            ++i;
+            continue;
+        }
+        part = both;
+        m_changed.erase(m_changed.begin() + std::ptrdiff_t(i));
+        i = 0;
+    }
+    m_changed.push_back(part);
+}
+
+void Page::count(const Item &item, int by)
+{
+    m_flooding += item.tool && item.tool->floods ? by : 0;
+}
+
+void Page::put(std::shared_ptr<Item> item, std::size_t place, bool isPainted)
+{
+    item->reach = reachOf(*item->object, item->asked);
+    item->background = isPainted ? m_backgrounds : 0;
+    const bool isFirst = m_changed.empty();
+    const std::size_t now = m_byName.count(item->id) != 0 ? indexOf(item->id) : m_items.size();
+    const bool appends = now == m_items.size() && place >= m_items.size();
+    touch(item->reach);
+    count(*item, 1);
+    m_byName[item->id] = item.get();
+    if (now < m_items.size()) {
+        touch(m_items[now]->reach);
+        count(*m_items[now], -1);
+        m_items[now] = std::move(item);
+        return;
+    }
+    m_items.insert(m_items.begin() + std::ptrdiff_t(std::min(place, m_items.size())), std::move(item));
+    if (isFirst && appends)
+        m_change = isPainted ? Change::Painted : Change::Append;
+}
+
+void Page::remove(const ObjectId &id)
+{
+    const std::size_t index = indexOf(id);
+    if (index == m_items.size())
+        return;
+    touch(m_items[index]->reach);
+    count(*m_items[index], -1);
+    m_byName.erase(id);
+    m_items.erase(m_items.begin() + std::ptrdiff_t(index));
+}
+
+void Page::reorder(const std::vector<ObjectId> &order, const std::vector<ObjectId> &moved)
+{
+    std::unordered_map<ObjectId, std::size_t> places;
+    for (std::size_t i = 0; i < order.size(); ++i)
+        places.emplace(order[i], i);
+    std::sort(m_items.begin(), m_items.end(),
+              [&](const auto &a, const auto &b) { return places.at(a->id) < places.at(b->id); });
+    for (const ObjectId &id : moved) {
+        if (const Item *one = item(id))
+            touch(one->reach);
+    }
+}
+
+void Page::setPaper(const Paper &paper)
+{
+    m_paper = paper;
+    layPaper();
+    touch(rect());
+}
+
+bool Page::grow(const QSize &size)
+{
+    const QSize grown = size.expandedTo(rect().size());
+    if (grown == rect().size())
+        return true;
+    PageLayers layers(grown);
+    if (layers.isNull())
+        return false; // a smaller page is better than none
+    m_layers = std::move(layers);
+    layPaper();
+    touch(rect()); // objects reach farther now
+    return true;
+}
+
+void Page::layPaper()
+{
+    m_layers.setBackground(paintedPaper(m_paper, rect().size(), m_density));
+    ++m_backgrounds;
+}
+
+// An area that holds every object wholly of which no part can be painted alone.
+QRect Page::closed(QRect area) const
+{
+    if (m_flooding > 0)
+        return rect();
+    for (bool isClosed = false; !isClosed;) {
+        isClosed = true;
+        for (const auto &item : m_items) {
+            const QRect reach = onPage(item->reach);
+            if (!item->isWhole || !area.intersects(reach) || area.contains(reach))
+                continue;
+            area |= reach;
+            isClosed = false;
+        }
+    }
+    return area;
+}
+
+// What works on the background has the present one.
+CInkGraph &Page::prepared(CInkGraph &object, const Tool *tool, int &background) const
+{
+    if (std::exchange(background, m_backgrounds) != m_backgrounds && tool && tool->takeBackground)
+        tool->takeBackground(object, m_layers.background());
+    return object;
+}
+
+// Each in the area of its commit, so that its clip, and with it every pixel, is the same again.
+void Page::paint(LayerPainting &painting, Item &item) const
+{
+    painting.paint(prepared(*item.object, item.tool, item.background), onPage(item.asked));
+}
+
+bool Page::paintOnTop(CInkGraph &object, const QRect &asked, const Tool *tool)
+{
+    int background = 0;
+    prepared(object, tool, background);
+    const QRect area = onPage(reachOf(object, asked));
+    if (area.isEmpty())
+        return false; // a copy of an empty rectangle would be a copy of everything
+    const QImage page = picture().copy(area), inked = ink().copy(area);
+    LayerPainting(m_layers, LayerPainting::On::PageAndInk, rect()).paint(object, onPage(asked));
+    return page != picture().copy(area) || inked != ink().copy(area);
+}
+
+QRegion Page::repaint()
+{
+    const std::vector<QRect> parts = std::exchange(m_changed, {});
+    const Change change = std::exchange(m_change, Change::Any);
+    QRegion shown;
+    for (const QRect &part : parts) {
+        if (change == Change::Append && !isHeld(m_items.back()->id)) {
+            LayerPainting painting(m_layers, LayerPainting::On::PageAndInk, rect());
+            paint(painting, *m_items.back());
+        }
+        shown |= change == Change::Any ? repaint(part) : part;
+    }
+    return show(shown);
+}
+
+// A rectangle at a time: what is clipped to another shape may differ in a bit.
+QRect Page::repaint(const QRect &part)
+{
+    const QRect area = closed(part);
+    m_layers.clear(area);
+    LayerPainting painting(m_layers, LayerPainting::On::PageAndInk, area);
+    for (const auto &item : m_items) {
+        if (area.intersects(item->reach) && !isHeld(item->id))
+            paint(painting, *item);
+    }
+    return area;
+}
+
+QRegion Page::show(const QRegion &area)
+{
+    if (area.isEmpty())
+        return area;
+    m_layers.showPage(area);
+    for (const QRect &part : m_hands.empty() ? QRegion() : area) {
+        LayerPainting painting(m_layers, LayerPainting::On::Surface, part);
+        for (Hand &hand : m_hands) {
+            if (part.intersects(hand.touched))
+                painting.paint(prepared(*hand.object, hand.tool, hand.background), part);
+        }
+    }
+    return area;
+}
+
+Hand *Page::hand(int author)
+{
+    const auto found =
+        std::find_if(m_hands.begin(), m_hands.end(), [&](const Hand &hand) { return hand.author == author; });
+    return found == m_hands.end() ? nullptr : &*found;
+}
+
+QRegion Page::take(Hand hand)
+{
+    QRegion shown = drop(hand.author);
+    if (const Item *held = item(hand.held))
+        touch(held->reach);
+    hand.tool = findTool(hand.life.tool);
+    hand.asked = hand.object->GetUpdateRect();
+    hand.touched = onPage(hand.asked);
+    m_hands.push_back(std::move(hand));
+    shown |= repaint();
+    return shown | show(m_hands.back().touched);
+}
+
+QRegion Page::reached(Hand &hand, const QRect &reach)
+{
+    const QRect area = hand.tool && hand.tool->movesAsItGrows ? rect() : onPage(reach);
+    hand.touched |= area;
+    return show(area);
+}
+
+QRegion Page::feed(int author, int code, const std::vector<QPoint> &pts)
+{
+    Hand *hand = this->hand(author);
+    if (!hand)
+        return {};
+    QRect reach;
+    for (const QPoint &pt : pts) {
+        hand->life.acts.emplace_back(PointerAct{code, pt});
+        hand->asked = perform(hand->life.acts.back(), *hand->object);
+        reach |= hand->asked;
+    }
+    const bool isCommitted = hand->object->m_bFinished != 0;
+    if (isCommitted)
+        return {}; // it is painted where it comes to lie
+    if (hand->tool && hand->tool->rendersAsPainted) {
+        hand->life.acts.emplace_back(PaintAct());
+        perform(hand->life.acts.back(), *hand->object); // also where nothing of it is seen
+    }
+    return reached(*hand, reach);
+}
+
+QRegion Page::act(int author, const Act &act)
+{
+    Hand *hand = this->hand(author);
+    if (!hand)
+        return {};
+    const QRect before = hand->object->GetUpdateRect();
+    hand->life.acts.push_back(act);
+    hand->asked = perform(act, *hand->object);
+    return hand->object->m_bFinished ? QRegion() : reached(*hand, before | hand->asked);
+}
+
+QRegion Page::drop(int author, Hand *dropped)
+{
+    const auto found =
+        std::find_if(m_hands.begin(), m_hands.end(), [&](const Hand &hand) { return hand.author == author; });
+    if (found == m_hands.end())
+        return {};
+    const QRect touched = found->touched;
+    if (const Item *held = item(found->held))
+        touch(held->reach);
+    if (dropped)
+        *dropped = std::move(*found);
+    m_hands.erase(found);
+    QRegion shown = repaint();
+    return shown | show(touched);
+}
+
+} // namespace InkLesson

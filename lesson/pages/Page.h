@@ -1,0 +1,116 @@
+#pragma once
+
+#include "lesson/Export.h"
+#include "lesson/log/StepId.h"
+#include "lesson/objects/Life.h"
+#include "lesson/pages/Hand.h"
+#include "lesson/pages/PageLayers.h"
+#include "lesson/paper/Paper.h"
+
+#include "CInkGraph.h"
+
+#include <memory>
+#include <unordered_map>
+#include <vector>
+
+namespace InkLesson {
+
+// A committed object as a page shows it.
+struct Item
+{
+    ObjectId id;
+    const Tool *tool; // null for a placed picture
+    std::unique_ptr<CInkGraph> object;
+    QRect asked;      // to be repainted by each Draw
+    bool isWhole{};   // a part of it, painted alone, may differ in a pixel
+    QRect reach{};    // that it may paint in
+    int background{}; // that it was last painted over, one of those that there have been
+};
+
+// What a page shows: its paper, its committed objects, and over them those that its authors have in hand.
+//
+// Every change of the committed objects is painted by the next repaint(), in the area that has changed and with the
+// objects alone whose ink meets that, to the same pixels as if the whole page were painted anew.
+class INKLESSON_EXPORT Page
+{
+public:
+    // Blank and white. `density` is how many of its pixels lie along one of a plain screen.
+    explicit Page(const QSize &size, double density = 1);
+    ~Page();
+
+    // There was not enough memory: nothing but the destructor may be called.
+    bool isNull() const { return m_layers.isNull(); }
+
+    QRect rect() const { return m_layers.rect(); }
+    double density() const { return m_density; }
+    const QImage &surface() const { return m_layers.surface(); }
+    const QImage &picture() const { return m_layers.page(); }
+    const QImage &ink() const { return m_layers.ink(); }
+    const QImage &background() const { return m_layers.background(); }
+    const Paper &paper() const { return m_paper; }
+
+    // The committed objects, the lowest first.
+    using Items = std::vector<std::shared_ptr<Item>>;
+    const Items &items() const { return m_items; }
+    const Item *item(const ObjectId &id) const; // null when there is none
+
+    // The topmost object that paints within `reach` pixels of the point to all sides; kNothing when there is none.
+    // Those in hand are passed over.
+    ObjectId topmostAt(const QPoint &pt, int reach = 3) const;
+
+    // Puts an object at a place in the order, or in the stead of the one that has its name.
+    void put(std::shared_ptr<Item> item, std::size_t place, bool isPainted = false);
+    void remove(const ObjectId &id);
+
+    // Gives the objects the order of their names in `order`, which may hold others as well. `moved` are those that may
+    // have come to lie above or below others.
+    void reorder(const std::vector<ObjectId> &order, const std::vector<ObjectId> &moved);
+
+    void setPaper(const Paper &paper);
+
+    // Makes the page at least as large as `size`. False where there is not enough memory.
+    bool grow(const QSize &size);
+
+    // Paints a committed object on top of all others, ahead of its put(). Tells whether it leaves a mark.
+    bool paintOnTop(CInkGraph &object, const QRect &asked, const Tool *tool);
+
+    // Paints what has changed since the last time. Returns the area, which is to be shown.
+    QRegion repaint();
+
+    // Those that draw here, each with one object in hand. A committed object that is held is hidden on the page. Every
+    // operation paints, and returns the area to be shown.
+    QRegion take(Hand hand);
+    QRegion feed(int author, int code, const std::vector<QPoint> &pts);
+    QRegion act(int author, const Act &act);
+    QRegion drop(int author, Hand *dropped = nullptr);         // which is handed over
+    QRegion show(const QRegion &area);                         // as it is now
+    Hand *hand(int author);                                    // null where the author holds nothing
+    const std::vector<Hand> &hands() const { return m_hands; } // the first that was taken lowest
+
+private:
+    QRect onPage(const QRect &reach) const { return reach & rect(); }
+    std::size_t indexOf(const ObjectId &id) const;
+    bool isHeld(const ObjectId &id) const;
+    void touch(const QRect &reach);
+    void count(const Item &item, int by);
+    QRect closed(QRect area) const;
+    QRect repaint(const QRect &part);
+    CInkGraph &prepared(CInkGraph &object, const Tool *tool, int &background) const;
+    void paint(LayerPainting &painting, Item &item) const;
+    QRegion reached(Hand &hand, const QRect &reach);
+    void layPaper();
+
+    PageLayers m_layers;
+    const double m_density;
+    Paper m_paper;
+    int m_backgrounds{1}; // that there have been
+    Items m_items;
+    std::unordered_map<ObjectId, const Item *> m_byName;
+    int m_flooding{};             // of the items, those that depend on the pixels below them
+    std::vector<QRect> m_changed; // of page and ink, since the last repaint
+    enum class Change { Any, Append, Painted };
+    Change m_change{Change::Any}; // one object came on top of all others, or was painted there before, and nothing else
+    std::vector<Hand> m_hands;
+};
+
+} // namespace InkLesson

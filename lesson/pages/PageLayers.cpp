@@ -1,0 +1,117 @@
+#include "lesson/pages/PageLayers.h"
+
+#include "lesson/layers/StateMark.h"
+
+#include "CInkGraph.h"
+
+#include <QtGui/QPaintEngine>
+#include <QtGui/QPainter>
+
+namespace InkLesson {
+
+namespace {
+
+// A painter for many objects, each of which finds it as the one before did.
+class LayerPainter
+{
+public:
+    LayerPainter(QImage &image, const QRegion &area)
+        : m_image(image)
+    {
+        m_image.paintEngine()->setSystemClip(area);
+        m_painter.begin(&m_image);
+    }
+    ~LayerPainter()
+    {
+        m_painter.end();
+        m_image.paintEngine()->setSystemClip(QRegion());
+    }
+
+    QPainter &painter() { return m_painter; }
+
+private:
+    Q_DISABLE_COPY(LayerPainter)
+
+    QImage &m_image;
+    QPainter m_painter;
+};
+
+// The same pixels, which nobody paints on: a painter on the image itself would copy all of it while others share it.
+QImage viewOf(const QImage &image)
+{
+    return QImage(image.constBits(), image.width(), image.height(), image.bytesPerLine(), image.format());
+}
+
+} // namespace
+
+PageLayers::PageLayers(const QSize &size)
+    : m_page(size, QImage::Format_RGB32)
+    , m_surface(size, QImage::Format_RGB32)
+    , m_background(size, QImage::Format_RGB32)
+    , m_ink(size, QImage::Format_ARGB32_Premultiplied)
+{
+    if (isNull())
+        return;
+    m_background.fill(Qt::white);
+    m_page.fill(Qt::white);
+    m_surface.fill(Qt::white);
+    m_ink.fill(Qt::transparent);
+}
+
+bool PageLayers::isNull() const
+{
+    return m_page.isNull() || m_surface.isNull() || m_background.isNull() || m_ink.isNull();
+}
+
+void PageLayers::clear(const QRect &area)
+{
+    QPainter ink(&m_ink);
+    ink.setCompositionMode(QPainter::CompositionMode_Source);
+    ink.fillRect(area, Qt::transparent);
+    QPainter page(&m_page);
+    page.setCompositionMode(QPainter::CompositionMode_Source);
+    page.drawImage(area.topLeft(), m_background, area);
+}
+
+void PageLayers::showPage(const QRegion &area)
+{
+    QPainter surface(&m_surface);
+    surface.setCompositionMode(QPainter::CompositionMode_Source);
+    for (const QRect &part : area)
+        surface.drawImage(part.topLeft(), m_page, part);
+}
+
+// What an object in progress does to the page, and a committed one to the surface, goes to images that nobody sees.
+struct LayerPainting::Painters
+{
+    Painters(PageLayers &layers, On on, const QRect &area)
+        : page(on == On::PageAndInk ? layers.m_page : unseenPage, on == On::PageAndInk ? QRegion(area) : QRegion())
+        , surface(on == On::Surface ? layers.m_surface : unseenSurface, on == On::Surface ? QRegion(area) : QRegion())
+        , under(background = viewOf(layers.m_background), QRegion())
+        , ink(on == On::PageAndInk ? layers.m_ink : unseenInk, on == On::PageAndInk ? QRegion(area) : QRegion())
+    {
+    }
+
+    QImage unseenPage{1, 1, QImage::Format_RGB32};
+    QImage unseenSurface{1, 1, QImage::Format_RGB32};
+    QImage unseenInk{1, 1, QImage::Format_ARGB32_Premultiplied};
+    QImage background;
+    LayerPainter page, surface, under, ink;
+};
+
+LayerPainting::LayerPainting(PageLayers &layers, On on, const QRect &area)
+    : m_painters(std::make_unique<Painters>(layers, on, area))
+{
+}
+
+LayerPainting::~LayerPainting() = default;
+
+void LayerPainting::paint(CInkGraph &object, const QRect &reach)
+{
+    Painters &on = *m_painters;
+    const StateMark page(on.page.painter()), surface(on.surface.painter()), under(on.under.painter()),
+        ink(on.ink.painter());
+    object.Draw(on.page.painter(), on.surface.painter(), on.under.painter(), on.ink.painter(), reach, 0, 0);
+}
+
+} // namespace InkLesson

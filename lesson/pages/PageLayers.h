@@ -1,0 +1,68 @@
+#pragma once
+
+#include <QtCore/QRect>
+#include <QtGui/QImage>
+#include <QtGui/QRegion>
+
+#include <memory>
+#include <utility>
+
+class CInkGraph;
+
+namespace InkLesson {
+
+// The four images that an object paints on, all of one size and in page pixels.
+class PageLayers
+{
+public:
+    // White. Null where there is not enough memory for all four.
+    explicit PageLayers(const QSize &size);
+
+    bool isNull() const;
+    QRect rect() const { return m_page.rect(); }
+
+    const QImage &surface() const { return m_surface; } // what is shown: the page and the objects in progress
+    const QImage &page() const { return m_page; }       // the background with the committed ink; opaque
+    const QImage &ink() const { return m_ink; }         // the committed ink alone, on transparency
+
+    const QImage &background() const { return m_background; } // the picture that lies under the ink; opaque
+
+    // Takes effect with the next clear(). `picture` is of the layers' size.
+    void setBackground(QImage picture) { m_background = std::move(picture); }
+
+    // Takes all committed ink away from `area`.
+    void clear(const QRect &area);
+
+    // Makes the surface the page again within `area`.
+    void showPage(const QRegion &area);
+
+private:
+    friend class LayerPainting;
+
+    QImage m_page;
+    QImage m_surface;
+    QImage m_background;
+    QImage m_ink;
+};
+
+// Lets objects paint themselves, one over the other: committed ones on page and ink, others on the surface. None paints
+// outside of `area`, whatever clip it sets.
+class LayerPainting
+{
+public:
+    enum class On { PageAndInk, Surface };
+
+    LayerPainting(PageLayers &layers, On on, const QRect &area);
+    ~LayerPainting();
+
+    // `reach` is what the object is asked to repaint.
+    void paint(CInkGraph &object, const QRect &reach);
+
+private:
+    Q_DISABLE_COPY(LayerPainting)
+
+    struct Painters;
+    std::unique_ptr<Painters> m_painters;
+};
+
+} // namespace InkLesson

@@ -1,0 +1,20 @@
+#pragma once
+
+#include "lesson/Export.h"
+#include "lesson/fold/Lesson.h"
+
+#include <QtCore/QString>
+
+#include <memory>
+
+namespace InkLesson {
+
+// Writes a lesson, whole or not at all: a file of that name stays as it was when the writing fails, and what is written
+// is on the disk. Returns what went wrong, empty when nothing did.
+INKLESSON_EXPORT QString saveLesson(const Lesson &lesson, const QString &fileName);
+
+// Reads a lesson up to the first line that is wrong or was cut off; `problem` then names file and line. Null where none
+// of it can be read. The file is not touched.
+INKLESSON_EXPORT std::unique_ptr<Lesson> openLesson(const QString &fileName, QString &problem);
+
+} // namespace InkLesson

@@ -1,0 +1,213 @@
+#pragma once
+
+// Lessons as several people might hold them: everything that can be done to pages and objects, by chance.
+
+#include "RandomCases.h"
+
+#include "lesson/authoring/Author.h"
+#include "lesson/objects/Tools.h"
+
+#include "PointerEvent.h"
+
+#include <memory>
+#include <vector>
+
+class RandomLesson
+{
+public:
+    static constexpr QSize kSize{160, 120};
+
+    explicit RandomLesson(unsigned seed, int people = 2, double density = 1)
+        : m_random(seed)
+        , m_lesson({kSize, density})
+    {
+        for (int number = 1; number <= people; ++number)
+            m_people.push_back(std::make_unique<InkLesson::Author>(m_lesson, number, [this] { return ++m_time; }));
+    }
+
+    InkLesson::Lesson &lesson() { return m_lesson; }
+
+    void act(int times)
+    {
+        for (; times > 0; --times)
+            actOnce(*m_people[std::size_t(m_random.below(int(m_people.size())))]);
+    }
+
+    void letGo()
+    {
+        for (const auto &person : m_people)
+            person->finish();
+    }
+
+private:
+    void actOnce(InkLesson::Author &person)
+    {
+        using namespace InkLesson;
+        if (m_lesson.indexOf(person.page()) < 0 || m_random.oneIn(20))
+            person.turnTo(m_lesson.pageId(m_random.below(m_lesson.pageCount())));
+        const ObjectId object = anyObject(person.page());
+        switch (m_random.below(24)) {
+        case 0:
+            person.undo();
+            break;
+        case 1:
+            person.redo();
+            break;
+        case 2:
+            person.remove({object, anyObject(person.page())});
+            break;
+        case 3:
+            person.order(object, m_random.oneIn(3) ? kNothing : anyObject(person.page()));
+            break;
+        case 4:
+            person.change({Change{object, color(), m_random.from(1, 9)},
+                           Change{anyObject(person.page()), {}, {}, {}, {}, point() / 4}});
+            break;
+        case 5:
+            person.duplicate(object, point() / 4);
+            break;
+        case 6:
+            if (m_random.oneIn(4))
+                person.clear();
+            break;
+        case 7:
+            person.setPaper(paper());
+            break;
+        case 8:
+            managePages(person);
+            break;
+        case 9:
+            person.pour(point(), color());
+            break;
+        case 10:
+            person.insert(picture(person.page()));
+            gesture(person);
+            break;
+        case 11:
+        case 12:
+        case 13:
+            if (person.reopen(object))
+                edit(person);
+            break;
+        case 14:
+            person.discard();
+            break;
+        default:
+            draw(person);
+        }
+    }
+
+    void draw(InkLesson::Author &person)
+    {
+        using namespace InkLesson;
+        const Tool &tool = tools()[std::size_t(m_random.below(int(tools().size())))];
+        Life life{QString::fromLatin1(tool.name)};
+        life.ink.color = color();
+        life.ink.width = m_random.from(1, 9);
+        life.ink.dash = m_random.oneIn(3) ? Qt::DashLine : Qt::SolidLine;
+        life.canvas = m_lesson.page(person.page()).rect().size();
+        person.begin(life);
+        gesture(person);
+        for (int more = m_random.below(3); more > 0; --more)
+            gesture(person);
+        if (tool.takesText)
+            person.act(TextAct{QStringLiteral("text"), image()});
+        if (m_random.oneIn(2))
+            person.finish();
+    }
+
+    void edit(InkLesson::Author &person)
+    {
+        using namespace InkLesson;
+        for (int times = m_random.from(1, 3); times > 0 && person.hand(); --times) {
+            switch (m_random.below(4)) {
+            case 0:
+                person.act(ColorAct{color()});
+                break;
+            case 1:
+                person.act(WidthAct{m_random.from(1, 9)});
+                break;
+            default:
+                grab(person);
+            }
+        }
+    }
+
+    // A drag that begins on a handle or in the frame.
+    void grab(InkLesson::Author &person)
+    {
+        const CInkGraph &object = *person.object();
+        const QPoint from = m_random.oneIn(2) ? object.m_rcHot.center() : object.m_hotPts[m_random.below(9)].toPoint();
+        person.feed(PT_DOWN, from);
+        person.feed(PT_MOVE, {from + point() / 8, from + point() / 4});
+        if (person.hand())
+            person.feed(PT_UP, from + point() / 4);
+    }
+
+    void gesture(InkLesson::Author &person)
+    {
+        person.feed(PT_DOWN, point());
+        for (int moves = m_random.from(1, 6); moves > 0; --moves)
+            person.feed(PT_MOVE,
+                        m_random.oneIn(2) ? std::vector<QPoint>{point()} : std::vector<QPoint>{point(), point()});
+        person.feed(PT_UP, point());
+    }
+
+    void managePages(InkLesson::Author &person)
+    {
+        switch (m_random.below(4)) {
+        case 0:
+            person.addPage(m_random.below(m_lesson.pageCount() + 1), kSize);
+            break;
+        case 1:
+            person.movePage(person.page(), m_random.below(m_lesson.pageCount()));
+            break;
+        case 2:
+            person.grow({m_random.from(100, 200), m_random.from(100, 150)});
+            break;
+        default:
+            person.removePage(person.page());
+        }
+    }
+
+    InkLesson::ObjectId anyObject(const InkLesson::PageId &page)
+    {
+        const auto &items = m_lesson.page(page).items();
+        return items.empty() ? InkLesson::kNothing : items[std::size_t(m_random.below(int(items.size())))]->id;
+    }
+
+    QPoint point() { return {m_random.from(-10, 170), m_random.from(-10, 130)}; }
+    QColor color()
+    {
+        return {m_random.below(256), m_random.below(256), m_random.below(256),
+                m_random.oneIn(2) ? 255 : m_random.below(256)};
+    }
+    QImage image()
+    {
+        QImage image(m_random.from(1, 40), m_random.from(1, 30), QImage::Format_ARGB32);
+        for (int y = 0; y < image.height(); ++y) {
+            for (int x = 0; x < image.width(); ++x)
+                image.setPixelColor(x, y, color());
+        }
+        return image;
+    }
+    InkLesson::Paper paper()
+    {
+        using Kind = InkLesson::Paper::Kind;
+        const Kind kind = m_random.of({Kind::Blank, Kind::Ruled, Kind::Squared, Kind::Picture});
+        return {kind, kind == Kind::Picture ? image() : QImage()};
+    }
+    InkLesson::Life picture(const InkLesson::PageId &page)
+    {
+        InkLesson::Life life{QLatin1String(InkLesson::kPictureTool)};
+        life.canvas = m_lesson.page(page).rect().size();
+        life.picture = image();
+        life.position = point() / 2;
+        return life;
+    }
+
+    Random m_random;
+    InkLesson::Lesson m_lesson;
+    qint64 m_time{};
+    std::vector<std::unique_ptr<InkLesson::Author>> m_people;
+};

@@ -1,0 +1,102 @@
+// The same log gives the same pixels, however it is come by; and what is painted in part is what is painted wholly.
+
+#include "RandomLesson.h"
+
+#include "lesson/log/RecordReader.h"
+#include "lesson/storage/LessonFile.h"
+
+#include <QtCore/QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+using namespace InkLesson;
+
+namespace {
+
+constexpr unsigned kLessons = 60;
+
+::testing::AssertionResult samePages(const Lesson &actual, const Lesson &expected)
+{
+    if (actual.pageCount() != expected.pageCount())
+        return ::testing::AssertionFailure() << actual.pageCount() << " pages instead of " << expected.pageCount();
+    for (int i = 0; i < actual.pageCount(); ++i) {
+        const Page &page = actual.page(actual.pageId(i)), &other = expected.page(expected.pageId(i));
+        if (page.picture() != other.picture())
+            return ::testing::AssertionFailure() << "page " << i << " differs";
+        if (page.ink() != other.ink())
+            return ::testing::AssertionFailure() << "the ink of page " << i << " differs";
+    }
+    return ::testing::AssertionSuccess();
+}
+
+std::unique_ptr<Lesson> replayed(const Lesson &lesson)
+{
+    auto again = std::make_unique<Lesson>(lesson.header());
+    for (const QByteArray &code : lesson.log()) {
+        RecordReader reader;
+        Record record;
+        EXPECT_TRUE(reader.readCbor(code, record)) << reader.error().toStdString();
+        again->apply(record);
+    }
+    return again;
+}
+
+// Whether each page has the pixels that it has when it is painted anew. Names the topmost object where it has not.
+::testing::AssertionResult partsAreTheWhole(Lesson &lesson)
+{
+    for (int i = 0; i < lesson.pageCount(); ++i) {
+        Page &page = lesson.page(lesson.pageId(i));
+        const QImage picture = page.picture().copy(), ink = page.ink().copy();
+        page.setPaper(page.paper());
+        page.repaint();
+        for (int y = 0; y < picture.height(); ++y) {
+            for (int x = 0; x < picture.width(); ++x) {
+                if (picture.pixel(x, y) == page.picture().pixel(x, y) && ink.pixel(x, y) == page.ink().pixel(x, y))
+                    continue;
+                auto failure = ::testing::AssertionFailure() << "page " << i << " at " << x << ',' << y << ':';
+                for (const auto &item : page.items()) {
+                    if (item->reach.contains(x, y))
+                        failure << ' ' << (item->tool ? item->tool->name : "picture");
+                }
+                return failure;
+            }
+        }
+    }
+    return ::testing::AssertionSuccess();
+}
+
+} // namespace
+
+TEST(Lesson, sameLogGivesTheSamePixels)
+{
+    const QTemporaryDir folder;
+    const QString file = folder.filePath(QStringLiteral("lesson.inkboard"));
+    const unsigned first = caseCount("INK_LESSON_SEED", 1);
+    for (unsigned seed = first; seed < first + caseCount("INK_LESSON_CASES", kLessons); ++seed) {
+        SCOPED_TRACE(seed);
+        RandomLesson random(seed);
+        random.act(40);
+        random.letGo();
+        ASSERT_TRUE(samePages(*replayed(random.lesson()), random.lesson())) << "replayed";
+        ASSERT_EQ(saveLesson(random.lesson(), file), QString());
+        QString problem;
+        const auto opened = openLesson(file, problem);
+        ASSERT_EQ(problem.toStdString(), "");
+        ASSERT_TRUE(samePages(*opened, random.lesson())) << "opened";
+        EXPECT_EQ(opened->log(), random.lesson().log());
+    }
+}
+
+TEST(Lesson, partsArePaintedAsTheWhole)
+{
+    const unsigned first = caseCount("INK_LESSON_SEED", 1);
+    for (unsigned seed = first; seed < first + caseCount("INK_LESSON_CASES", kLessons); ++seed) {
+        SCOPED_TRACE(seed);
+        RandomLesson random(seed, 1);
+        for (int i = 0; i < 40; ++i) {
+            random.act(1);
+            random.letGo();
+            ASSERT_TRUE(partsAreTheWhole(random.lesson())) << "after act " << i;
+        }
+    }
+}
