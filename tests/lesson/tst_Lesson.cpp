@@ -280,9 +280,9 @@ TEST_F(LessonTest, thereIsNoWayBackFromGrowing)
     const StepId grown = apply(1, Grow{{230, 100}});
     EXPECT_EQ(lesson.page(kFirstPage).rect(), QRect(0, 0, 230, 150));
     EXPECT_EQ(painted, QRegion(0, 0, 230, 150));
+    EXPECT_FALSE(lesson.history().toUndo(1));
     apply(1, Undo{grown});
     EXPECT_EQ(lesson.page(kFirstPage).rect(), QRect(0, 0, 230, 150));
-    EXPECT_FALSE(lesson.history().toUndo(1));
 }
 
 TEST_F(LessonTest, pagesComeGoAndMove)
