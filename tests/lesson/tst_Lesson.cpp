@@ -247,6 +247,18 @@ TEST_F(LessonTest, whatComesBackIsWhereItWouldBe)
     EXPECT_EQ(at(45, 40), kBlue);
 }
 
+TEST_F(LessonTest, whatIsAwayTakesNoPlace)
+{
+    const ObjectId a = apply(1, block({20, 30, 30, 30}, kRed));
+    const ObjectId b = apply(1, block({30, 30, 30, 30}, kGreen));
+    const ObjectId c = apply(1, block({40, 30, 30, 30}, kBlue));
+    apply(1, Delete{{a}});
+    const StepId gone = apply(1, Delete{{b}});
+    apply(1, Undo{gone});
+    EXPECT_EQ(order(), (std::vector<ObjectId>{b, c}));
+    EXPECT_EQ(at(45, 40), kBlue);
+}
+
 TEST_F(LessonTest, theLastPaperThatCountsIsShown)
 {
     const StepId ruled = apply(1, SetPaper{{Paper::Kind::Ruled, {}}});

@@ -204,14 +204,16 @@ TEST(Page, fiveFarPartsBecomeOne)
         EXPECT_EQ(page.picture().pixel(51 + 200 * i, 51), kRed);
 }
 
-// Side by side they are painted at once; with a gap of 24 pixels between them as well, and with one more they are not.
+// Each reaches over 24 x 24 pixels. Nine to the right and below, both are in 33 x 33, which is less than 2 x 24 x 24;
+// with ten it is more.
 TEST(Page, nearPartsArePaintedTogether)
 {
-    for (const auto &[gap, count] : {std::pair(0, 1), std::pair(1, 2)}) {
+    for (const auto &[offset, area] :
+         {std::pair(9, QRegion(39, 39, 33, 33)), std::pair(10, QRegion(39, 39, 24, 24) + QRegion(49, 49, 24, 24))}) {
         Page page({1000, 100});
         page.put(blockOf(kFirst, {50, 50, 2, 2}, kRed), 0);
-        page.put(blockOf(kSecond, {74 + gap, 50, 2, 2}, kRed), 1);
-        EXPECT_EQ(page.repaint().rectCount(), count) << gap;
+        page.put(blockOf(kSecond, {50 + offset, 50 + offset, 2, 2}, kRed), 1);
+        EXPECT_EQ(page.repaint(), area) << offset;
     }
 }
 
