@@ -67,15 +67,20 @@ QCborArray arrayOf(const std::vector<Act> &acts)
     return array;
 }
 
+// Whether its pixels lie at a position.
+bool isPlaced(const Life &life)
+{
+    const Tool *tool = findTool(life.tool);
+    return tool ? tool->takePicture != nullptr : life.tool == QLatin1String(kPictureTool);
+}
+
 QCborMap mapOf(const Life &life)
 {
     QCborMap map{{kTool, life.tool}, {kCanvas, pair(life.canvas)}, {kActs, arrayOf(life.acts)}};
-    if (!life.picture.isNull()) {
-        map.insert(kPosition, pair(life.position));
+    if (!life.picture.isNull())
         map.insert(kPicture, pngOf(life.picture));
-    } else if (life.tool == QLatin1String(kPictureTool) || life.tool == QLatin1String(kAreaTool)) {
+    if (map.contains(kPicture) || isPlaced(life)) // also where it is that of the life before
         map.insert(kPosition, pair(life.position));
-    }
     if (life.tool == QLatin1String(kPictureTool))
         return map;
     map.insert(kColor, colorName(life.ink.color));

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "lesson/Export.h"
+
 #include <QtCore/QRect>
 #include <QtGui/QImage>
 #include <QtGui/QRegion>
@@ -12,7 +14,7 @@ class CInkGraph;
 namespace InkLesson {
 
 // The four images that an object paints on, all of one size and in page pixels.
-class PageLayers
+class INKLESSON_EXPORT PageLayers
 {
 public:
     // White. Null where there is not enough memory for all four.

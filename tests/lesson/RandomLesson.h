@@ -133,15 +133,18 @@ private:
         }
     }
 
-    // A drag that begins on a handle or in the frame.
+    // A drag that begins on a handle, often the one that turns, or in the frame. It may end beyond the page's edge.
     void grab(InkLesson::Author &person)
     {
+        constexpr int kTurns = 8; // the last of the handles
         const CInkGraph &object = *person.object();
-        const QPoint from = m_random.oneIn(2) ? object.m_rcHot.center() : object.m_hotPts[m_random.below(9)].toPoint();
+        const int handle = m_random.oneIn(2) ? kTurns : m_random.below(kTurns);
+        const QPoint from = m_random.oneIn(2) ? object.m_rcHot.center() : object.m_hotPts[handle].toPoint();
+        const QPoint by = m_random.oneIn(4) ? point() - from : point() / 4;
         person.feed(PT_DOWN, from);
-        person.feed(PT_MOVE, {from + point() / 8, from + point() / 4});
+        person.feed(PT_MOVE, {from + by / 2, from + by});
         if (person.hand())
-            person.feed(PT_UP, from + point() / 4);
+            person.feed(PT_UP, from + by);
     }
 
     void gesture(InkLesson::Author &person)
@@ -176,7 +179,12 @@ private:
         return items.empty() ? InkLesson::kNothing : items[std::size_t(m_random.below(int(items.size())))]->id;
     }
 
-    QPoint point() { return {m_random.from(-10, 170), m_random.from(-10, 130)}; }
+    // Now and then far outside, so that the page clips what is drawn.
+    QPoint point()
+    {
+        return m_random.oneIn(8) ? QPoint{m_random.from(-120, 280), m_random.from(-90, 210)}
+                                 : QPoint{m_random.from(-10, 170), m_random.from(-10, 130)};
+    }
     QColor color()
     {
         return {m_random.below(256), m_random.below(256), m_random.below(256),

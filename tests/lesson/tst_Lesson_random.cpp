@@ -9,11 +9,19 @@
 
 #include <gtest/gtest.h>
 
+#include <iterator>
+
 using namespace InkLesson;
 
 namespace {
 
-constexpr unsigned kLessons = 60;
+constexpr unsigned kLessons = 40;
+constexpr double kDensities[] = {1, 1.5, 2};
+
+double densityOf(unsigned seed)
+{
+    return kDensities[seed % std::size(kDensities)];
+}
 
 ::testing::AssertionResult samePages(const Lesson &actual, const Lesson &expected)
 {
@@ -49,6 +57,8 @@ std::unique_ptr<Lesson> replayed(const Lesson &lesson)
         const QImage picture = page.picture().copy(), ink = page.ink().copy();
         page.setPaper(page.paper());
         page.repaint();
+        if (picture == page.picture() && ink == page.ink())
+            continue;
         for (int y = 0; y < picture.height(); ++y) {
             for (int x = 0; x < picture.width(); ++x) {
                 if (picture.pixel(x, y) == page.picture().pixel(x, y) && ink.pixel(x, y) == page.ink().pixel(x, y))
@@ -74,8 +84,8 @@ TEST(Lesson, sameLogGivesTheSamePixels)
     const unsigned first = caseCount("INK_LESSON_SEED", 1);
     for (unsigned seed = first; seed < first + caseCount("INK_LESSON_CASES", kLessons); ++seed) {
         SCOPED_TRACE(seed);
-        RandomLesson random(seed);
-        random.act(40);
+        RandomLesson random(seed, 2, densityOf(seed));
+        random.act(25);
         random.letGo();
         ASSERT_TRUE(samePages(*replayed(random.lesson()), random.lesson())) << "replayed";
         ASSERT_EQ(saveLesson(random.lesson(), file), QString());
@@ -92,8 +102,8 @@ TEST(Lesson, partsArePaintedAsTheWhole)
     const unsigned first = caseCount("INK_LESSON_SEED", 1);
     for (unsigned seed = first; seed < first + caseCount("INK_LESSON_CASES", kLessons); ++seed) {
         SCOPED_TRACE(seed);
-        RandomLesson random(seed, 1);
-        for (int i = 0; i < 40; ++i) {
+        RandomLesson random(seed, 1, densityOf(seed));
+        for (int i = 0; i < 20; ++i) {
             random.act(1);
             random.letGo();
             ASSERT_TRUE(partsAreTheWhole(random.lesson())) << "after act " << i;

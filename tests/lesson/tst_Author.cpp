@@ -1,0 +1,476 @@
+#include "lesson/authoring/Author.h"
+
+#include "LessonKit.h"
+
+#include "PointerEvent.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+using namespace InkLesson;
+
+namespace {
+
+constexpr QRgb kWhite = 0xFFFFFFFF, kRed = 0xFFFF0000, kGreen = 0xFF00FF00, kBlue = 0xFF0000FF;
+
+Life fresh(const char *tool, QRgb color = kRed, int width = 4)
+{
+    Life life{QString::fromLatin1(tool)};
+    life.ink.color = QColor(color);
+    life.ink.width = width;
+    life.canvas = {200, 150};
+    return life;
+}
+
+void drag(Author &author, const QPoint &from, const QPoint &to)
+{
+    author.feed(PT_DOWN, from);
+    author.feed(PT_MOVE, {(from + to) / 2, to});
+    author.feed(PT_UP, to);
+}
+
+// A frame of 5 pixels around 30 x 30 others, from (50,50) on.
+Life ring()
+{
+    Life life = blockLife({50, 50, 40, 40}, QColor(kRed));
+    for (int y = 5; y < 35; ++y) {
+        for (int x = 5; x < 35; ++x)
+            life.picture.setPixel(x, y, 0);
+    }
+    return life;
+}
+
+} // namespace
+
+class AuthorTest : public ::testing::Test
+{
+protected:
+    QRgb at(int x, int y) const { return lesson.page(kFirstPage).picture().pixel(x, y); }
+    QRgb shown(int x, int y) const { return lesson.page(kFirstPage).surface().pixel(x, y); }
+    std::size_t things() const { return lesson.page(kFirstPage).items().size(); }
+    template <typename Kind>
+    const Kind &last() const
+    {
+        return std::get<Kind>(records.back().deed);
+    }
+
+    // A committed line from (20,20) to (60,20), which the author has let go.
+    ObjectId line(Author &author)
+    {
+        author.begin(fresh("line"));
+        drag(author, {20, 20}, {60, 20});
+        author.finish();
+        return records.back().id;
+    }
+
+    Lesson lesson{{{200, 150}, 1}};
+    std::vector<Record> records;
+    qint64 now{1000};
+    const Author::Clock clock = [this] { return ++now; };
+    const Author::Listener listener = [this](const Record &record) {
+        records.push_back(record);
+        EXPECT_EQ(lesson.log().size(), records.size()); // it has been applied
+    };
+    Author me{lesson, 1, clock, listener}, other{lesson, 2, clock, listener};
+};
+
+TEST_F(AuthorTest, aStrokeIsOneStep)
+{
+    me.begin(fresh("pencil"));
+    me.feed(PT_DOWN, QPoint(20, 20));
+    for (int x = 21; x < 60; ++x)
+        me.feed(PT_MOVE, QPoint(x, 20));
+    EXPECT_TRUE(records.empty());
+    EXPECT_EQ(shown(40, 20), kRed);
+    EXPECT_EQ(at(40, 20), kWhite);
+    me.feed(PT_UP, QPoint(60, 20));
+    ASSERT_EQ(records.size(), 1U);
+    EXPECT_EQ(at(40, 20), kRed);
+    EXPECT_EQ(me.hand(), nullptr);
+    EXPECT_EQ(records[0].id, (StepId{1, 1}));
+    EXPECT_EQ(records[0].step, 1);
+    EXPECT_EQ(records[0].time, 1001);
+    EXPECT_EQ(records[0].page, kFirstPage);
+    EXPECT_EQ(last<Draw>().life.acts.size(), 41U);
+}
+
+// Drawn, moved, coloured, widened and dashed: five steps, and the line is in the hand all the time.
+TEST_F(AuthorTest, eachThingTheHandDoesIsOneStep)
+{
+    me.begin(fresh("line"));
+    drag(me, {20, 20}, {60, 20});
+    EXPECT_EQ(records.size(), 1U);
+    ASSERT_NE(me.hand(), nullptr);
+    EXPECT_EQ(me.hand()->held, (ObjectId{1, 1}));
+    EXPECT_EQ(at(40, 20), kWhite); // it is in the hand
+    EXPECT_EQ(shown(40, 20), kRed);
+    drag(me, {40, 20}, {40, 50});
+    ASSERT_EQ(records.size(), 2U);
+    EXPECT_EQ(last<Change>().object, (ObjectId{1, 1}));
+    EXPECT_EQ(shown(40, 50), kRed);
+    me.act(ColorAct{QColor(kBlue)});
+    EXPECT_EQ(records.size(), 3U);
+    me.act(WidthAct{8});
+    EXPECT_EQ(records.size(), 4U);
+    me.act(DashAct{Qt::DotLine});
+    EXPECT_EQ(records.size(), 5U);
+    me.finish();
+    EXPECT_EQ(records.size(), 5U);
+    EXPECT_EQ(me.hand(), nullptr);
+    for (std::size_t i = 0; i < records.size(); ++i)
+        EXPECT_EQ(records[i].step, int(i) + 1);
+    EXPECT_EQ(dashOf(*lesson.life({1, 1})), Qt::DotLine);
+    me.undo();
+    EXPECT_EQ(at(36, 47), kBlue); // as wide as before, without gaps
+    EXPECT_EQ(at(44, 53), kBlue);
+    me.undo();
+    EXPECT_EQ(at(40, 47), kWhite);
+    EXPECT_EQ(at(40, 48), kBlue);
+    me.undo();
+    EXPECT_EQ(at(40, 48), kRed);
+    me.undo();
+    EXPECT_EQ(at(40, 20), kRed);
+    EXPECT_EQ(at(40, 48), kWhite);
+    me.undo();
+    EXPECT_EQ(things(), 0U);
+    EXPECT_FALSE(me.undo());
+    EXPECT_FALSE(me.canUndo());
+    for (int i = 0; i < 5; ++i)
+        EXPECT_TRUE(me.redo());
+    EXPECT_FALSE(me.redo());
+    EXPECT_EQ(dashOf(*lesson.life({1, 1})), Qt::DotLine);
+}
+
+TEST_F(AuthorTest, lettingGoWhatIsUnchangedIsNoStep)
+{
+    const ObjectId thing = line(me);
+    EXPECT_TRUE(me.reopen(thing));
+    EXPECT_EQ(me.hand()->held, thing);
+    EXPECT_EQ(at(40, 20), kWhite);
+    me.finish();
+    EXPECT_EQ(at(40, 20), kRed);
+    me.reopen(thing);
+    drag(me, {40, 20}, {40, 20}); // picked up and put down
+    me.act(ColorAct{QColor(kRed)});
+    me.act(WidthAct{4});
+    me.act(DashAct{Qt::SolidLine});
+    me.feed(PT_DOWN, QPoint(150, 120)); // beside it
+    EXPECT_EQ(me.hand(), nullptr);
+    EXPECT_EQ(at(40, 20), kRed);
+    EXPECT_EQ(records.size(), 1U);
+}
+
+TEST_F(AuthorTest, onlyWhatHasHandlesIsReopened)
+{
+    me.begin(fresh("pencil"));
+    drag(me, {20, 20}, {60, 20});
+    EXPECT_FALSE(me.reopen(records.back().id));
+    EXPECT_FALSE(me.reopen({9, 9}));
+    const ObjectId thing = line(me);
+    me.remove({thing});
+    EXPECT_FALSE(me.reopen(thing));
+    EXPECT_EQ(me.hand(), nullptr);
+}
+
+TEST_F(AuthorTest, aNewObjectWithoutAMarkIsForgotten)
+{
+    me.begin(fresh("pencil"));
+    me.finish(); // nothing was drawn
+    me.begin(fresh("pencil"));
+    drag(me, {-90, -90}, {-60, -90}); // beyond the page
+    me.finish();
+    me.begin(fresh("pencil"));
+    me.feed(PT_DOWN, QPoint(20, 20));
+    me.begin(fresh("line")); // a single point
+    me.finish();
+    EXPECT_TRUE(records.empty());
+    EXPECT_EQ(me.hand(), nullptr);
+    EXPECT_EQ(shown(20, 20), kWhite);
+    me.feed(PT_DOWN, QPoint(20, 20)); // to nobody
+    me.act(FinishAct());
+    EXPECT_TRUE(records.empty());
+}
+
+TEST_F(AuthorTest, discardTakesAway)
+{
+    me.begin(fresh("pencil"));
+    me.feed(PT_DOWN, QPoint(20, 20));
+    me.feed(PT_MOVE, QPoint(60, 20));
+    me.discard();
+    EXPECT_TRUE(records.empty());
+    EXPECT_EQ(shown(40, 20), kWhite);
+    me.discard(); // nothing
+    const ObjectId thing = line(me);
+    me.reopen(thing);
+    me.discard();
+    ASSERT_EQ(records.size(), 2U);
+    EXPECT_EQ(last<Delete>().objects, std::vector<ObjectId>{thing});
+    EXPECT_EQ(things(), 0U);
+    EXPECT_EQ(shown(40, 20), kWhite);
+    me.undo();
+    EXPECT_EQ(at(40, 20), kRed);
+}
+
+// A picture of 40 x 30 is painted one pixel narrower and lower.
+TEST_F(AuthorTest, aPictureIsAStepOfItsOwn)
+{
+    Life picture{QLatin1String(kPictureTool)};
+    picture.canvas = {200, 150};
+    picture.picture = QImage(40, 30, QImage::Format_ARGB32);
+    picture.picture.fill(kBlue);
+    picture.position = {20, 20};
+    me.insert(picture);
+    ASSERT_EQ(records.size(), 1U);
+    ASSERT_NE(me.hand(), nullptr);
+    EXPECT_EQ(me.hand()->held, records[0].id);
+    EXPECT_EQ(at(40, 35), kWhite);
+    EXPECT_EQ(shown(40, 35), kBlue);
+    drag(me, {40, 35}, {140, 35});
+    EXPECT_EQ(records.size(), 2U);
+    me.finish();
+    EXPECT_EQ(records.size(), 2U);
+    EXPECT_EQ(at(140, 35), kBlue);
+    me.undo();
+    EXPECT_EQ(at(140, 35), kWhite);
+    EXPECT_EQ(at(40, 35), kBlue);
+    me.undo();
+    EXPECT_EQ(things(), 0U);
+}
+
+// The hole and what was lifted from it go together; the move of it is the next step.
+TEST_F(AuthorTest, aSelectionIsOneStepWithWhatItLifts)
+{
+    lesson.apply(record(2, 1, Draw{blockLife({40, 40, 20, 20}, QColor(kRed))}));
+    records.push_back({});
+    me.begin(fresh("select"));
+    drag(me, {30, 30}, {100, 80});
+    ASSERT_EQ(records.size(), 3U);
+    EXPECT_EQ(records[1].step, 1);
+    EXPECT_EQ(records[2].step, 1);
+    EXPECT_EQ(std::get<Draw>(records[1].deed).life.tool, QStringLiteral("select"));
+    EXPECT_EQ(last<Draw>().life.tool, QStringLiteral("picture"));
+    EXPECT_EQ(me.hand()->held, records[2].id);
+    EXPECT_EQ(at(50, 50), kWhite);
+    EXPECT_EQ(shown(50, 50), kRed);
+    drag(me, {50, 50}, {110, 50});
+    me.finish();
+    EXPECT_EQ(records.size(), 4U);
+    EXPECT_EQ(records[3].step, 3);
+    EXPECT_EQ(at(110, 50), kRed);
+    EXPECT_EQ(at(50, 50), kWhite);
+    me.undo();
+    EXPECT_EQ(at(50, 50), kRed);
+    EXPECT_EQ(things(), 3U);
+    me.undo();
+    EXPECT_EQ(things(), 1U);
+    EXPECT_EQ(at(50, 50), kRed);
+    EXPECT_FALSE(me.canUndo());
+}
+
+// The page was filled once: what is done to the frame does not let it run out.
+TEST_F(AuthorTest, aFillIsComputedOnce)
+{
+    lesson.apply(record(2, 1, Draw{ring()}));
+    records.push_back({});
+    ASSERT_TRUE(me.pour({70, 70}, QColor(kGreen)));
+    ASSERT_EQ(records.size(), 2U);
+    const Life area = last<Draw>().life;
+    EXPECT_EQ(area.tool, QStringLiteral("area"));
+    EXPECT_EQ(area.position, QPoint(55, 55));
+    EXPECT_EQ(area.picture.size(), QSize(30, 30));
+    EXPECT_EQ(at(55, 55), kGreen);
+    EXPECT_EQ(at(84, 84), kGreen);
+    EXPECT_EQ(at(85, 84), kRed);
+    Change away{{2, 1}};
+    away.by = {60, 0};
+    other.change(away);
+    EXPECT_EQ(at(54, 60), kWhite);
+    EXPECT_EQ(at(55, 60), kGreen);
+    EXPECT_EQ(at(100, 10), kWhite);
+    EXPECT_EQ(at(130, 70), kWhite);
+    other.remove({{2, 1}});
+    EXPECT_EQ(at(55, 55), kGreen);
+    EXPECT_EQ(at(86, 60), kWhite);
+    me.undo();
+    EXPECT_EQ(at(70, 70), kWhite);
+}
+
+TEST_F(AuthorTest, aFillTakesAnotherColourAndPlace)
+{
+    lesson.apply(record(2, 1, Draw{ring()}));
+    records.push_back({});
+    me.pour({70, 70}, QColor(0, 255, 0, 90));
+    EXPECT_EQ(at(70, 70), kGreen); // opaque
+    const ObjectId fill = records.back().id;
+    EXPECT_EQ(lesson.page(kFirstPage).topmostAt({70, 70}), fill);
+    Change change{fill, QColor(kBlue)};
+    change.by = {0, 60};
+    me.change(change);
+    EXPECT_EQ(at(70, 70), kWhite);
+    EXPECT_EQ(at(70, 130), kBlue);
+    EXPECT_EQ(at(60, 144), kBlue);
+    EXPECT_EQ(at(60, 145), kWhite);
+    EXPECT_FALSE(me.reopen(fill));
+}
+
+TEST_F(AuthorTest, thereMayBeNothingToFill)
+{
+    EXPECT_FALSE(me.pour({70, 70}, QColor(kWhite)));
+    EXPECT_FALSE(me.pour({-1, 70}, QColor(kRed)));
+    EXPECT_FALSE(me.pour({200, 70}, QColor(kRed)));
+    EXPECT_TRUE(records.empty());
+    EXPECT_TRUE(me.pour({199, 149}, QColor(kRed)));
+    EXPECT_EQ(at(0, 0), kRed);
+}
+
+TEST_F(AuthorTest, duplicatesOnTopOfAll)
+{
+    const ObjectId thing = line(me);
+    EXPECT_EQ(other.duplicate(thing, {0, 50}), (ObjectId{2, 1}));
+    EXPECT_EQ(at(40, 20), kRed);
+    EXPECT_EQ(at(40, 70), kRed);
+    EXPECT_EQ(at(40, 72), kWhite);
+    EXPECT_EQ(lesson.page(kFirstPage).items().back()->id, (ObjectId{2, 1}));
+    EXPECT_EQ(other.duplicate({9, 9}, {0, 50}), kNothing);
+    me.remove({thing});
+    EXPECT_EQ(other.duplicate(thing, {0, 50}), kNothing);
+    EXPECT_EQ(at(40, 70), kRed); // it is a thing of its own
+    EXPECT_EQ(records.size(), 3U);
+}
+
+TEST_F(AuthorTest, undoesOwnStepsAlone)
+{
+    line(me);
+    other.begin(fresh("pencil", kGreen));
+    drag(other, {20, 60}, {60, 60});
+    EXPECT_TRUE(me.undo());
+    EXPECT_EQ(at(40, 20), kWhite);
+    EXPECT_EQ(at(40, 60), kGreen);
+    EXPECT_FALSE(me.undo());
+    EXPECT_FALSE(me.canUndo());
+    EXPECT_TRUE(me.canRedo());
+    EXPECT_TRUE(other.canUndo());
+    EXPECT_FALSE(other.canRedo());
+    other.undo();
+    EXPECT_EQ(at(40, 60), kWhite);
+    EXPECT_TRUE(me.redo());
+    EXPECT_EQ(at(40, 20), kRed);
+    EXPECT_EQ(at(40, 60), kWhite);
+}
+
+TEST_F(AuthorTest, aNewStepLeavesNothingToRedo)
+{
+    line(me);
+    me.undo();
+    line(other);
+    EXPECT_TRUE(me.canRedo()); // what another does is nothing to it
+    line(me);
+    EXPECT_FALSE(me.canRedo());
+    EXPECT_FALSE(me.redo());
+}
+
+// What is in the hand is a step first.
+TEST_F(AuthorTest, undoLetsGo)
+{
+    me.begin(fresh("pencil"));
+    me.feed(PT_DOWN, QPoint(20, 20));
+    me.feed(PT_MOVE, QPoint(60, 20));
+    EXPECT_TRUE(me.canUndo());
+    EXPECT_TRUE(me.undo());
+    EXPECT_EQ(records.size(), 2U);
+    EXPECT_EQ(things(), 0U);
+    EXPECT_EQ(shown(40, 20), kWhite);
+    me.redo();
+    EXPECT_EQ(at(40, 20), kRed);
+}
+
+TEST_F(AuthorTest, severalChangesAreOneStep)
+{
+    const ObjectId first = line(me), second = line(me);
+    Change down{second};
+    down.by = {0, 60};
+    other.change({Change{{9, 9}, QColor(kBlue)}, Change{first, QColor(kBlue)}, down});
+    ASSERT_EQ(records.size(), 4U);
+    EXPECT_EQ(records[2].step, 1);
+    EXPECT_EQ(records[3].step, 1);
+    EXPECT_EQ(at(40, 20), kBlue);
+    EXPECT_EQ(at(40, 80), kRed);
+    other.undo();
+    EXPECT_EQ(at(40, 20), kRed);
+    EXPECT_EQ(at(40, 80), kWhite);
+}
+
+TEST_F(AuthorTest, whatWouldChangeNothingIsNoStep)
+{
+    const ObjectId thing = line(me);
+    me.change(std::vector<Change>());
+    me.remove({{9, 9}});
+    me.remove({});
+    me.order({9, 9}, kNothing);
+    me.order(thing, thing);
+    me.grow({200, 150});
+    me.grow({10, 10});
+    me.removePage(kFirstPage);
+    me.movePage(kFirstPage, 0);
+    EXPECT_EQ(records.size(), 1U);
+    me.clear();
+    me.clear();
+    EXPECT_EQ(records.size(), 2U);
+    me.grow({201, 10});
+    EXPECT_EQ(last<Grow>().size, QSize(201, 150));
+    EXPECT_EQ(me.number(), 1);
+}
+
+TEST_F(AuthorTest, turnsToPages)
+{
+    const PageId second = me.addPage(1, {100, 80});
+    EXPECT_EQ(me.page(), kFirstPage);
+    me.begin(fresh("pencil"));
+    me.feed(PT_DOWN, QPoint(20, 20));
+    me.feed(PT_MOVE, QPoint(60, 20));
+    me.turnTo(second);
+    EXPECT_EQ(at(40, 20), kRed); // let go where it was
+    EXPECT_EQ(records.back().page, kFirstPage);
+    EXPECT_EQ(me.hand(), nullptr);
+    me.setPaper({Paper::Kind::Ruled, {}});
+    EXPECT_EQ(records.back().page, second);
+    EXPECT_EQ(lesson.page(second).picture().pixel(5, 32), 0xFFCBD8EA);
+    EXPECT_FALSE(me.reopen({1, 2})); // it lies on the other page
+    me.movePage(second, 0);
+    EXPECT_EQ(lesson.pageId(0), second);
+    me.removePage(second);
+    EXPECT_EQ(lesson.pageCount(), 1);
+}
+
+// It stays away, and nobody falls over it; once it is back, it is where it was dragged to.
+TEST_F(AuthorTest, anotherMayRemoveWhatIsInTheHand)
+{
+    const ObjectId thing = line(me);
+    me.reopen(thing);
+    other.remove({thing});
+    EXPECT_EQ(things(), 0U);
+    drag(me, {40, 20}, {40, 80});
+    me.finish();
+    EXPECT_EQ(me.hand(), nullptr);
+    EXPECT_EQ(things(), 0U);
+    EXPECT_EQ(shown(40, 80), kWhite);
+    other.undo();
+    EXPECT_EQ(at(40, 80), kRed);
+    EXPECT_EQ(at(40, 20), kWhite);
+}
+
+// What is to be shown is told of while it is drawn.
+TEST_F(AuthorTest, tellsWhereThePageChanges)
+{
+    QRegion area;
+    lesson.pageChanged = [&](const PageId &page, const QRegion &part) {
+        EXPECT_EQ(page, kFirstPage);
+        area |= part;
+    };
+    me.begin(fresh("line"));
+    me.feed(PT_DOWN, QPoint(100, 100));
+    area = QRegion();
+    me.feed(PT_MOVE, QPoint(120, 100));
+    EXPECT_EQ(area, QRegion(70, 70, 81, 61));
+}
