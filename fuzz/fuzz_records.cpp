@@ -6,7 +6,7 @@
 #include "Input.h"
 #include "Objects.h"
 
-#include "lesson/log/LogReader.h"
+#include "lesson/storage/LogReader.h"
 #include "lesson/log/RecordCode.h"
 #include "lesson/log/RecordReader.h"
 

@@ -1,7 +1,7 @@
 #include "lesson/storage/Journal.h"
 
-#include "lesson/log/LogReader.h"
 #include "lesson/log/RecordCode.h"
+#include "lesson/storage/LogReader.h"
 
 #include <QtCore/QCoreApplication>
 #include <QtCore/QDir>

@@ -1,8 +1,8 @@
 #include "lesson/storage/LessonFile.h"
 
-#include "lesson/log/LogReader.h"
 #include "lesson/log/RecordCode.h"
 #include "lesson/storage/DurableFile.h"
+#include "lesson/storage/LogReader.h"
 
 #include <QtCore/QCoreApplication>
 #include <QtCore/QFileInfo>

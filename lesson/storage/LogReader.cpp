@@ -1,4 +1,4 @@
-#include "lesson/log/LogReader.h"
+#include "lesson/storage/LogReader.h"
 
 #include "lesson/log/RecordReader.h"
 #include "lesson/log/Words_p.h"
