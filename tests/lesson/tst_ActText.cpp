@@ -136,8 +136,8 @@ TEST(ActText, aPlaceThatNoIntHoldsIsRefused)
 
 TEST(ActText, whatMeansNothingIsRefused)
 {
-    for (const char *text : {"x", " ", "1", "f f", "d", "d1", "d1 ", "d1 m", "d--1 2", "d1  2", "d+1 2", "d1,2", "e1 2",
-                             "D1 2", "d1.5 2", "d1 2 3", "d- 2", "finish"})
+    for (const char *text : {"x", "x1 2 3", " ", "1", "f f", "d", "d1", "d1 ", "d1 m", "d--1 2", "d1  2", "d+1 2",
+                             "d1,2", "e1 2", "D1 2", "d1.5 2", "d1 2 3", "d- 2", "finish"})
         EXPECT_TRUE(isRefused(text)) << text;
     std::vector<Act> acts;
     EXPECT_FALSE(ActText().read(QByteArray("f\0f", 3), acts));

@@ -151,6 +151,21 @@ TEST(RecordCode, aChangeMovesNothingBeyondTheLastPlace)
     EXPECT_EQ(std::get<PointerAct>(life.acts[1]).pt.y(), 14);
 }
 
+TEST(RecordCode, whatHasNoHandlesIsDrawnAgainWithTheOtherPen)
+{
+    Change change{{1, 1}};
+    change.color = QColor(9, 8, 7);
+    change.width = 11;
+    change.option = 5;
+    change.acts = {PaintAct()};
+    const Life life = changed(pencil(), change);
+    EXPECT_EQ(life.ink.color.rgba(), 0xff090807);
+    EXPECT_EQ(life.ink.width, 11);
+    EXPECT_EQ(life.ink.option, 5);
+    ASSERT_EQ(life.acts.size(), 4u);
+    EXPECT_TRUE(std::holds_alternative<PaintAct>(life.acts[3]));
+}
+
 TEST(RecordCode, cborIsTheSameMap)
 {
     // A map of four: "author" 1, "number" 7, "time" 5, "do" "clear".
