@@ -14,7 +14,9 @@ namespace {
 // Where an object may paint when it is asked to repaint `asked`: an eraser goes one pixel farther than it says.
 QRect reachOf(CInkGraph &object, const QRect &asked)
 {
-    return (asked | object.GetUpdateRect()).adjusted(-1, -1, 1, 1);
+    constexpr int kFar = 1 << 24; // beyond every page, and an int goes on beyond it
+    const QRect near(QPoint(-kFar, -kFar), QPoint(kFar, kFar));
+    return ((asked | object.GetUpdateRect()) & near).adjusted(-1, -1, 1, 1);
 }
 
 constexpr std::size_t kMostParts = 4; // of what has changed

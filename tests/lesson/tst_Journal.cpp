@@ -195,30 +195,29 @@ TEST_F(JournalTest, noStepBeforeTheLastSyncIsLost)
     for (unsigned seed = 1; seed <= caseCount("INK_JOURNAL_CUTS", 1000); ++seed) {
         SCOPED_TRACE(seed);
         Random random(seed);
-        Disk other;
-        Journal kept(std::make_unique<ForgetfulFile>(other));
-        ASSERT_TRUE(kept.keep(folder.path(), QStringLiteral("cut"), problem));
+        journal.begin();
+        disk = Disk();
         Lesson drawn({kSize, 1});
         std::size_t safe = 0, rested = 0;
         for (int acts = random.below(30); acts > 0; --acts) {
             const int number = drawn.history().nextNumber(1);
             switch (random.below(8)) {
             case 0:
-                kept.sync();
+                journal.sync();
                 safe = drawn.log().size();
                 break;
             case 1:
                 if (random.oneIn(4)) {
-                    kept.rest(drawn);
+                    journal.rest(drawn);
                     rested = drawn.log().size();
                 }
                 break;
             default:
                 drawn.apply({{1, number}, number, random.below(1000000), kFirstPage, Clear()});
-                ASSERT_TRUE(kept.follow(drawn, noFile));
+                ASSERT_TRUE(journal.follow(drawn, noFile));
             }
         }
-        write(other.cut(random));
+        write(disk.cut(random));
         const auto opened = openLesson(found, problem);
         if (safe > rested) {
             ASSERT_NE(opened, nullptr) << problem.toStdString();

@@ -496,6 +496,6 @@ TEST_F(PageTest, whatIsPaintedAlreadyIsPutThere)
 
 TEST(Page, aPageThatNoMemoryHoldsIsNull)
 {
-    EXPECT_TRUE(Page({1 << 20, 1 << 20}).isNull());
+    EXPECT_TRUE(Page({1 << 30, 1 << 30}).isNull());
     EXPECT_FALSE(Page({1, 1}).isNull());
 }
