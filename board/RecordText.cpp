@@ -54,6 +54,7 @@ struct ActWriter
     QJsonValue operator()(const PointerAct &act) const { return QJsonArray{act.code, act.pt.x(), act.pt.y()}; }
     QJsonValue operator()(const FinishAct & /*act*/) const { return text("finish"); }
     QJsonValue operator()(const ReopenAct & /*act*/) const { return text("reopen"); }
+    QJsonValue operator()(const InkLesson::PaintAct & /*act*/) const { return {}; } // which this board never does
     QJsonValue operator()(const ColorAct &act) const
     {
         return QJsonObject{{text("color"), act.color.name(QColor::HexArgb)}};

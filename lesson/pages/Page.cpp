@@ -19,6 +19,9 @@ QRect reachOf(CInkGraph &object, const QRect &asked)
     return ((asked | object.GetUpdateRect()) & near).adjusted(-1, -1, 1, 1);
 }
 
+// Qt cuts outlines that go farther, at the edge of what it may paint just then.
+const QRect kUncut(QPoint(-16384, -16384), QPoint(16384, 16384));
+
 constexpr std::size_t kMostParts = 4; // of what has changed
 
 qint64 pixels(const QRect &area)
@@ -91,6 +94,7 @@ void Page::count(const Item &item, int by)
 void Page::put(std::shared_ptr<Item> item, std::size_t place, bool isPainted)
 {
     item->reach = reachOf(*item->object, item->asked);
+    item->isWhole = item->isWhole || !kUncut.contains(item->reach);
     item->background = isPainted ? m_backgrounds : 0;
     const bool isFirst = m_changed.empty();
     const std::size_t now = m_byName.count(item->id) != 0 ? indexOf(item->id) : m_items.size();

@@ -489,3 +489,22 @@ TEST_F(LessonTest, takesTheObjectThatComesWithARecord)
     EXPECT_EQ(lesson.page(kFirstPage).item({1, 1})->object.get(), object);
     EXPECT_EQ(at(40, 20), kRed);
 }
+
+// Qt cuts such an outline at the edge of what it may paint, so that a part of it alone has other pixels at its edge.
+TEST(Lesson, aStrokeToFarBeyondThePageIsPaintedWholly)
+{
+    Life far{QStringLiteral("highlighter")};
+    far.ink.color = QColor(229, 0, 255, 194);
+    far.ink.width = 18;
+    far.canvas = {64, 64};
+    far.acts = {PointerAct{1, {1073741823, 1073741823}}, PointerAct{2, {10, 18}}, FinishAct()};
+    Life block = blockLife({12, 30, 9, 9}, Qt::blue);
+
+    Lesson never({{42, 54}}), undone({{42, 54}});
+    never.apply(record(1, 1, Draw{far}));
+    undone.apply(record(1, 1, Draw{far}));
+    undone.apply(record(1, 2, Draw{block}));
+    undone.apply(record(1, 3, Delete{{{1, 2}}}));
+    EXPECT_EQ(undone.page(kFirstPage).picture(), never.page(kFirstPage).picture());
+    EXPECT_EQ(undone.page(kFirstPage).ink(), never.page(kFirstPage).ink());
+}
