@@ -6,9 +6,9 @@
 #include "Input.h"
 #include "Objects.h"
 
-#include "lesson/storage/LogReader.h"
 #include "lesson/log/RecordCode.h"
 #include "lesson/log/RecordReader.h"
+#include "lesson/storage/LogReader.h"
 
 #include "PointerEvent.h"
 

@@ -57,8 +57,7 @@ void CInkRectangle::Draw(QPainter &painter, QRect &rect)
     const QRectF clipBefore = writesLine ? clipBounds(painter) : QRectF();
     painter.setClipRect(clip, Qt::ReplaceClip);
     if (writesLine)
-        qDebug() << "CInkRectangle::Draw clip" << clip << "before" << clipBefore << "after"
-                 << clipBounds(painter);
+        qDebug() << "CInkRectangle::Draw clip" << clip << "before" << clipBefore << "after" << clipBounds(painter);
 
     const PainterStateScope scope(painter);
     painter.setRenderHint(QPainter::Antialiasing);
