@@ -1121,6 +1121,83 @@
     </message>
 </context>
 <context>
+    <name>InkLesson::Journal</name>
+    <message>
+        <source>%1: no journal can be kept: %2</source>
+        <translation>%1: kein Protokoll möglich: %2</translation>
+    </message>
+</context>
+<context>
+    <name>InkLesson::LessonFile</name>
+    <message>
+        <source>%1: cannot be written: %2</source>
+        <translation>%1: nicht beschreibbar: %2</translation>
+    </message>
+    <message>
+        <source>%1: cannot be read: %2</source>
+        <translation>%1: nicht lesbar: %2</translation>
+    </message>
+</context>
+<context>
+    <name>InkLesson::LogReader</name>
+    <message>
+        <source>line %1: %2</source>
+        <translation>Zeile %1: %2</translation>
+    </message>
+    <message>
+        <source>it is longer than any board writes</source>
+        <translation>sie ist länger, als eine Tafel je schreibt</translation>
+    </message>
+    <message>
+        <source>it was cut off here</source>
+        <translation>hier wurde sie abgeschnitten</translation>
+    </message>
+    <message>
+        <source>this is not a lesson of this board</source>
+        <translation>dies ist keine Stunde dieser Tafel</translation>
+    </message>
+    <message>
+        <source>the lesson was written by a later version of this board</source>
+        <translation>die Stunde stammt von einer neueren Version dieser Tafel</translation>
+    </message>
+    <message>
+        <source>no density of a page</source>
+        <translation>keine Dichte einer Seite</translation>
+    </message>
+    <message>
+        <source>nothing that can be read</source>
+        <translation>nichts, was sich lesen lässt</translation>
+    </message>
+    <message>
+        <source>there is nothing to undo</source>
+        <translation>es gibt nichts rückgängig zu machen</translation>
+    </message>
+    <message>
+        <source>there is nothing to redo</source>
+        <translation>es gibt nichts zu wiederholen</translation>
+    </message>
+    <message>
+        <source>there is no place for this page</source>
+        <translation>für diese Seite ist kein Platz</translation>
+    </message>
+    <message>
+        <source>there is no such page</source>
+        <translation>es gibt keine solche Seite</translation>
+    </message>
+    <message>
+        <source>this cannot be done on the page</source>
+        <translation>das geht auf der Seite nicht</translation>
+    </message>
+    <message>
+        <source>there is no such object</source>
+        <translation>es gibt kein solches Objekt</translation>
+    </message>
+    <message>
+        <source>there is no such place</source>
+        <translation>es gibt keine solche Stelle</translation>
+    </message>
+</context>
+<context>
     <name>InkLesson::PageSize</name>
     <message>
         <source>a side must be 1 to %1 pixels</source>
@@ -1136,6 +1213,73 @@
     <message>
         <source>%1: cannot be written: %2</source>
         <translation>%1: nicht beschreibbar: %2</translation>
+    </message>
+</context>
+<context>
+    <name>InkLesson::RecordReader</name>
+    <message>
+        <source>nothing that can be read</source>
+        <translation>nichts, was sich lesen lässt</translation>
+    </message>
+    <message>
+        <source>not a number that this can be</source>
+        <translation>keine Zahl, die hier stehen kann</translation>
+    </message>
+    <message>
+        <source>not the name of an object</source>
+        <translation>kein Name eines Objekts</translation>
+    </message>
+    <message>
+        <source>nothing that can be done</source>
+        <translation>nichts, was sich tun lässt</translation>
+    </message>
+    <message>
+        <source>no tool of this board</source>
+        <translation>kein Werkzeug dieser Tafel</translation>
+    </message>
+    <message>
+        <source>not an array</source>
+        <translation>kein Array</translation>
+    </message>
+    <message>
+        <source>nothing that can be done to an object</source>
+        <translation>nichts, was sich mit einem Objekt tun lässt</translation>
+    </message>
+    <message>
+        <source>more than one object can go through</source>
+        <translation>mehr, als ein Objekt durchmachen kann</translation>
+    </message>
+    <message>
+        <source>no paper of this board</source>
+        <translation>kein Papier dieser Tafel</translation>
+    </message>
+    <message>
+        <source>not a picture</source>
+        <translation>kein Bild</translation>
+    </message>
+    <message>
+        <source>the picture is too large</source>
+        <translation>das Bild ist zu groß</translation>
+    </message>
+    <message>
+        <source>not a style of lines</source>
+        <translation>keine Art von Linien</translation>
+    </message>
+    <message>
+        <source>not a colour</source>
+        <translation>keine Farbe</translation>
+    </message>
+    <message>
+        <source>not a name</source>
+        <translation>kein Name</translation>
+    </message>
+    <message>
+        <source>not a point</source>
+        <translation>kein Punkt</translation>
+    </message>
+    <message>
+        <source>not a size</source>
+        <translation>keine Größe</translation>
     </message>
 </context>
 <context>

@@ -50,7 +50,7 @@ void tst_Tools::keepsTheNamesThatFilesHold()
 {
     QCOMPARE(namesOf([](const Tool &) { return true; }),
              QStringLiteral("pencil brush flat-brush highlighter color-brush crayon water-color-pen spray-gun "
-                            "eraser select fill text %1 %2")
+                            "eraser select fill area text %1 %2")
                  .arg(QLatin1String(kShapes), QLatin1String(kStencils)));
 }
 
@@ -126,7 +126,7 @@ void tst_Tools::knowsWhatItsObjectsAre_data()
         QStringLiteral("flat-brush highlighter"));
     row("lifts", namesOf([](const Tool &tool) { return bool(tool.lift); }), QStringLiteral("select"));
     row("paints flat", namesOf([](const Tool &tool) { return bool(tool.paintFlat); }),
-        QStringLiteral("eraser select fill"));
+        QStringLiteral("eraser select fill area"));
     row("takes a dash", namesOf([](const Tool &tool) { return tool.takesDash; }),
         QStringLiteral("line arrow-line diamond check-mark cross-mark right-arrow left-arrow up-arrow down-arrow "
                        "star-4 star-5 star-6 pentagon hexagon lightning burst-12 burst-14 ellipse-label cloud-label"));
