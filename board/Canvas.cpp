@@ -21,6 +21,8 @@
 
 namespace Board {
 
+using namespace InkLesson;
+
 namespace {
 
 constexpr int kRingWidth = 2;         // of the focus, widget pixels
@@ -69,6 +71,7 @@ Canvas::Canvas(Document &document, QWidget *parent)
     m_scattering.setInterval(kScatterInterval);
     connect(&m_laser, &LaserPen::changed, this, [this](const QRect &area) { update(view().covering(area)); });
     connect(&m_scattering, &QTimer::timeout, this, &Canvas::scatter);
+    connect(&m_document, &Document::painted, this, &Canvas::showPainted);
     connect(&m_document, &Document::currentChanged, this, &Canvas::showDocument);
     connect(&m_navigator, &Navigator::moved, this, &Canvas::showView);
     connect(&m_moves, &Moves::due, this, &Canvas::paintMoves);
@@ -93,30 +96,30 @@ void Canvas::setColor(const QColor &color)
     m_ink.color = color;
     if (m_editor)
         m_editor->setColor(color);
-    restyle(ColorAct{color});
+    restyle(ColorAct{color}, {{}, color});
 }
 
 void Canvas::setInkWidth(int width)
 {
     m_ink.width = width;
-    restyle(WidthAct{pageInk().width});
+    restyle(WidthAct{pageInk().width}, {{}, {}, pageInk().width});
     takeCursor();
-    if (!current().isBusy())
+    if (!author().hand())
         setCursor(m_cursor);
 }
 
 void Canvas::setDash(Qt::PenStyle dash)
 {
     m_ink.dash = dash;
-    const InkLesson::Tool *edited = InkLesson::findTool(page().tool());
-    if (page().reopened() != 0 && edited && edited->takesDash)
-        restyle(DashAct{dash});
+    const Hand *hand = author().hand();
+    if (hand && hand->tool && hand->tool->takesDash)
+        restyle(DashAct{dash}, {});
 }
 
 void Canvas::setDrawer(const Drawer &drawer)
 {
     m_nameTag.setDrawer(drawer);
-    repaintPage({});
+    followName();
 }
 
 void Canvas::takeCursor()
@@ -126,10 +129,10 @@ void Canvas::takeCursor()
                                         : QCursor(Qt::CrossCursor);
 }
 
-Page &Canvas::current()
+Author &Canvas::author()
 {
     paintMoves();
-    return m_document.page();
+    return m_document.author();
 }
 
 // All at once, and then what follows from the last.
@@ -137,8 +140,7 @@ void Canvas::paintMoves()
 {
     if (m_moves.isEmpty())
         return;
-    const QRect area = m_document.page().feed(PT_MOVE, m_moves.take());
-    repaintPage(area);
+    m_document.author().feed(PT_MOVE, m_moves.take());
     followObject();
 }
 
@@ -160,23 +162,25 @@ void Canvas::growPage()
 {
     const QSize size = InkLesson::pageSizeAt(this->size(), m_document.density());
     if (InkLesson::pageSizeProblem(size.expandedTo(page().rect().size())).isEmpty())
-        current().grow(size);
+        author().grow(size);
 }
 
 void Canvas::finish()
 {
     endDrawing();
-    pick(0);
-    repaintPage(current().finish());
+    pick(kNothing);
+    author().finish();
     setCursor(m_cursor);
+    emit changed();
 }
 
-int Canvas::chosen() const
+ObjectId Canvas::chosen() const
 {
-    return m_picked != 0 ? m_picked : page().reopened();
+    const Hand *hand = m_document.author().hand();
+    return m_picked == kNothing && hand ? hand->held : m_picked;
 }
 
-void Canvas::pick(int id)
+void Canvas::pick(const ObjectId &id)
 {
     if (m_picked == id)
         return;
@@ -188,11 +192,11 @@ void Canvas::pick(int id)
 // Another page, or another document.
 void Canvas::showDocument()
 {
-    pick(0);
+    pick(kNothing);
     growPage();
     m_nameTag.setDensity(m_document.density());
     takeCursor(); // of a width at another density
-    repaintPage(current().rect());
+    showPainted(page().rect());
     setCursor(m_cursor);
 }
 
@@ -210,14 +214,10 @@ void Canvas::showView()
 
 void Canvas::duplicate()
 {
-    const int original = chosen();
+    const ObjectId original = chosen();
     finish();
-    const int copy = current().duplicate(original, kCopyOffset * m_document.density());
-    repaintPage(current().rect());
-    const Page::Item *item = page().item(copy);
-    if (item && canReopen(item->life))
-        repaintPage(current().reopen(copy));
-    else
+    const ObjectId copy = author().duplicate(original, kCopyOffset * m_document.density());
+    if (copy != kNothing && !author().reopen(copy))
         pick(copy);
 }
 
@@ -233,80 +233,73 @@ void Canvas::lower()
 
 void Canvas::reorder(bool up)
 {
-    const int id = chosen();
+    const ObjectId id = chosen();
     finish();
-    repaintPage(current().reorder(id, up ? int(page().items().size()) - 1 : 0));
+    if (id != kNothing)
+        author().order(id, up ? page().items().back()->id : kNothing);
 }
 
-// Of the object that was picked, not of one that is new.
-void Canvas::restyle(const Act &act)
+// The object that was picked, or taken in hand again, not one that is new.
+void Canvas::restyle(const Act &act, const Change &change)
 {
-    if (page().reopened() != 0)
-        repaintPage(current().act(act));
-    const Page::Item *item = page().item(m_picked);
-    if (!item)
+    const Hand *hand = author().hand();
+    if (hand && hand->held != kNothing)
+        author().act(act);
+    if (m_picked == kNothing)
         return;
-    Life life = item->life;
-    if (const auto *color = std::get_if<ColorAct>(&act))
-        life.ink.color = color->color;
-    else if (const auto *width = std::get_if<WidthAct>(&act))
-        life.ink.width = width->width;
-    repaintPage(current().replace(m_picked, life));
+    Change other = change;
+    other.object = m_picked;
+    author().change(other);
 }
 
 // A tap picks, a drag moves too. What has handles then shows them.
 void Canvas::endPicking(const QPoint &by)
 {
-    const int id = m_picked;
-    const Page::Item *item = page().item(id);
-    if (item && !by.isNull()) {
-        Life life = item->life;
-        shift(life, by);
-        repaintPage(current().replace(id, life));
-        item = page().item(id);
-    }
-    if (item && canReopen(item->life)) {
-        pick(0);
+    const ObjectId id = m_picked;
+    if (!by.isNull())
+        author().change({id, {}, {}, {}, {}, by});
+    const Item *item = page().item(id);
+    if (item && (!item->tool || item->tool->hasHandles)) {
+        pick(kNothing);
         m_edit = nullptr;
-        repaintPage(current().reopen(id));
+        author().reopen(id);
     }
     update(); // of a frame that was dragged
 }
 
-int Canvas::topmostAt(const QPoint &pt)
+ObjectId Canvas::topmostAt(const QPoint &pt)
 {
     return page().topmostAt(pt, view().pageLength(kPickReach));
 }
 
-void Canvas::removeAt(const QPoint &pt)
-{
-    if (const int id = topmostAt(pt))
-        repaintPage(current().remove(id));
-}
-
-// A fast pointer leaps over objects.
+// A fast pointer leaps over objects. What one gesture removes is one step.
 void Canvas::removeAlong(const QPoint &from, const QPoint &to)
 {
     const QPoint by = to - from;
     const int steps = std::max(std::abs(by.x()), std::abs(by.y())) / (view().pageLength(kPickReach) + 1) + 1;
-    for (int i = 1; i <= steps; ++i)
-        removeAt(from + by * i / steps);
+    for (int i = 1; i <= steps; ++i) {
+        const ObjectId id = topmostAt(from + by * i / steps);
+        if (id != kNothing)
+            m_removing = author().remove({id}, m_removing);
+    }
 }
 
 QPoint Canvas::snapped(const QPoint &pt) const
 {
-    return m_snaps && page().isForming() ? snappedTo(m_tool->snap, m_press, pt) : pt;
+    const Hand *hand = m_document.author().hand();
+    return m_snaps && hand && hand->isForming() ? snappedTo(m_tool->snap, m_press, pt) : pt;
 }
 
 void Canvas::discard()
 {
     m_scattering.stop();
     closeEditor(false);
-    if (m_picked != 0)
-        repaintPage(current().remove(std::exchange(m_picked, 0)));
+    if (m_picked != kNothing)
+        author().remove({std::exchange(m_picked, kNothing)});
     else
-        repaintPage(current().discard());
+        author().discard();
     setCursor(m_cursor);
+    emit changed();
 }
 
 void Canvas::insertPicture(const QImage &picture, const std::optional<QPoint> &center)
@@ -318,17 +311,17 @@ void Canvas::insertPicture(const QImage &picture, const std::optional<QPoint> &c
     const QImage shown = fits ? picture : picture.scaled(fitting, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
     m_edit = nullptr;
     Life life{kPictureTool};
-    life.canvas = current().rect().size();
+    life.canvas = page().rect().size();
     life.picture = exactImage(shown);
     life.position = center.value_or(seen.topLeft() + QPoint(seen.width() / 2, seen.height() / 2)) -
                     QPoint(shown.width() / 2, shown.height() / 2);
-    repaintPage(current().insert(std::move(life)));
+    author().insert(std::move(life));
 }
 
 // Lets go what is still being drawn as if the device did, for not every object can be finished without a release.
 void Canvas::endDrawing()
 {
-    if (m_device != Device::None && !m_navigator.isDragging() && current().isBusy())
+    if (m_device != Device::None && !m_navigator.isDragging() && author().hand())
         endGesture(m_last);
     closeEditor();
 }
@@ -343,7 +336,7 @@ void Canvas::closeEditor(bool keeps)
     ObjectEditor *editor = std::exchange(m_editor, nullptr);
     const auto entered = keeps ? editor->entered() : std::nullopt;
     if (entered)
-        current().act(*entered);
+        author().act(*entered);
     if (hadFocus)
         setFocus(); // before it is hidden, which would hand the focus on as the Tab key does
     editor->hide();
@@ -352,17 +345,18 @@ void Canvas::closeEditor(bool keeps)
 
 void Canvas::followObject()
 {
-    if (!m_edit || !current().isBusy() || current().isForming())
+    const Hand *hand = m_edit ? author().hand() : nullptr;
+    if (!hand || hand->isForming())
         return;
     if (m_editor) {
         m_editor->follow(view());
         if (m_editor->isLeft()) {
             closeEditor();
-            repaintPage(current().finish());
+            author().finish();
             setCursor(m_cursor);
         }
     } else {
-        m_editor = m_edit(*current().object(), this);
+        m_editor = m_edit(*hand->object, this);
         m_editor->follow(view());
         m_editor->show();
         m_editor->setFocus();
@@ -372,26 +366,26 @@ void Canvas::followObject()
 void Canvas::undo()
 {
     endDrawing();
-    pick(0);
+    pick(kNothing);
+    paintMoves();
     m_document.undo();
-    repaintPage(current().rect());
     setCursor(m_cursor);
 }
 
 void Canvas::redo()
 {
     endDrawing();
-    pick(0);
+    pick(kNothing);
+    paintMoves();
     m_document.redo();
-    repaintPage(current().rect());
     setCursor(m_cursor);
 }
 
 void Canvas::clear()
 {
     endDrawing();
-    pick(0);
-    repaintPage(current().clear());
+    pick(kNothing);
+    author().clear();
 }
 
 // Returns whether the device may draw now. The press that lets an object go does only that: the object is
@@ -404,25 +398,9 @@ bool Canvas::press(Device device, const QPointF &pos)
         return beginPan(device, pos);
     m_device = device;
     m_last = m_press = pageAt(pos);
-    if (!current().isBusy()) {
-        if (m_tool->use == Use::Picks)
-            pick(topmostAt(m_last));
-        else if (m_tool->use == Use::Removes)
-            removeAt(m_last);
-        else if (m_tool->use == Use::Points)
-            m_laser.press(m_last, pageInk());
-        if (m_tool->use != Use::Draws)
-            return true;
-        m_edit = m_tool->edit;
-        const QSize size = current().rect().size();
-        const Ink ink = pageInk();
-        auto object = createObject(*m_tool->kind, ink, size);
-        m_nameTag.sign(*object);
-        current().begin({QLatin1String(m_tool->name), ink, size}, std::move(object),
-                        m_tool->kind->movesAsItGrows ? Page::Reach::Everywhere : Page::Reach::Reported,
-                        m_tool->kind->lift);
-    }
-    repaintPage(current().feed(PT_DOWN, m_last));
+    if (!author().hand() && !beginGesture())
+        return true;
+    author().feed(PT_DOWN, m_last);
     followObject();
     m_moves.setPauses(kCheapPause, int(1000 / std::max(screen()->refreshRate(), 1.0)));
     m_moves.begin();
@@ -431,6 +409,35 @@ bool Canvas::press(Device device, const QPointF &pos)
         m_scattering.start();
         scatter();
     }
+    return true;
+}
+
+// Whether an object was taken to draw with.
+bool Canvas::beginGesture()
+{
+    switch (m_tool->use) {
+    case Use::Picks:
+        pick(topmostAt(m_last));
+        return false;
+    case Use::Removes:
+        m_removing = 0;
+        removeAlong(m_last, m_last);
+        return false;
+    case Use::Points:
+        m_laser.press(m_last, pageInk());
+        return false;
+    case Use::Pours:
+        author().pour(m_last, m_ink.color);
+        return false;
+    case Use::Draws:
+        break;
+    }
+    m_edit = m_tool->edit;
+    const QSize size = page().rect().size();
+    const Ink ink = pageInk();
+    auto object = createObject(*m_tool->kind, ink, size);
+    m_nameTag.sign(*object);
+    author().begin({QLatin1String(m_tool->name), ink, size}, std::move(object));
     return true;
 }
 
@@ -449,7 +456,7 @@ void Canvas::move(Device device, const QPointF &pos)
     if (m_tool->use == Use::Removes)
         removeAlong(m_last, pt);
     m_last = pt;
-    if (m_picked != 0) {
+    if (m_picked != kNothing) {
         update(); // the frame follows
         return;
     }
@@ -458,13 +465,13 @@ void Canvas::move(Device device, const QPointF &pos)
         return;
     if (m_tool->scatters())
         scatter();
-    else if (page().isBusy())
+    else if (m_document.author().hand())
         m_moves.add({m_last});
 }
 
 void Canvas::scatter()
 {
-    if (page().isBusy())
+    if (m_document.author().hand())
         m_moves.add(m_scatter.around(m_last, pageInk().width));
 }
 
@@ -472,7 +479,10 @@ void Canvas::endGesture(const QPoint &pt)
 {
     m_scattering.stop();
     const bool tapped = m_tool->tapsWithOnePoint() && m_tapping && pt == m_last;
-    repaintPage(tapped ? current().finish() : current().feed(PT_UP, pt));
+    if (tapped)
+        author().finish();
+    else
+        author().feed(PT_UP, pt);
     followObject();
 }
 
@@ -487,7 +497,7 @@ void Canvas::release(Device device, const QPointF &pos)
     const QPoint pt = snapped(pageAt(pos));
     m_device = Device::None;
     m_laser.release();
-    if (m_picked != 0)
+    if (m_picked != kNothing)
         endPicking(pt - m_press);
     else
         endGesture(pt);
@@ -523,15 +533,21 @@ void Canvas::showHandle(const QPoint &pt)
 {
     if (m_navigator.isKeyHeld())
         return;
-    const ModifyType handle = current().handleAt(pt);
-    setCursor(handle == MT_NONE ? m_cursor : cursorFor(handle, current().angle()));
+    CInkGraph *object = author().object();
+    const ModifyType handle = object ? object->AroundHotPts(pt) : MT_NONE;
+    setCursor(handle == MT_NONE ? m_cursor : cursorFor(handle, object->GetRotateAngle()));
 }
 
-void Canvas::repaintPage(const QRect &area)
+void Canvas::showPainted(const QRegion &area)
 {
-    if (!area.isEmpty())
-        update(view().covering(area));
-    const QRect tagged = m_nameTag.follow(current().object());
+    for (const QRect &part : area)
+        update(view().covering(part));
+    followName();
+}
+
+void Canvas::followName()
+{
+    const QRect tagged = m_nameTag.follow(m_document.author().object());
     if (!tagged.isEmpty())
         update(view().covering(tagged));
     emit changed();
@@ -541,7 +557,7 @@ void Canvas::paintEvent(QPaintEvent *event)
 {
     QPainter painter(this);
     paintView(painter, view(), page().surface(), event->region());
-    if (const Page::Item *item = page().item(m_picked)) {
+    if (const Item *item = page().item(m_picked)) {
         painter.setPen(QPen(QColor(kAccentColor), 1, Qt::DashLine));
         const QPoint dragged = m_device == Device::None ? QPoint() : m_last - m_press;
         painter.drawRect(view().fromPage(item->object->m_rcHot.translated(dragged)));

@@ -33,7 +33,7 @@ public:
     // The document outlives the canvas.
     explicit Canvas(Document &document, QWidget *parent = nullptr);
 
-    const Page &page() const { return m_document.page(); }
+    const InkLesson::Page &page() const { return m_document.page(); }
 
     // What is seen of the page now.
     const View &view() { return m_navigator.view(page()); }
@@ -101,6 +101,7 @@ private:
     enum class Device { None, Mouse, Pen, Finger };
 
     bool press(Device device, const QPointF &pos);
+    bool beginGesture();
     void move(Device device, const QPointF &pos);
     void release(Device device, const QPointF &pos);
 
@@ -116,22 +117,22 @@ private:
     void scatter();
     void takeCursor();
     void showHandle(const QPoint &pt);
-    void repaintPage(const QRect &area);
+    void showPainted(const QRegion &area);
+    void followName();
     QPoint pageAt(const QPointF &pos);
     void growPage();
     Ink pageInk() const;
 
-    // For changes, before which the object in progress is told of all moves.
-    Page &current();
+    // For changes, before which the object in hand is told of all moves.
+    InkLesson::Author &author();
     void paintMoves();
-    int chosen() const; // 0 for none
-    void pick(int id);
+    InkLesson::ObjectId chosen() const; // kNothing for none
+    void pick(const InkLesson::ObjectId &id);
     void endPicking(const QPoint &by);
-    int topmostAt(const QPoint &pt);
-    void removeAt(const QPoint &pt);
+    InkLesson::ObjectId topmostAt(const QPoint &pt);
     void removeAlong(const QPoint &from, const QPoint &to);
     void reorder(bool up);
-    void restyle(const Act &act);
+    void restyle(const InkLesson::Act &act, const InkLesson::Change &change);
     void showDocument();
     void showView();
     QPoint snapped(const QPoint &pt) const;
@@ -147,7 +148,8 @@ private:
     QPoint m_last;                          // of the device that draws
     QPoint m_press;                         // the last
     bool m_snaps{};                         // the Shift key is held
-    int m_picked{};                         // an object without handles; 0 for none
+    InkLesson::ObjectId m_picked{};         // an object without handles; kNothing for none
+    int m_removing{};                       // the step of the objects that this gesture has removed; 0 for none
     Qt::MouseButton m_button{Qt::NoButton}; // that was pressed
     Moves m_moves;                          // that the object in progress was not yet told of
     Fingers m_fingers;

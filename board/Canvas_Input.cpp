@@ -94,9 +94,10 @@ void Canvas::mouseDoubleClickEvent(QMouseEvent *event)
     if (event->button() != Qt::LeftButton || isCopy(*event))
         return;
     m_button = event->button();
-    const bool continues = current().isForming();
+    const InkLesson::Hand *hand = author().hand();
+    const bool continues = hand && hand->isForming();
     if (press(Device::Mouse, event->localPos()) && continues)
-        repaintPage(current().feed(PT_DBLCLK, m_last));
+        author().feed(PT_DBLCLK, m_last);
 }
 
 void Canvas::mouseMoveEvent(QMouseEvent *event)
@@ -183,9 +184,10 @@ void Canvas::takePalm()
     m_device = Device::None;
     m_scattering.stop();
     m_laser.release();
-    if (page().isForming())
-        repaintPage(current().discard());
-    else if (page().isBusy())
+    const InkLesson::Hand *hand = author().hand();
+    if (hand && hand->isForming())
+        author().discard();
+    else if (hand)
         endGesture(m_last);
 }
 

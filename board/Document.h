@@ -1,22 +1,16 @@
 #pragma once
 
-#include "Log.h"
-#include "Page.h"
+#include "lesson/authoring/Author.h"
+#include "lesson/storage/Journal.h"
 
-#include <QtCore/QDateTime>
 #include <QtCore/QObject>
-#include <QtWidgets/QUndoStack>
+#include <QtCore/QTimer>
 
 #include <memory>
-#include <optional>
-#include <vector>
-
-class QJsonObject;
 
 namespace Board {
 
-// Pages in their order, and the log of all that was done to them: playing the log gives the same pages again, pixel for
-// pixel. A file of a document is its log, one JSON object a line, the first of which names kind and version.
+// The lesson of a window, with the person who draws on it, the page that is shown, its file and its journal.
 class Document : public QObject
 {
     Q_OBJECT
@@ -26,13 +20,16 @@ public:
     explicit Document(const QSize &pageSize, double density = 1, QObject *parent = nullptr);
     ~Document() override;
 
-    double density() const { return m_density; }
+    InkLesson::Lesson &lesson() { return *m_lesson; }
+    InkLesson::Author &author() { return *m_author; }
+    const InkLesson::Author &author() const { return *m_author; }
 
-    int pageCount() const { return int(m_pages.size()); }
-    int current() const { return m_current; }
-    Page &page() { return *m_pages[std::size_t(m_current)].page; }
-    const Page &page() const { return *m_pages[std::size_t(m_current)].page; }
-    Page &page(int index) { return *m_pages[std::size_t(index)].page; }
+    double density() const { return m_lesson->header().density; }
+
+    int pageCount() const { return m_lesson->pageCount(); }
+    int current() const { return m_lesson->indexOf(m_author->page()); }
+    const InkLesson::Page &page() const { return m_lesson->page(m_author->page()); }
+    const InkLesson::Page &page(int index) const { return m_lesson->page(m_lesson->pageId(index)); }
 
     void showPage(int index);
 
@@ -41,81 +38,64 @@ public:
     void removePage(int index);
     void movePage(int from, int to);
 
-    QUndoStack &undoStack() { return m_stack; }
-
-    // Finishes the object in progress first.
+    // Lets the object in hand go first, and shows the page of the step.
     void undo();
     void redo();
+    int stepsToUndo() const;
 
     // Keeps a journal in `folder` from now on. Returns what went wrong, empty when nothing did.
     QString keepJournal(const QString &folder);
-    const Log &log() const { return m_log; }
+    QString journalName() const { return m_journal.fileName(); }
 
-    // Finishes the object in progress and writes the file, whole or not at all. A file that another program has changed
+    // Lets the object in hand go and writes the file, whole or not at all. A file that another program has changed
     // since it was opened or saved here is not touched. Returns what went wrong, empty when nothing did.
     QString save(const QString &fileName);
-    const QString &fileName() const { return m_fileName; }
-    bool isSaved() const { return m_changes == 0; }
+    const QString &fileName() const { return m_saved.name; }
+    bool isSaved() const { return !m_isChanged; }
 
-    // Makes this the document in the file. On an error in a line, or in a file that was cut off, the document is what
-    // stands before that, and the error, which names file and line, is returned; with none of it readable the document
+    // Makes this the lesson in the file. On an error in a line, or in a file that was cut off, the lesson is what
+    // stands before that, and the error, which names file and line, is returned; with none of it readable the lesson
     // stays as it is. The file is not touched.
     QString open(const QString &fileName);
 
-    // The same, but for a document that was never saved.
+    // The same, but for a lesson that was never saved.
     QString openCopy(const QString &fileName);
 
-    // The same for a journal that was left behind; there is then something to save.
-    QString recover(const QString &fileName);
+    // The same for a journal that was left behind; there is then something to save, where the lesson was saved before.
+    // A file that was changed since then is not touched.
+    QString recover(const QString &journal);
 
-    void discardJournal() { m_log.discardJournal(); }
+    void discardJournal() { m_journal.discard(); }
 
 signals:
+    // `area` of the page that is shown was painted.
+    void painted(const QRegion &area);
     void currentChanged();
     void pagesChanged();
+    void stepsChanged(); // something can be undone, or done again, or no longer
 
     // The journal cannot be written.
     void journalFailed(const QString &problem);
 
 private:
-    class PageStep;
-    class AddStep;
-    class RemoveStep;
-    class MoveStep;
-
-    struct NumberedPage
-    {
-        int number; // in the log, for as long as the document lives
-        std::unique_ptr<Page> page;
-    };
-
-    NumberedPage newPage(const QSize &size);
-    void put(int index, NumberedPage page);
-    NumberedPage take(int index);
-    int indexOf(int number) const;
-    bool canFollow(int number, const Record &record) const;
-    void recorded(int number, const Record &record);
-    void note(const QJsonObject &line);
-    void reset(const QSize &size, double density);
-    QString load(const QString &fileName);
-    bool playLine(const QByteArray &line, QString &problem);
-    bool isTouched(const QString &fileName) const;
+    void take(std::unique_ptr<InkLesson::Lesson> lesson);
+    bool load(const QString &fileName, QString &problem);
+    void noted(const InkLesson::Record &record);
+    void follow();
+    void turnTo(const InkLesson::PageId &page);
+    void stayOnAPage();
+    void takeBack(const std::optional<InkLesson::StepId> &step, bool (InkLesson::Author::*act)());
     void remember(const QString &fileName);
 
-    std::vector<NumberedPage> m_pages;
-    double m_density{1};
-    int m_current{};
-    int m_nextNumber{1};
-    QUndoStack m_stack;
-    Log m_log;
-    bool m_playing{}; // the log: nothing is noted
-    bool m_keepsJournal{};
+    std::unique_ptr<InkLesson::Lesson> m_lesson;
+    std::unique_ptr<InkLesson::Author> m_author;
+    InkLesson::Journal m_journal;
+    QTimer m_syncing;
     bool m_journalFails{};
+    int m_shown{}; // place of the page that is shown
 
-    QString m_fileName;
-    QDateTime m_fileTime; // of the file as it was opened or saved here
-    qint64 m_fileSize{};
-    int m_changes{}; // since it was saved; that a page has grown is none
+    InkLesson::SavedFile m_saved;
+    bool m_isChanged{}; // since it was saved; that a page has grown is no change
 };
 
 } // namespace Board

@@ -173,7 +173,7 @@ void MainWindow::connectControls()
     connect(m_dash, &DashControl::picked, m_canvas, &Canvas::setDash);
     connect(m_option, &OptionControl::picked, m_canvas, &Canvas::setInkOption);
     connect(m_canvas, &Canvas::changed, this, &MainWindow::showState);
-    connect(&m_document.undoStack(), &QUndoStack::indexChanged, this, &MainWindow::showState);
+    connect(&m_document, &Document::stepsChanged, this, &MainWindow::showState);
     connect(m_pageCommands, &PageCommands::exported, this,
             [this](const QString &fileName) { m_hint->setText(tr("Saved as %1").arg(fileName)); });
     m_canvas->setColor(m_colors->color());
@@ -198,12 +198,12 @@ void MainWindow::chooseTool(const Tool &tool)
 
 void MainWindow::showState()
 {
-    const Page &page = m_canvas->page();
-    m_undo->setEnabled(page.isBusy() || m_document.undoStack().canUndo());
-    m_redo->setEnabled(m_document.undoStack().canRedo());
-    const Tool *changed = findTool(page.tool());
-    m_dash->setVisible((changed ? changed : m_tool)->takesDash());
-    const bool edited = page.isBusy() && !page.isForming();
+    const InkLesson::Author &author = m_document.author();
+    const InkLesson::Hand *hand = author.hand();
+    m_undo->setEnabled(author.canUndo());
+    m_redo->setEnabled(author.canRedo());
+    m_dash->setVisible(hand && hand->tool ? hand->tool->takesDash : m_tool->takesDash());
+    const bool edited = hand && !hand->isForming();
     m_hint->setText(edited ? tr("Drag a handle to change the object. Enter lets it go, %1 deletes it.")
                                  .arg(keysText(*command("delete")))
                            : tr("%1: %2.").arg(toolTitle(*m_tool), toolUsage(*m_tool)));

@@ -1,6 +1,6 @@
 #include "Navigator.h"
 
-#include "Page.h"
+#include "lesson/pages/Page.h"
 
 #include <QtCore/QLineF>
 #include <QtGui/QCursor>
@@ -28,7 +28,7 @@ Navigator::Navigator(QWidget &widget)
 {
 }
 
-const View &Navigator::view(const Page &page)
+const View &Navigator::view(const InkLesson::Page &page)
 {
     m_view.setPage(page.rect().size(), page.density());
     m_view.setWidget(m_widget.size(), m_widget.devicePixelRatioF());

@@ -8,9 +8,11 @@ class QKeyEvent;
 class QWheelEvent;
 class QWidget;
 
-namespace Board {
-
+namespace InkLesson {
 class Page;
+}
+
+namespace Board {
 
 // Moves and zooms what a widget shows of a page, as wheel, keys, drags and two fingers ask for.
 class Navigator : public QObject
@@ -22,7 +24,7 @@ public:
     explicit Navigator(QWidget &widget);
 
     // For the page as it is now, and the screen that the widget is on.
-    const View &view(const Page &page);
+    const View &view(const InkLesson::Page &page);
 
     // About the pointer, or about the middle where the pointer is elsewhere.
     void zoomIn();

@@ -2,10 +2,11 @@
 
 #include "Canvas.h"
 #include "CommandGroup.h"
-#include "PageOutput.h"
 #include "PictureFile.h"
 #include "ScreenGrab.h"
 #include "ToolIcon.h"
+
+#include "lesson/output/PageOutput.h"
 
 #include <QtCore/QMimeData>
 #include <QtGui/QClipboard>
@@ -18,6 +19,8 @@
 #include <QtWidgets/QMessageBox>
 
 namespace Board {
+
+using namespace InkLesson;
 
 PageCommands::PageCommands(Document &document, Canvas &canvas, QWidget &window)
     : m_document(document)
@@ -66,8 +69,7 @@ void PageCommands::addPaperCommands()
 void PageCommands::setPaper(Paper::Kind kind)
 {
     m_canvas.finish();
-    m_document.page().setPaper({kind, {}});
-    m_canvas.update();
+    m_document.author().setPaper({kind, {}});
 }
 
 void PageCommands::askForPaper()
@@ -88,9 +90,8 @@ void PageCommands::askForPaper()
 void PageCommands::setPaper(const QImage &picture)
 {
     const QSize size = m_document.page().rect().size();
-    m_document.page().setPaper(
+    m_document.author().setPaper(
         {Paper::Kind::Picture, exactImage(picture.scaled(size, Qt::KeepAspectRatio, Qt::SmoothTransformation))});
-    m_canvas.update();
 }
 
 void PageCommands::takeScreenAsPaper()
@@ -146,7 +147,7 @@ void PageCommands::refusePicture(const QString &problem)
 QString PageCommands::exportPage(const QString &fileName)
 {
     m_canvas.finish();
-    return Board::exportPage(m_canvas.page(), fileName);
+    return InkLesson::exportPage(m_canvas.page(), fileName);
 }
 
 void PageCommands::askForExport()

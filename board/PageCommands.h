@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Record.h"
+#include "lesson/paper/Paper.h"
 
 #include <QtCore/QObject>
 #include <QtGui/QImage>
@@ -32,7 +32,7 @@ signals:
 private:
     void addPictureCommands();
     void addPaperCommands();
-    void setPaper(Paper::Kind kind);
+    void setPaper(InkLesson::Paper::Kind kind);
     void askForPaper();
     void setPaper(const QImage &picture);
     void takeScreenAsPaper();

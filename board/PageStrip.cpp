@@ -21,7 +21,7 @@ constexpr QSize kThumbnail{128, 80};
 constexpr int kStripWidth = 168;
 constexpr int kRefreshDelay = 300; // milliseconds
 
-QIcon thumbnail(const Page &page, double ratio)
+QIcon thumbnail(const InkLesson::Page &page, double ratio)
 {
     QPixmap pixmap =
         QPixmap::fromImage(page.picture().scaled(kThumbnail * ratio, Qt::KeepAspectRatio, Qt::SmoothTransformation));

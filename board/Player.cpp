@@ -1,11 +1,10 @@
 #include "Player.h"
 
-#include "Document.h"
-#include "Page.h"
-
+#include "lesson/authoring/Author.h"
 #include "lesson/objects/Scatter.h"
 #include "lesson/output/PngFile.h"
 #include "lesson/paper/PageSize.h"
+#include "lesson/storage/LessonFile.h"
 
 #include "PointerEvent.h"
 
@@ -27,31 +26,31 @@ bool isTap(const Gesture &gesture)
 // The first page of a lesson as it was left.
 QString playLesson(const QString &fileName, const QString &png)
 {
-    Document document({1, 1});
-    const QString problem = document.open(fileName);
-    return problem.isEmpty() ? InkLesson::savePng(document.page(0).picture(), png) : problem;
+    QString problem;
+    const auto lesson = InkLesson::openLesson(fileName, problem);
+    return problem.isEmpty() ? InkLesson::savePng(lesson->page(lesson->pageId(0)).picture(), png) : problem;
 }
 
 } // namespace
 
-void playGesture(const Gesture &gesture, Page &page)
+void playGesture(const Gesture &gesture, InkLesson::Author &author)
 {
-    page.feed(PT_DOWN, gesture.front());
+    author.feed(PT_DOWN, gesture.front());
     for (std::size_t i = 1; i + 1 < gesture.size(); ++i)
-        page.feed(PT_MOVE, gesture[i]);
-    page.feed(PT_UP, gesture.back());
+        author.feed(PT_MOVE, gesture[i]);
+    author.feed(PT_UP, gesture.back());
 }
 
-void playStroke(const InkLesson::Stroke &stroke, const InkLesson::Tool &tool, Page &page)
+void playStroke(const InkLesson::Stroke &stroke, const InkLesson::Tool &tool, InkLesson::Author &author)
 {
-    page.begin(createObject(tool, {stroke.color, stroke.width}, page.rect().size()));
+    author.begin({QLatin1String(tool.name), {stroke.color, stroke.width}, author.canvas()});
     if (tool.tapsWithOnePoint && isTap(stroke.points))
-        page.feed(PT_DOWN, stroke.points.front());
+        author.feed(PT_DOWN, stroke.points.front());
     else if (tool.scatters)
-        playGesture(InkLesson::Scatter(kSeed).along(stroke.points, stroke.width), page);
+        playGesture(InkLesson::Scatter(kSeed).along(stroke.points, stroke.width), author);
     else
-        playGesture(stroke.points, page);
-    page.finish();
+        playGesture(stroke.points, author);
+    author.finish();
 }
 
 QString playFiles(const PlayOrder &order)
@@ -74,7 +73,9 @@ QString playFiles(const PlayOrder &order)
     QString problem = InkLesson::pageSizeProblem(size);
     if (!problem.isEmpty())
         return QCoreApplication::translate("Board::Player", "the page for all files: %1").arg(problem);
-    Page page(size);
+    InkLesson::Lesson lesson({size});
+    InkLesson::Author author(lesson, 1, [] { return qint64(0); });
+    const InkLesson::Page &page = lesson.page(author.page());
     if (page.isNull())
         return QCoreApplication::translate("Board::Player", "not enough memory for a page of %1x%2 pixels")
             .arg(size.width())
@@ -83,7 +84,7 @@ QString playFiles(const PlayOrder &order)
         files.clear(); // nothing to draw with
     for (const InkLesson::StrokeFile &file : files) {
         for (const InkLesson::Stroke &stroke : file.strokes)
-            playStroke(stroke, *order.tool->kind, page);
+            playStroke(stroke, *order.tool->kind, author);
     }
     return InkLesson::savePng(page.picture(), order.png);
 }

@@ -6,15 +6,17 @@
 
 #include <QtCore/QStringList>
 
+namespace InkLesson {
+class Author;
+}
+
 namespace Board {
 
-class Page;
-
 // Draws one gesture with the object in progress: press, moves, release.
-void playGesture(const Gesture &gesture, Page &page);
+void playGesture(const Gesture &gesture, InkLesson::Author &author);
 
 // Draws the stroke as one object of the tool, committed. What scatters does so in the same way each time.
-void playStroke(const InkLesson::Stroke &stroke, const InkLesson::Tool &tool, Page &page);
+void playStroke(const InkLesson::Stroke &stroke, const InkLesson::Tool &tool, InkLesson::Author &author);
 
 // What --play is asked to do.
 struct PlayOrder

@@ -3,6 +3,7 @@
 #include "Document.h"
 
 #include <QtCore/QCoreApplication>
+#include <QtCore/QDateTime>
 #include <QtCore/QDir>
 #include <QtCore/QLocale>
 #include <QtWidgets/QDialog>
@@ -98,7 +99,7 @@ QStringList Recovery::lessons() const
 {
     if (m_folder.isEmpty())
         return {};
-    QStringList journals = Log::abandoned(m_folder);
+    QStringList journals = InkLesson::Journal::abandoned(m_folder);
     const QDir dir(m_folder);
     for (const QString &name :
          dir.entryList({QLatin1Char('*') + QLatin1String(kKeptSuffix)}, QDir::Files, QDir::Time)) {
@@ -110,7 +111,7 @@ QStringList Recovery::lessons() const
 
 void Recovery::offer()
 {
-    for (const QString &journal : Log::abandoned(m_folder)) {
+    for (const QString &journal : InkLesson::Journal::abandoned(m_folder)) {
         QMessageBox box(QMessageBox::Question, tr("A lesson was not closed"),
                         tr("The lesson of %1 ended without being saved. Open it again?").arg(timeOf(journal)),
                         QMessageBox::Yes | QMessageBox::Discard | QMessageBox::Ignore, &m_window);

@@ -51,7 +51,7 @@ void ScreenPage::letClicksThrough(bool lets)
 QImage ScreenPage::inkWithin(const QRect &area)
 {
     QImage ink = page().ink().copy(area);
-    CInkGraph *object = m_document.page().object();
+    CInkGraph *object = m_document.author().object();
     if (!object)
         return ink;
     QPainter painter(&ink);

@@ -1,8 +1,9 @@
 #include "ToolIcon.h"
 
-#include "Page.h"
 #include "Player.h"
 #include "Style.h"
+
+#include "lesson/authoring/Author.h"
 
 #include "CInkGraph.h"
 #include "PointerEvent.h"
@@ -62,15 +63,16 @@ QPixmap picture(const Tool &tool, const QColor &color, int times)
 
 QImage committedSample(const Tool &tool, const Ink &ink, int times)
 {
-    Page page(kSampleSize * times);
+    InkLesson::Lesson lesson({kSampleSize * times});
+    InkLesson::Author author(lesson, 1, [] { return qint64(0); });
     if (tool.sampleOnInk)
         playStroke({ink.color, kSampleSide / 2 * times, enlarged({{10, 16}, {22, 16}}, times)}, *tools().front().kind,
-                   page);
-    page.begin(createObject(*tool.kind, ink, page.rect().size()));
+                   author);
+    author.begin({QLatin1String(tool.kind->name), ink, author.canvas()});
     for (const Gesture &gesture : tool.sample)
-        playGesture(enlarged(gesture, times), page);
-    page.finish();
-    return page.ink();
+        playGesture(enlarged(gesture, times), author);
+    author.finish();
+    return lesson.page(author.page()).ink();
 }
 
 // With its handles. Not through a page: what is not committed would come on white paper.

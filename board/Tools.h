@@ -40,7 +40,8 @@ enum class Use {
     Draws,
     Picks,   // an object that is there, to be changed
     Removes, // objects that are there
-    Points   // with ink that disappears
+    Points,  // with ink that disappears
+    Pours    // colour over the area of another one
 };
 
 // One row of the table of tools: what the window shows of it. Nothing else in the board knows one tool from another.

@@ -131,6 +131,7 @@ Tool fill()
 {
     Tool row = tool("fill", QT_TRANSLATE_NOOP("Board::Tool", "Fill"), "Shift+F", paintBucket);
     row.usage = QT_TRANSLATE_NOOP("Board::Tool", "press on the area to fill");
+    row.use = Use::Pours;
     return row;
 }
 

@@ -1,12 +1,14 @@
-// Files of lessons, most of them with something wrong in them. What opens, if only up to the line that is wrong, is a
-// document like any other: saved and opened again it has the same pixels, and all of it can be undone and redone.
+// Files of lessons of version 1, most of them with something wrong in them. What opens, if only up to the line that is
+// wrong, is a lesson like any other: saved in this version and opened again it has the same pixels and the same steps,
+// and all of it can be undone and redone.
 
 #include "Bytes.h"
 #include "Input.h"
 #include "Objects.h"
 
 #include "Document.h"
-#include "RecordText.h"
+
+#include "lesson/log/RecordCode.h"
 
 #include <QtCore/QFile>
 #include <QtCore/QJsonArray>
@@ -16,10 +18,9 @@
 
 #include <cstdlib>
 
-using namespace Board;
+using namespace InkLesson;
+using Board::Document;
 using Fuzz::Bytes;
-using Fuzz::life;
-using Fuzz::picture;
 
 namespace {
 
@@ -37,8 +38,51 @@ QString text(const char *latin1)
     return QString::fromLatin1(latin1);
 }
 
-// Writes what a board might do, for the most part in an order that can be done: reading ends at the first line that
-// cannot.
+QJsonArray pair(const QSize &size)
+{
+    return {size.width(), size.height()};
+}
+
+QString base64(const QImage &picture)
+{
+    return QString::fromLatin1(pngOf(picture).toBase64());
+}
+
+// An act as version 1 wrote it.
+struct ActWriter
+{
+    QJsonValue operator()(const PointerAct &act) const { return QJsonArray{act.code, act.pt.x(), act.pt.y()}; }
+    QJsonValue operator()(const FinishAct & /*act*/) const { return text("finish"); }
+    QJsonValue operator()(const ReopenAct & /*act*/) const { return text("reopen"); }
+    QJsonValue operator()(const PaintAct & /*act*/) const { return text("paint"); } // there was none
+    QJsonValue operator()(const ColorAct &act) const
+    {
+        return QJsonObject{{text("color"), act.color.name(QColor::HexArgb)}};
+    }
+    QJsonValue operator()(const WidthAct &act) const { return QJsonObject{{text("width"), act.width}}; }
+    QJsonValue operator()(const DashAct & /*act*/) const { return text("dash"); } // nor that
+    QJsonValue operator()(const TextAct &act) const
+    {
+        return QJsonObject{{text("text"), act.text}, {text("image"), base64(act.image)}};
+    }
+};
+
+QJsonObject life(Bytes &bytes, bool withPicture)
+{
+    const Life life = Fuzz::life(bytes);
+    QJsonObject object = QJsonDocument::fromJson(toJson({{1, 1}, 1, 0, kFirstPage, Draw{life}})).object();
+    object = object.value(text("life")).toObject();
+    if (!withPicture)
+        object.remove(text("picture"));
+    QJsonArray acts;
+    for (const Act &act : life.acts)
+        acts.append(std::visit(ActWriter(), act));
+    object.insert(text("acts"), acts);
+    return object;
+}
+
+// Writes what a board of version 1 might do, for the most part in an order that can be done: reading ends at the first
+// line that cannot.
 class Writer
 {
 public:
@@ -49,32 +93,28 @@ public:
 
     QJsonObject next()
     {
-        const QString what = text("do");
         const QString at = text("at");
         const int kind = m_bytes.below(kMostKinds);
         switch (m_lines++ < 2 ? kMostKinds : kind) { // there is nothing to undo or to move yet
         case 0:
         case 1:
-            return {{what, text("undo")}};
+            return line("undo");
         case 2:
-            return {{what, text("redo")}};
+            return line("redo");
         case 3: {
             const QSize side = Fuzz::pageSize(m_bytes);
             const int place = m_bytes.below(m_pages + 1);
             ++m_pages;
-            return {{what, text("add-page")},
-                    {text("page"), m_pages},
-                    {at, place},
-                    {text("size"), QJsonArray{side.width(), side.height()}}};
+            return line("add-page", {{text("page"), m_pages}, {at, place}, {text("size"), pair(side)}});
         }
         case 4:
-            return {{what, text("remove-page")}, {at, m_bytes.below(m_pages)}};
-        case 5:
-            return {{what, text("move-page")},
-                    {text("from"), m_bytes.below(m_pages)},
-                    {text("to"), m_bytes.below(m_pages)}};
+            return line("remove-page", {{at, m_bytes.below(m_pages)}});
+        case 5: {
+            const int from = m_bytes.below(m_pages);
+            return line("move-page", {{text("from"), from}, {text("to"), m_bytes.below(m_pages)}});
+        }
         default: {
-            QJsonObject object = toJson(record());
+            QJsonObject object = onPage();
             object.insert(text("page"), 1 + m_bytes.below(m_pages));
             return object;
         }
@@ -82,34 +122,54 @@ public:
     }
 
 private:
-    Record record()
+    static QJsonObject line(const char *what, QJsonObject more = {})
+    {
+        more.insert(text("do"), text(what));
+        return more;
+    }
+
+    QJsonObject onPage()
     {
         const int kind = m_lines > 3 ? m_bytes.below(kMostKinds) : kMostKinds;
         const int id = 1 + m_bytes.below(m_objects);
         switch (kind) {
         case 0:
-            return ReplaceRecord{id, life(m_bytes)};
+            return line("replace", {{text("id"), id}, {text("life"), life(m_bytes, false)}});
         case 1:
-            return DeleteRecord{id};
+            return line("delete", {{text("id"), id}});
         case 2:
-            return OrderRecord{id, m_bytes.below(m_objects)};
+            return line("order", {{text("id"), id}, {text("place"), m_bytes.below(m_objects)}});
         case 3:
-            return ClearRecord();
+            return line("clear");
         case 4: {
-            Paper paper;
-            paper.kind = Paper::Kind(m_bytes.below(4));
-            paper.picture = picture(m_bytes);
-            return PaperRecord{paper};
+            constexpr const char *kPapers[] = {"blank", "ruled", "squared", "picture"};
+            const char *paper = kPapers[m_bytes.below(4)];
+            const QString shown = base64(Fuzz::picture(m_bytes));
+            QJsonObject object = line("paper", {{text("kind"), text(paper)}});
+            if (paper == kPapers[3])
+                object.insert(text("picture"), shown);
+            return object;
         }
         case 5:
-            return SizeRecord{Fuzz::pageSize(m_bytes) + QSize(m_pages * 8, m_pages * 8)};
-        case 6:
-            return DrawRecord{m_bytes.integer(), life(m_bytes), m_bytes.flag()};
+            return line("size", {{text("size"), pair(Fuzz::pageSize(m_bytes) + QSize(m_pages * 8, m_pages * 8))}});
+        case 6: {
+            const int any = m_bytes.integer();
+            const QJsonObject drawn = life(m_bytes, true);
+            return drawLine(any, drawn, m_bytes.flag());
+        }
         default: {
             const bool succeeds = m_bytes.below(4) == 3;
-            return DrawRecord{m_objects++, life(m_bytes), succeeds};
+            return drawLine(m_objects++, life(m_bytes, true), succeeds);
         }
         }
+    }
+
+    static QJsonObject drawLine(int id, const QJsonObject &life, bool succeeds)
+    {
+        QJsonObject object = line("draw", {{text("id"), id}, {text("life"), life}});
+        if (succeeds)
+            object.insert(text("succeeds"), true);
+        return object;
     }
 
     Bytes &m_bytes;
@@ -118,7 +178,7 @@ private:
     int m_objects{1}; // one more than there are, on all pages together
 };
 
-// Lines as the board writes them; then some bytes of them changed, and the end cut off.
+// Lines as a board of version 1 writes them; then some bytes of them changed, and the end cut off.
 QByteArray lesson(Bytes &bytes)
 {
     const int breaks = bytes.below(32) - 28; // most lessons are whole
@@ -141,13 +201,13 @@ void write(const QString &fileName, const QByteArray &contents)
 
 // Takes the line that comes after those that were read out of a lesson. False when there is none, or when not even the
 // first was read.
-bool dropLine(QByteArray &lesson, const std::vector<QByteArray> &read)
+bool dropLine(QByteArray &lesson, int read)
 {
     int start = 0;
-    for (const QByteArray &line : read) {
-        if (lesson.mid(start, line.size()) != line)
+    for (int line = 0; line < read; ++line) {
+        start = lesson.indexOf('\n', start) + 1;
+        if (start == 0)
             return false;
-        start += line.size() + 1;
     }
     if (start >= lesson.size())
         return false;
@@ -156,8 +216,16 @@ bool dropLine(QByteArray &lesson, const std::vector<QByteArray> &read)
     return true;
 }
 
+// The number of lines before the one that a problem names.
+int linesBefore(const QString &problem, const QString &fileName)
+{
+    const QString begin = fileName + text(": line ");
+    require(problem.startsWith(begin));
+    return problem.mid(begin.size()).section(QLatin1Char(':'), 0, 0).toInt() - 1;
+}
+
 // The layers of all pages.
-std::vector<QImage> pixels(Document &document)
+std::vector<QImage> pixels(const Document &document)
 {
     std::vector<QImage> images;
     for (int i = 0; i < document.pageCount(); ++i) {
@@ -165,6 +233,20 @@ std::vector<QImage> pixels(Document &document)
         images.insert(images.end(), {page.picture(), page.surface(), page.ink()});
     }
     return images;
+}
+
+int undoAll(Document &document)
+{
+    int steps = 0;
+    for (; document.author().canUndo(); ++steps)
+        document.undo();
+    return steps;
+}
+
+void redo(Document &document, int steps)
+{
+    for (; steps > 0; --steps)
+        document.redo();
 }
 
 } // namespace
@@ -180,7 +262,11 @@ void Fuzz::run(const std::uint8_t *data, std::size_t size)
     Document document({8, 8});
     for (int wrong = 0; wrong <= kMostWrongLines; ++wrong) {
         write(given, left);
-        if (document.open(given).isEmpty() || !dropLine(left, document.log().lines()))
+        const QString problem = document.open(given);
+        if (problem.isEmpty())
+            break;
+        const int read = linesBefore(problem, given);
+        if (read == 0 || !dropLine(left, read))
             break;
     }
     const std::vector<QImage> before = pixels(document);
@@ -189,11 +275,15 @@ void Fuzz::run(const std::uint8_t *data, std::size_t size)
     Document again({8, 8});
     require(again.open(saved).isEmpty());
     require(pixels(again) == before);
+    require(again.lesson().log() == document.lesson().log());
+    require(again.stepsToUndo() == document.stepsToUndo());
+    require(again.author().canRedo() == document.author().canRedo());
 
-    const int steps = again.undoStack().index();
-    while (again.undoStack().canUndo())
-        again.undo();
-    while (again.undoStack().index() < steps)
-        again.redo();
+    const int steps = again.stepsToUndo();
+    require(undoAll(again) == steps);
+    require(undoAll(document) == steps);
+    require(pixels(again) == pixels(document));
+    redo(again, steps);
+    require(again.stepsToUndo() == steps);
     require(pixels(again) == before);
 }

@@ -183,28 +183,26 @@ void drawObjects(Document &document)
     constexpr const char *kTools[] = {"pencil", "rectangle", "ellipse",     "highlighter",
                                       "line",   "star-5",    "color-brush", "brush"};
     for (int i = 0; i < kObjects; ++i) {
-        const Tool *tool = findTool(QLatin1String(kTools[i % 8]));
+        const InkLesson::Tool *tool = InkLesson::findTool(QLatin1String(kTools[i % 8]));
         if (!tool)
-            tool = findTool(QStringLiteral("diamond"));
+            tool = InkLesson::findTool(QStringLiteral("diamond"));
         const QPoint from(40 + i * 977 % 1700, 40 + i * 619 % 900);
         Gesture gesture;
         for (int step = 0; step <= 20; ++step)
             gesture.push_back(from + QPoint(step * 6, step % 5 * 8 + step * 3));
-        Life life{QLatin1String(tool->name), Ink{QColor::fromHsv(i * 37 % 360, 200, 200), 4}, kPage};
-        auto object = createObject(life);
-        document.page().begin(std::move(life), std::move(object));
-        playGesture(gesture, document.page());
-        document.page().finish();
+        document.author().begin({QLatin1String(tool->name), Ink{QColor::fromHsv(i * 37 % 360, 200, 200), 4}, kPage});
+        playGesture(gesture, document.author());
+        document.author().finish();
     }
 }
 
-// Undoes one step, and paints the window. A step from before the page has grown is undone by painting all objects.
+// Undoes one step, and paints the window; also once the page has grown, which is nothing to undo.
 void undoStep(benchmark::State &state, bool hasGrown)
 {
     auto window = shownWindow();
     drawObjects(window->document());
     if (hasGrown)
-        window->document().page().grow(window->document().page().rect().size() + QSize(1, 0));
+        window->document().author().grow(window->document().page().rect().size() + QSize(1, 0));
     QApplication::processEvents();
     Canvas &canvas = window->canvas();
     for (auto iteration : state) {

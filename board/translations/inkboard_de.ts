@@ -252,50 +252,6 @@
         <source>%1: another program has changed it since. Save under another name.</source>
         <translation>%1: ein anderes Programm hat sie inzwischen geändert. Speichern Sie unter einem anderen Namen.</translation>
     </message>
-    <message>
-        <source>%1: line %2: %3</source>
-        <translation>%1: Zeile %2: %3</translation>
-    </message>
-    <message>
-        <source>%1: cannot be read: %2</source>
-        <translation>%1: nicht lesbar: %2</translation>
-    </message>
-    <message>
-        <source>this is not a lesson of this board</source>
-        <translation>dies ist keine Stunde dieser Tafel</translation>
-    </message>
-    <message>
-        <source>the lesson was written by a later version of this board</source>
-        <translation>die Stunde stammt von einer neueren Version dieser Tafel</translation>
-    </message>
-    <message>
-        <source>it was cut off here</source>
-        <translation>hier wurde sie abgeschnitten</translation>
-    </message>
-    <message>
-        <source>there is nothing to undo</source>
-        <translation>es gibt nichts rückgängig zu machen</translation>
-    </message>
-    <message>
-        <source>there is nothing to redo</source>
-        <translation>es gibt nichts zu wiederholen</translation>
-    </message>
-    <message>
-        <source>there is no place for this page</source>
-        <translation>für diese Seite ist kein Platz</translation>
-    </message>
-    <message>
-        <source>there is no such page</source>
-        <translation>es gibt keine solche Seite</translation>
-    </message>
-    <message>
-        <source>this cannot be done on the page</source>
-        <translation>das geht auf der Seite nicht</translation>
-    </message>
-    <message>
-        <source>no density of a page</source>
-        <translation>keine Dichte einer Seite</translation>
-    </message>
 </context>
 <context>
     <name>Board::FileCommands</name>
@@ -381,17 +337,6 @@
     <message>
         <source>Delete</source>
         <translation>Löschen</translation>
-    </message>
-</context>
-<context>
-    <name>Board::Log</name>
-    <message>
-        <source>%1: no journal can be kept: %2</source>
-        <translation>%1: kein Protokoll möglich: %2</translation>
-    </message>
-    <message>
-        <source>%1: cannot be written: %2</source>
-        <translation>%1: nicht beschreibbar: %2</translation>
     </message>
 </context>
 <context>
@@ -571,13 +516,6 @@
     </message>
 </context>
 <context>
-    <name>Board::PageOutput</name>
-    <message>
-        <source>%1: cannot be written: %2</source>
-        <translation>%1: nicht beschreibbar: %2</translation>
-    </message>
-</context>
-<context>
     <name>Board::PageStrip</name>
     <message>
         <source>Pages</source>
@@ -624,53 +562,6 @@
     <message>
         <source>not enough memory for a page of %1x%2 pixels</source>
         <translation>nicht genug Speicher für eine Seite von %1x%2 Pixeln</translation>
-    </message>
-</context>
-<context>
-    <name>Board::RecordReader</name>
-    <message>
-        <source>nothing that can be done</source>
-        <translation>nichts, was sich tun lässt</translation>
-    </message>
-    <message>
-        <source>no tool of this board</source>
-        <translation>kein Werkzeug dieser Tafel</translation>
-    </message>
-    <message>
-        <source>not an array</source>
-        <translation>kein Array</translation>
-    </message>
-    <message>
-        <source>nothing that can be done to an object</source>
-        <translation>nichts, was sich mit einem Objekt tun lässt</translation>
-    </message>
-    <message>
-        <source>no kind of paper</source>
-        <translation>keine Art von Papier</translation>
-    </message>
-    <message>
-        <source>not a picture</source>
-        <translation>kein Bild</translation>
-    </message>
-    <message>
-        <source>no kind of line</source>
-        <translation>keine Linienart</translation>
-    </message>
-    <message>
-        <source>not a colour</source>
-        <translation>keine Farbe</translation>
-    </message>
-    <message>
-        <source>not a whole number</source>
-        <translation>keine ganze Zahl</translation>
-    </message>
-    <message>
-        <source>not a point</source>
-        <translation>kein Punkt</translation>
-    </message>
-    <message>
-        <source>not a size</source>
-        <translation>keine Größe</translation>
     </message>
 </context>
 <context>
@@ -1195,6 +1086,13 @@
     <message>
         <source>there is no such place</source>
         <translation>es gibt keine solche Stelle</translation>
+    </message>
+</context>
+<context>
+    <name>InkLesson::PageOutput</name>
+    <message>
+        <source>%1: cannot be written: %2</source>
+        <translation>%1: nicht beschreibbar: %2</translation>
     </message>
 </context>
 <context>

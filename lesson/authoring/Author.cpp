@@ -33,7 +33,12 @@ Author::Author(Lesson &lesson, int number, Clock clock, Listener listener)
 StepId Author::emitDeed(Deed deed, int step, LivedObject lived)
 {
     const int number = m_lesson.history().nextNumber(m_number);
-    const Record record{{m_number, number}, step == 0 ? number : step, m_clock(), m_page, std::move(deed)};
+    return emitRecord({{m_number, number}, step == 0 ? number : step, m_clock(), m_page, std::move(deed)},
+                      std::move(lived));
+}
+
+StepId Author::emitRecord(const Record &record, LivedObject lived)
+{
     m_lesson.apply(record, std::move(lived));
     if (m_listener)
         m_listener(record);
@@ -96,6 +101,7 @@ void Author::hold(Hand hand, const ObjectId &object)
     hand.held = object;
     m_dash = dashOf(hand.life);
     m_known = hand.life.acts.size();
+    m_lifting = 0;
     hand.life.acts.emplace_back(ReopenAct());
     perform(hand.life.acts.back(), *hand.object);
     show(lessonPage().take(std::move(hand)));
@@ -137,8 +143,16 @@ void Author::keepChange()
     if (isKept(hand))
         return;
     hand.life.acts.emplace_back(FinishAct());
+    LivedObject lived;
+    if (hand.held == kNothing) {
+        lived = live(hand.life);
+        if (!lessonPage().leavesMark(*lived.object, lived.reach, lived.tool)) {
+            hand.life.acts.pop_back();
+            return;
+        }
+    }
     perform(hand.life.acts.back(), *hand.object);
-    emitChange(hand);
+    emitChange(hand, std::move(lived));
     m_dash = dashOf(hand.life);
     m_known = hand.life.acts.size();
     hand.life.acts.emplace_back(ReopenAct());
@@ -146,15 +160,15 @@ void Author::keepChange()
     show(lessonPage().show(hand.touched));
 }
 
-void Author::emitChange(Hand &hand)
+void Author::emitChange(Hand &hand, LivedObject lived)
 {
     if (hand.held == kNothing) {
         hand.held = {m_number, m_lesson.history().nextNumber(m_number)}; // hidden on the page from the start
-        emitDeed(Draw{hand.life});
+        emitDeed(Draw{hand.life}, 0, std::move(lived));
         return;
     }
     const auto first = hand.life.acts.begin() + std::ptrdiff_t(m_known);
-    emitDeed(Change{hand.held, {}, {}, {}, {}, {}, {first, hand.life.acts.end()}});
+    emitDeed(Change{hand.held, {}, {}, {}, {}, {}, {first, hand.life.acts.end()}}, std::exchange(m_lifting, 0));
 }
 
 void Author::finish()
@@ -196,8 +210,10 @@ void Author::settleNew()
     const Item *item = page.item(id);
     if (!item || !item->tool || !item->tool->lift)
         return;
-    if (std::optional<Life> next = item->tool->lift(*item->object, page.rect().size()))
+    if (std::optional<Life> next = item->tool->lift(*item->object, page.rect().size())) {
         insert(*std::move(next), id.number);
+        m_lifting = id.number;
+    }
 }
 
 void Author::discard()
@@ -238,14 +254,17 @@ void Author::change(const std::vector<Change> &changes)
     }
 }
 
-void Author::remove(const std::vector<ObjectId> &objects)
+int Author::remove(const std::vector<ObjectId> &objects, int step)
 {
     finish();
     Delete gone;
     std::copy_if(objects.begin(), objects.end(), std::back_inserter(gone.objects),
                  [&](const ObjectId &id) { return lessonPage().item(id) != nullptr; });
-    if (!gone.objects.empty())
-        emitDeed(std::move(gone));
+    if (gone.objects.empty())
+        return step;
+    const bool joins = step != 0 && m_lesson.history().counts({m_number, step});
+    const StepId id = emitDeed(std::move(gone), joins ? step : 0);
+    return joins ? step : id.number;
 }
 
 void Author::order(const ObjectId &object, const ObjectId &above)
@@ -329,9 +348,11 @@ bool Author::redo()
 
 bool Author::emitUndo(const std::optional<StepId> &step)
 {
-    if (step)
-        emitDeed(Undo{*step});
-    return step.has_value();
+    if (!step)
+        return false;
+    const int number = m_lesson.history().nextNumber(m_number);
+    emitRecord({{m_number, number}, number, m_clock(), m_lesson.pageOf(*step), Undo{*step}}, {});
+    return true;
 }
 
 } // namespace InkLesson

@@ -25,6 +25,7 @@ public:
     // Where the hand is. Another page lets go what is in it.
     const PageId &page() const { return m_page; }
     void turnTo(const PageId &page);
+    QSize canvas() const { return lessonPage().rect().size(); } // of objects that are begun now
 
     // Takes the object that the next events go to, with its life so far; another one is let go first.
     void begin(Life life, std::unique_ptr<CInkGraph> object);
@@ -58,7 +59,11 @@ public:
     // Steps on committed objects; the one in hand is let go first. Nothing happens where they name none.
     void change(const Change &change);
     void change(const std::vector<Change> &changes); // one step
-    void remove(const std::vector<ObjectId> &objects);
+
+    // Objects that are removed one after the other, as a pointer comes to them, are one step: of the number that the
+    // call before has returned. What was undone meanwhile stays so, and the rest is another step.
+    int remove(const std::vector<ObjectId> &objects, int step = 0);
+
     void order(const ObjectId &object, const ObjectId &above);
     void clear();
     void setPaper(const Paper &paper);
@@ -82,8 +87,9 @@ public:
 private:
     Page &lessonPage() const { return m_lesson.page(m_page); }
     StepId emitDeed(Deed deed, int step = 0, LivedObject lived = {});
+    StepId emitRecord(const Record &record, LivedObject lived);
     bool emitUndo(const std::optional<StepId> &step);
-    void emitChange(Hand &hand);
+    void emitChange(Hand &hand, LivedObject lived = {});
     void show(const QRegion &area);
     void settle();
     void settleNew();
@@ -98,6 +104,7 @@ private:
     const Listener m_listener;
     PageId m_page{kFirstPage};
     std::size_t m_known{};              // of the acts of the object in hand, those that are in the log
+    int m_lifting{};                    // the step that has lifted the object in hand; its first change joins that
     Qt::PenStyle m_dash{Qt::SolidLine}; // of the object in hand, as the log has it
 };
 

@@ -35,11 +35,11 @@ void Lesson::apply(const Record &record, LivedObject lived)
     m_log.push_back(toCbor(record));
     m_steps.push_back(record.stepId());
     m_deeds.push_back(quint8(record.deed.index()));
+    m_places[record.stepId()].push_back(place);
     if (const auto *undo = std::get_if<Undo>(&record.deed)) {
         for (const StepId &step : m_history.addUndo(record.id, undo->step))
             toggle(step);
     } else {
-        m_places[record.stepId()].push_back(place);
         m_history.add(record.id, record.stepId(), !isOneOf<Grow>(record.deed));
         note(place, record, std::move(lived));
     }
@@ -67,6 +67,15 @@ Page &Lesson::page(const PageId &id)
 const Page &Lesson::page(const PageId &id) const
 {
     return *m_sheets.at(id).page;
+}
+
+PageId Lesson::pageOf(const StepId &step) const
+{
+    const auto places = m_places.find(step);
+    if (places == m_places.end())
+        return kNothing;
+    const Record record = recordAt(places->second.front());
+    return std::holds_alternative<AddPage>(record.deed) ? record.id : record.page;
 }
 
 Lesson::Sheet *Lesson::sheet(const PageId &id)

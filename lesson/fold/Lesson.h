@@ -67,6 +67,9 @@ public:
     Page &page(const PageId &id);        // also one that was taken away
     const Page &page(const PageId &id) const;
 
+    // Where a step was done, or the page that it has made. kNothing where there is no such step.
+    PageId pageOf(const StepId &step) const;
+
     // The life of an object as it is now; nothing where it is not there now.
     std::optional<Life> life(const ObjectId &object) const;
 

@@ -70,6 +70,12 @@ std::optional<StepId> History::toUndo(int author) const
                                                                   : std::make_optional(found->second.done.back());
 }
 
+int History::stepsToUndo(int author) const
+{
+    const auto found = m_authors.find(author);
+    return found == m_authors.end() ? 0 : int(found->second.done.size());
+}
+
 std::optional<StepId> History::toRedo(int author) const
 {
     const auto found = m_authors.find(author);

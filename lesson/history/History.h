@@ -35,6 +35,9 @@ public:
     std::optional<StepId> toUndo(int author) const;
     std::optional<StepId> toRedo(int author) const;
 
+    // How many steps the author could undo.
+    int stepsToUndo(int author) const;
+
 private:
     struct Author
     {

@@ -21,6 +21,7 @@ struct Hand
     QRect touched{};    // where it has been painted on the surface
     int background{};   // as that of an Item
 
+    // It is still being drawn.
     bool isForming() const { return object->m_bEditMode == 0; }
 };
 

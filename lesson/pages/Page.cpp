@@ -1,6 +1,6 @@
 #include "lesson/pages/Page.h"
 
-#include "lesson/layers/Layers.h"
+#include "lesson/layers/HitTest.h"
 #include "lesson/objects/Tools.h"
 #include "lesson/paper/PaperPainter.h"
 
@@ -198,6 +198,16 @@ void Page::paint(LayerPainting &painting, Item &item) const
 
 bool Page::paintOnTop(CInkGraph &object, const QRect &asked, const Tool *tool)
 {
+    return leavesMark(object, asked, tool, true);
+}
+
+bool Page::leavesMark(CInkGraph &object, const QRect &asked, const Tool *tool)
+{
+    return leavesMark(object, asked, tool, false);
+}
+
+bool Page::leavesMark(CInkGraph &object, const QRect &asked, const Tool *tool, bool stays)
+{
     int background = 0;
     prepared(object, tool, background);
     const QRect area = onPage(reachOf(object, asked));
@@ -205,7 +215,10 @@ bool Page::paintOnTop(CInkGraph &object, const QRect &asked, const Tool *tool)
         return false; // a copy of an empty rectangle would be a copy of everything
     const QImage page = picture().copy(area), inked = ink().copy(area);
     LayerPainting(m_layers, LayerPainting::On::PageAndInk, rect()).paint(object, onPage(asked));
-    return page != picture().copy(area) || inked != ink().copy(area);
+    const bool isSeen = page != picture().copy(area) || inked != ink().copy(area);
+    if (!stays)
+        m_layers.restore(area.topLeft(), page, inked);
+    return isSeen;
 }
 
 QRegion Page::repaint()

@@ -74,6 +74,9 @@ public:
     // Paints a committed object on top of all others, ahead of its put(). Tells whether it leaves a mark.
     bool paintOnTop(CInkGraph &object, const QRect &asked, const Tool *tool);
 
+    // The same, without the painting.
+    bool leavesMark(CInkGraph &object, const QRect &asked, const Tool *tool);
+
     // Paints what has changed since the last time. Returns the area, which is to be shown.
     QRegion repaint();
 
@@ -95,6 +98,7 @@ private:
     void count(const Item &item, int by);
     QRect closed(QRect area) const;
     QRect repaint(const QRect &part);
+    bool leavesMark(CInkGraph &object, const QRect &asked, const Tool *tool, bool stays);
     CInkGraph &prepared(CInkGraph &object, const Tool *tool, int &background) const;
     void paint(LayerPainting &painting, Item &item) const;
     QRegion reached(Hand &hand, const QRect &reach);

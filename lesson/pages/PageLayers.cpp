@@ -73,6 +73,15 @@ void PageLayers::clear(const QRect &area)
     page.drawImage(area.topLeft(), m_background, area);
 }
 
+void PageLayers::restore(const QPoint &at, const QImage &page, const QImage &ink)
+{
+    for (const auto &[layer, copy] : {std::pair(&m_page, &page), std::pair(&m_ink, &ink)}) {
+        QPainter painter(layer);
+        painter.setCompositionMode(QPainter::CompositionMode_Source);
+        painter.drawImage(at, *copy);
+    }
+}
+
 void PageLayers::showPage(const QRegion &area)
 {
     QPainter surface(&m_surface);

@@ -35,6 +35,9 @@ public:
     // Takes all committed ink away from `area`.
     void clear(const QRect &area);
 
+    // What was copied from page and ink.
+    void restore(const QPoint &at, const QImage &page, const QImage &ink);
+
     // Makes the surface the page again within `area`.
     void showPage(const QRegion &area);
 
@@ -49,7 +52,7 @@ private:
 
 // Lets objects paint themselves, one over the other: committed ones on page and ink, others on the surface. None paints
 // outside of `area`, whatever clip it sets.
-class LayerPainting
+class INKLESSON_EXPORT LayerPainting
 {
 public:
     enum class On { PageAndInk, Surface };

@@ -43,6 +43,7 @@ public:
 
 protected:
     int handle() const { return m_file.handle(); }
+    QString path() const { return m_file.fileName(); }
 
 private:
     QFile m_file;

@@ -15,6 +15,8 @@ namespace {
 constexpr const char *kSuffix = ".inkboard";
 constexpr const char *kLockSuffix = ".lock";
 const QString kFile = QStringLiteral("file");
+const QString kFileTime = QStringLiteral("file-time");
+const QString kFileBytes = QStringLiteral("file-bytes");
 
 std::unique_ptr<QLockFile> lockOf(const QString &journal)
 {
@@ -37,12 +39,15 @@ bool holdsSteps(const QString &journal)
     return false;
 }
 
-// The first line, which names the lesson's file as well.
-QByteArray firstLine(const Header &header, const QString &lessonFile)
+// The first line, which tells of the lesson's file as well.
+QByteArray firstLine(const Header &header, const SavedFile &saved)
 {
     QJsonObject line = QJsonDocument::fromJson(headerLine(header)).object();
-    if (!lessonFile.isEmpty())
-        line.insert(kFile, lessonFile);
+    if (!saved.name.isEmpty()) {
+        line.insert(kFile, saved.name);
+        line.insert(kFileTime, saved.time);
+        line.insert(kFileBytes, saved.bytes);
+    }
     return QJsonDocument(line).toJson(QJsonDocument::Compact) + '\n';
 }
 
@@ -77,7 +82,7 @@ bool Journal::keep(const QString &folder, const QString &name, QString &problem)
     return m_isKept;
 }
 
-bool Journal::follow(const Lesson &lesson, const QString &lessonFile)
+bool Journal::follow(const Lesson &lesson, const SavedFile &saved)
 {
     if (!m_isKept)
         return false;
@@ -85,13 +90,13 @@ bool Journal::follow(const Lesson &lesson, const QString &lessonFile)
     bool hasMore = false;
     for (std::size_t i = m_isEmpty ? m_resting : m_written; i < lesson.log().size() && !hasMore; ++i)
         hasMore = isStep(jsonLine(lesson.log()[i]));
-    return !hasMore || write(lesson, lessonFile);
+    return !hasMore || write(lesson, saved);
 }
 
-bool Journal::write(const Lesson &lesson, const QString &lessonFile)
+bool Journal::write(const Lesson &lesson, const SavedFile &saved)
 {
     if (m_isEmpty) {
-        if (!m_file->append(firstLine(lesson.header(), lessonFile)))
+        if (!m_file->append(firstLine(lesson.header(), saved)))
             return false;
         m_isEmpty = false;
         m_written = 0;
@@ -142,12 +147,16 @@ QStringList Journal::abandoned(const QString &folder)
     return paths;
 }
 
-QString Journal::lessonFileOf(const QString &journal)
+SavedFile Journal::savedFileOf(const QString &journal)
 {
     QFile file(journal);
     if (!file.open(QIODevice::ReadOnly))
         return {};
-    return QJsonDocument::fromJson(file.readLine(LogReader::kMostBytes)).object().value(kFile).toString();
+    const QJsonObject line = QJsonDocument::fromJson(file.readLine(LogReader::kMostBytes)).object();
+    const QString name = line.value(kFile).toString();
+    if (!line.contains(kFileTime))
+        return SavedFile::at(name); // an older board wrote nothing but the name
+    return {name, qint64(line.value(kFileTime).toDouble()), qint64(line.value(kFileBytes).toDouble())};
 }
 
 } // namespace InkLesson

@@ -3,6 +3,7 @@
 #include "lesson/Export.h"
 #include "lesson/fold/Lesson.h"
 #include "lesson/storage/DurableFile.h"
+#include "lesson/storage/SavedFile.h"
 
 #include <QtCore/QLockFile>
 #include <QtCore/QStringList>
@@ -27,8 +28,8 @@ public:
     QString error() const;
 
     // Writes what the lesson has that the journal has not. What cannot be written now is written with the next.
-    // `lessonFile`, which may be empty, is where the lesson was saved last; recovery finds it.
-    bool follow(const Lesson &lesson, const QString &lessonFile);
+    // `saved` is the file that the lesson has; recovery finds it.
+    bool follow(const Lesson &lesson, const SavedFile &saved);
 
     // Whether something was written that sync() has not been called for. To be called within a second of that.
     bool isDue() const { return m_isDue; }
@@ -46,11 +47,11 @@ public:
     // The journals in `folder` that hold a step and that no running program keeps, the newest first.
     static QStringList abandoned(const QString &folder);
 
-    // Where the lesson of a journal was saved last; empty where it never was.
-    static QString lessonFileOf(const QString &journal);
+    // The file that the lesson of a journal had, as it was then.
+    static SavedFile savedFileOf(const QString &journal);
 
 private:
-    bool write(const Lesson &lesson, const QString &lessonFile);
+    bool write(const Lesson &lesson, const SavedFile &saved);
 
     std::unique_ptr<DurableFile> m_file;
     std::unique_ptr<QLockFile> m_lock;

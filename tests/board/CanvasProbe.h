@@ -45,6 +45,12 @@ protected:
         QVERIFY(QTest::qWaitForWindowExposed(m_canvas.get()));
     }
 
+    // There is an object in hand; it is still being drawn; something can be undone.
+    bool isBusy() const { return m_document->author().hand() != nullptr; }
+    bool isForming() const { return isBusy() && m_document->author().hand()->isForming(); }
+    bool canUndo() const { return m_document->author().canUndo(); }
+    CInkGraph *object() const { return m_document->author().object(); }
+
     void choose(const char *tool) { m_canvas->setTool(*Board::findTool(QString::fromLatin1(tool))); }
 
     void mouse(QEvent::Type type, const QPointF &pos, Qt::MouseButton button = Qt::LeftButton,

@@ -2,9 +2,10 @@
 
 // Shortcuts to a page of 400 x 300 pixels with ink on it.
 
-#include "Page.h"
 #include "Paper.h"
 #include "Tools.h"
+
+#include "lesson/authoring/Author.h"
 
 #include "PointerEvent.h"
 
@@ -15,22 +16,41 @@ inline std::unique_ptr<CInkGraph> object(const char *tool, const QColor &color =
     return InkLesson::createObject(*InkLesson::findTool(QString::fromLatin1(tool)), {color, width}, kSize);
 }
 
+// A lesson of one blank page, and who draws on it.
+struct Drawing
+{
+    explicit Drawing(const QSize &size = kSize)
+        : lesson({size})
+    {
+    }
+
+    const InkLesson::Page &page() { return lesson.page(author.page()); }
+
+    InkLesson::Lesson lesson;
+    InkLesson::Author author{lesson, 1, [] { return qint64(0); }};
+};
+
+inline InkLesson::Life lifeOf(const char *tool, const QColor &color = Qt::red, int width = 4)
+{
+    return {QString::fromLatin1(tool), {color, width}, kSize};
+}
+
 // Press, one move and release.
-inline void drag(Board::Page &page, const QPoint &from, const QPoint &to)
+inline void drag(InkLesson::Author &author, const QPoint &from, const QPoint &to)
 {
-    page.feed(PT_DOWN, from);
-    page.feed(PT_MOVE, to);
-    page.feed(PT_UP, to);
+    author.feed(PT_DOWN, from);
+    author.feed(PT_MOVE, to);
+    author.feed(PT_UP, to);
 }
 
-inline void drawLineOn(Board::Page &page, const QColor &color, const QPoint &from, const QPoint &to)
+inline void drawLineOn(InkLesson::Author &author, const QColor &color, const QPoint &from, const QPoint &to)
 {
-    page.begin(object("line", color));
-    drag(page, from, to);
-    page.finish();
+    author.begin(lifeOf("line", color));
+    drag(author, from, to);
+    author.finish();
 }
 
-inline bool isBlank(const Board::Page &page)
+inline bool isBlank(const InkLesson::Page &page)
 {
     QImage transparent(page.rect().size(), QImage::Format_ARGB32_Premultiplied);
     transparent.fill(Qt::transparent);

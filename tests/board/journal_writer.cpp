@@ -19,12 +19,11 @@ int main(int argc, char **argv)
     if (argc != 2 || !document.keepJournal(QString::fromLocal8Bit(argv[1])).isEmpty())
         return EXIT_FAILURE;
     for (int step = 1;; ++step) {
-        const Life life{QStringLiteral("pencil"), {Qt::red, 4}, kSize};
-        document.page().begin(life, createObject(life));
-        document.page().feed(PT_DOWN, {step % 400, 10});
+        document.author().begin(lifeOf("pencil"));
+        document.author().feed(PT_DOWN, QPoint(step % 400, 10));
         for (int i = 0; i < 100; ++i)
-            document.page().feed(PT_MOVE, {(step + i) % 400, 10 + 2 * i});
-        document.page().feed(PT_UP, {step % 400, 250});
+            document.author().feed(PT_MOVE, QPoint((step + i) % 400, 10 + 2 * i));
+        document.author().feed(PT_UP, QPoint(step % 400, 250));
         std::printf("%d\n", step);
         std::fflush(stdout);
     }

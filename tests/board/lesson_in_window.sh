@@ -18,7 +18,7 @@ leave_pages() {
 trap 'leave_pages; clean_up' EXIT
 
 # The object that was deleted before it was let go is none of them.
-has_steps() { [ "$(grep -c '"do":' "$folder"/data/inkboard/journals/*.inkboard)" -eq 24 ]; }
+has_steps() { [ "$(grep -c '"do":' "$folder"/data/inkboard/journals/*.inkboard)" -eq 26 ]; }
 has_file() { [ -s "$folder/$1" ]; }
 keys() {
     for key in "$@"; do

@@ -1,8 +1,10 @@
 // Run once for each of several scales of the screen, which QT_SCALE_FACTOR sets.
 
 #include "MainWindow.h"
+
 #include "Paper.h"
 #include "TextEditor.h"
+#include "lesson/storage/LogReader.h"
 
 #include "Canvas.h"
 
@@ -48,7 +50,7 @@ private:
     void show(double density);
     void drag(const QPointF &from, const QPointF &to);
     double ratio() const { return m_canvas->devicePixelRatioF(); }
-    const Page &page() const { return m_document->page(); }
+    const InkLesson::Page &page() const { return m_document->page(); }
 
     std::unique_ptr<Document> m_document;
     std::unique_ptr<Canvas> m_canvas;
@@ -96,13 +98,13 @@ void tst_Density::makesPagesForTheScreen()
     QCOMPARE(window.document().density(), ratio());
     QCOMPARE(window.document().page().rect().size(), dense);
     QCOMPARE(window.canvas().sizeHint(), QSize(600, 500));
-    const QByteArray header = window.document().log().lines().front();
+    const QByteArray header = InkLesson::headerLine(window.document().lesson().header());
     if (ratio() == 1)
-        QCOMPARE(header, QByteArray(R"({"inkboard":1,"size":[600,500]})"));
+        QCOMPARE(header, QByteArray(R"({"inkboard":2,"size":[600,500]})"));
     else if (ratio() == 1.5)
-        QCOMPARE(header, QByteArray(R"({"density":1.5,"inkboard":1,"size":[900,750]})"));
+        QCOMPARE(header, QByteArray(R"({"density":1.5,"inkboard":2,"size":[900,750]})"));
     else
-        QCOMPARE(header, QByteArray(R"({"density":2,"inkboard":1,"size":[1200,1000]})"));
+        QCOMPARE(header, QByteArray(R"({"density":2,"inkboard":2,"size":[1200,1000]})"));
 }
 
 // The window shows the very pixels of the page.

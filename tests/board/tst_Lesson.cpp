@@ -47,7 +47,7 @@ void leaveBehind(const QString &folder)
 {
     Document document(QSize(600, 400));
     QCOMPARE(document.keepJournal(folder), QString());
-    document.page().setPaper({Paper::Kind::Ruled, {}});
+    document.author().setPaper({InkLesson::Paper::Kind::Ruled, {}});
 }
 
 int kept(const QString &folder)
@@ -248,12 +248,12 @@ void tst_Lesson::offersALessonThatWasNotClosed()
 {
     const QString folder = path("journals");
     leaveBehind(folder);
-    QCOMPARE(Log::abandoned(folder).size(), 1);
+    QCOMPARE(InkLesson::Journal::abandoned(folder).size(), 1);
     answer(QMessageBox::Yes);
     m_window->files().startJournal(folder);
     QCOMPARE(pixel(300, 32), 0xFFCBD8EAU);
     QVERIFY(!document().isSaved());
-    QFile journal(document().log().journalName());
+    QFile journal(document().journalName());
     QVERIFY(journal.open(QIODevice::ReadOnly));
     QVERIFY(journal.readAll().contains("\"ruled\"")); // safe again
 
@@ -270,7 +270,7 @@ void tst_Lesson::forgetsALessonThatIsNotWanted()
     answer(QMessageBox::Discard);
     m_window->files().startJournal(folder);
     QCOMPARE(pixel(300, 32), 0xFFFFFFFFU);
-    QCOMPARE(Log::abandoned(folder).size(), 0);
+    QCOMPARE(InkLesson::Journal::abandoned(folder).size(), 0);
     QCOMPARE(kept(folder), 0);
 
     m_window = std::make_unique<MainWindow>(QSize(600, 400));
@@ -320,7 +320,7 @@ void tst_Lesson::listsUnsavedLessons()
     });
     trigger("recover");
     QCOMPARE(listed, 2);
-    QCOMPARE(Log::abandoned(folder).size(), 2);
+    QCOMPARE(InkLesson::Journal::abandoned(folder).size(), 2);
 
     drawLine(60);
     whenAsked<QDialog>([](QDialog &dialog) {
@@ -335,14 +335,14 @@ void tst_Lesson::listsUnsavedLessons()
     });
     trigger("recover");
     QCOMPARE(pixel(300, 32), 0xFFCBD8EAU);
-    QCOMPARE(Log::abandoned(folder).size(), 1);
+    QCOMPARE(InkLesson::Journal::abandoned(folder).size(), 1);
     whenAsked<QDialog>([&](QDialog &dialog) {
         listed = dialog.findChild<QListWidget *>()->count();
         dialog.findChild<QPushButton *>(QStringLiteral("delete"))->click(); // the last ends the list
     });
     trigger("recover");
     QCOMPARE(listed, 1); // not the one that is open
-    QCOMPARE(Log::abandoned(folder).size(), 0);
+    QCOMPARE(InkLesson::Journal::abandoned(folder).size(), 0);
     QCOMPARE(kept(folder), 1);
     m_window->setAsksBeforeClosing(false);
 }
@@ -352,14 +352,14 @@ void tst_Lesson::saysThatALessonWasRecoveredInPart()
 {
     const QString folder = path("broken");
     leaveBehind(folder);
-    const QString journal = Log::abandoned(folder).constFirst();
+    const QString journal = InkLesson::Journal::abandoned(folder).constFirst();
     QFile file(journal);
     QVERIFY(file.open(QIODevice::Append));
     file.write("nonsense\n");
     file.close();
     whenAsked<QMessageBox>([&](QMessageBox &box) {
         whenAsked<QMessageBox>([&](QMessageBox &warning) {
-            QCOMPARE(warning.text(), journal + ": line 3: do: nothing that can be done");
+            QCOMPARE(warning.text(), journal + ": line 3: nothing that can be read");
             warning.accept();
         });
         box.button(QMessageBox::Yes)->click();
@@ -409,7 +409,7 @@ void tst_Lesson::opensACopyOfWhatIsOpenElsewhere()
     QVERIFY(second.document().isSaved());
     QCOMPARE(second.document().fileName(), QString());
 
-    second.document().page().setPaper({Paper::Kind::Ruled, {}});
+    second.document().author().setPaper({InkLesson::Paper::Kind::Ruled, {}});
     const auto chosen = [](const QString &fileName) {
         whenAsked<QFileDialog>([fileName](QFileDialog &dialog) {
             dialog.setOption(QFileDialog::DontConfirmOverwrite);
@@ -471,7 +471,7 @@ void tst_Lesson::leavesNoJournalWhenClosed()
     const QString folder = path("closed");
     m_window->files().startJournal(folder);
     drawLine(60);
-    QVERIFY(QFile::exists(document().log().journalName()));
+    QVERIFY(QFile::exists(document().journalName()));
     answer(QMessageBox::Discard);
     QVERIFY(m_window->close());
     QCOMPARE(QDir(folder).entryList(QDir::Files), QStringList());

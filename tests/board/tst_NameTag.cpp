@@ -2,8 +2,8 @@
 #include "MainWindow.h"
 #include "NameDialog.h"
 #include "Paper.h"
-#include "RecordText.h"
 #include "Settings.h"
+#include "lesson/log/RecordCode.h"
 
 #include "CInkGraph.h"
 
@@ -50,7 +50,6 @@ private slots:
 
 private:
     QImage shown() { return m_canvas->grab().toImage().convertToFormat(QImage::Format_RGB32); }
-    CInkGraph *object() { return m_document->page().object(); }
     void start(const char *tool, const QPoint &from, const QPoint &to)
     {
         choose(tool);
@@ -112,7 +111,7 @@ void tst_NameTag::goesWithTheCommit()
     start("pencil", {50, 100}, {200, 150});
     QVERIFY(shown() != m_canvas->page().surface().copy(QRect({0, 0}, kSize)));
     mouse(QEvent::MouseButtonRelease, {200, 150});
-    QVERIFY(!m_canvas->page().isBusy());
+    QVERIFY(!isBusy());
     QCOMPARE(shown(), m_canvas->page().surface().copy(QRect({0, 0}, kSize)));
 }
 
@@ -151,8 +150,6 @@ void tst_NameTag::changesNothingOfThePage()
         m_canvas->setSeed(1);
         m_canvas->setInkWidth(9);
         m_canvas->setDrawer({QStringLiteral("Ada"), {}, isShown});
-        m_document->page().setListener(
-            [&](const Record &record) { log += QJsonDocument(toJson(record)).toJson(QJsonDocument::Compact); });
         choose("pencil");
         CanvasProbe::drag({20, 60}, {380, 60});
         m_canvas->setTool(*findTool(name));
@@ -160,6 +157,11 @@ void tst_NameTag::changesNothingOfThePage()
         m_canvas->finish();
         CanvasProbe::drag({300, 200}, {390, 290});
         m_canvas->finish();
+        for (const QByteArray &record : m_document->lesson().log()) {
+            QJsonObject line = QJsonDocument::fromJson(InkLesson::jsonLine(record)).object();
+            line.remove(QStringLiteral("time"));
+            log += QJsonDocument(line).toJson(QJsonDocument::Compact);
+        }
         return m_canvas->page().picture();
     };
     QByteArray logWith;
@@ -231,7 +233,7 @@ void tst_NameTag::asksForTheName()
     keepDrawer(dialog.drawer());
     MainWindow window(kSize);
     QTest::mousePress(&window.canvas(), Qt::LeftButton, Qt::NoModifier, {50, 50});
-    QCOMPARE(QString::fromUtf16(window.document().page().object()->m_szDrawerName), QStringLiteral("Ada"));
+    QCOMPARE(QString::fromUtf16(window.document().author().object()->m_szDrawerName), QStringLiteral("Ada"));
 }
 
 // In a disc, so that the corners are bare.

@@ -1,24 +1,25 @@
-#include "PageOutput.h"
 #include "PageProbe.h"
+
+#include "lesson/output/PageOutput.h"
 
 #include <QtCore/QTemporaryDir>
 #include <QtCore/QXmlStreamReader>
 #include <QtSvg/QSvgRenderer>
 #include <QtTest/QtTest>
 
-using namespace Board;
+using namespace InkLesson;
 
 namespace {
 
-void draw(Page &page, const char *tool, const QPoint &from, const QPoint &to, const QColor &color = Qt::red)
+void draw(InkLesson::Author &author, const char *tool, const QPoint &from, const QPoint &to,
+          const QColor &color = Qt::red)
 {
-    const Life life{QString::fromLatin1(tool), {color, 4}, kSize};
-    page.begin(life, createObject(life), Page::Reach::Reported, InkLesson::findTool(life.tool)->lift);
-    drag(page, from, to);
-    page.finish();
+    author.begin(lifeOf(tool, color));
+    drag(author, from, to);
+    author.finish();
 }
 
-QImage paintedOnce(const Page &page)
+QImage paintedOnce(const InkLesson::Page &page)
 {
     QImage image(page.rect().size(), QImage::Format_RGB32);
     QPainter painter(&image);
@@ -72,21 +73,23 @@ void tst_PageOutput::paintsThePageAsItIs_data()
 void tst_PageOutput::paintsThePageAsItIs()
 {
     QFETCH(QString, name);
-    Page page(kSize);
-    page.setPaper({Paper::Kind::Squared, {}});
-    draw(page, "rectangle", {20, 20}, {380, 280}, Qt::darkGreen);
-    draw(page, name.toLatin1(), {60, 60}, {300, 200}, QColor(200, 30, 60));
-    draw(page, "line", {20, 150}, {380, 140}, Qt::blue);
+    Drawing drawing;
+    const Page &page = drawing.page();
+    drawing.author.setPaper({InkLesson::Paper::Kind::Squared, {}});
+    draw(drawing.author, "rectangle", {20, 20}, {380, 280}, Qt::darkGreen);
+    draw(drawing.author, name.toLatin1(), {60, 60}, {300, 200}, QColor(200, 30, 60));
+    draw(drawing.author, "line", {20, 150}, {380, 140}, Qt::blue);
     QCOMPARE(paintedOnce(page), page.picture());
 }
 
 void tst_PageOutput::showsErasedFilledAndLiftedPixels()
 {
-    Page page(kSize);
-    draw(page, "rectangle", {20, 20}, {380, 280}, Qt::darkGreen);
-    draw(page, "fill", {200, 100}, {200, 100}, Qt::yellow);
-    draw(page, "eraser", {100, 100}, {300, 100});
-    draw(page, "select", {40, 200}, {140, 260});
+    Drawing drawing;
+    const Page &page = drawing.page();
+    draw(drawing.author, "rectangle", {20, 20}, {380, 280}, Qt::darkGreen);
+    draw(drawing.author, "fill", {200, 100}, {200, 100}, Qt::yellow);
+    draw(drawing.author, "eraser", {100, 100}, {300, 100});
+    draw(drawing.author, "select", {40, 200}, {140, 260});
     const QImage image = paintedOnce(page);
     QCOMPARE(image.pixel(200, 60), 0xFFFFFF00U);
     QCOMPARE(image.pixel(200, 100), 0xFFFFFFFFU);
@@ -96,8 +99,9 @@ void tst_PageOutput::showsErasedFilledAndLiftedPixels()
 // Twice as large, a line of four pixels is eight pixels thick: the rows 96 to 103.
 void tst_PageOutput::scalesVectors()
 {
-    Page page(kSize);
-    draw(page, "line", {20, 50}, {180, 50});
+    Drawing drawing;
+    const Page &page = drawing.page();
+    draw(drawing.author, "line", {20, 50}, {180, 50});
     QCOMPARE(exportPage(page, path("twice.png"), 2), QString());
     const QImage image(path("twice.png"));
     QCOMPARE(image.size(), QSize(800, 600));
@@ -111,9 +115,10 @@ void tst_PageOutput::scalesVectors()
 
 void tst_PageOutput::writesVectorsAsSvg()
 {
-    Page page(kSize);
-    draw(page, "pencil", {20, 50}, {180, 50});
-    draw(page, "star-5", {200, 50}, {300, 150}, Qt::blue);
+    Drawing drawing;
+    const Page &page = drawing.page();
+    draw(drawing.author, "pencil", {20, 50}, {180, 50});
+    draw(drawing.author, "star-5", {200, 50}, {300, 150}, Qt::blue);
     QCOMPARE(exportPage(page, path("page.svg")), QString());
     QCOMPARE(count(path("page.svg"), QStringLiteral("image")), 0);
     QVERIFY(count(path("page.svg"), QStringLiteral("path")) >= 1);
@@ -128,15 +133,16 @@ void tst_PageOutput::writesVectorsAsSvg()
     QCOMPARE(image.pixel(100, 50), 0xFFFF0000U);
     QCOMPARE(image.pixel(100, 90), 0xFFFFFFFFU);
 
-    draw(page, "fill", {10, 10}, {10, 10}, Qt::yellow);
+    draw(drawing.author, "fill", {10, 10}, {10, 10}, Qt::yellow);
     QCOMPARE(exportPage(page, path("filled.svg")), QString());
     QCOMPARE(count(path("filled.svg"), QStringLiteral("image")), 1);
 }
 
 void tst_PageOutput::writesOnePdfPage()
 {
-    Page page(kSize);
-    draw(page, "pencil", {20, 50}, {180, 50});
+    Drawing drawing;
+    const Page &page = drawing.page();
+    draw(drawing.author, "pencil", {20, 50}, {180, 50});
     QCOMPARE(exportPage(page, path("page.pdf")), QString());
     const QByteArray pdf = contents(path("page.pdf"));
     QVERIFY(pdf.startsWith("%PDF-"));
@@ -148,7 +154,8 @@ void tst_PageOutput::writesOnePdfPage()
 
 void tst_PageOutput::saysWhatCannotBeWritten()
 {
-    const Page page(kSize);
+    Drawing drawing;
+    const Page &page = drawing.page();
     for (const char *name : {"no/folder.svg", "no/folder.pdf", "no/folder.png"})
         QVERIFY(exportPage(page, path(name)).startsWith(path(name) + QStringLiteral(": cannot be written: ")));
 }

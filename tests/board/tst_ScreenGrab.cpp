@@ -1,6 +1,8 @@
 #include "Canvas.h"
 #include "MainWindow.h"
 
+#include "lesson/log/RecordCode.h"
+
 #include <QtGui/QScreen>
 #include <QtTest/QtTest>
 #include <QtWidgets/QAction>
@@ -35,17 +37,18 @@ void tst_ScreenGrab::takesTheScreenWithoutTheBoardAsPaper()
     MainWindow board(QSize(600, 400));
     board.show();
     QVERIFY(QTest::qWaitForWindowExposed(&board));
-    const Page &page = board.canvas().page();
+    const InkLesson::Page &page = board.canvas().page();
     board.findChild<QAction *>(QStringLiteral("screen-paper"))->trigger();
     QVERIFY(!board.isVisible());
     QTRY_VERIFY(board.isVisible());
-    QCOMPARE(page.paper().kind, Paper::Kind::Picture);
+    QCOMPARE(page.paper().kind, InkLesson::Paper::Kind::Picture);
     const int width = page.paper().picture.width();
     const int middle = page.paper().picture.height() / 2;
     QCOMPARE(page.picture().pixel(width / 4, middle), 0xFF00FF00U);
     QCOMPARE(page.picture().pixel(3 * width / 4, middle), 0xFF0000FFU);
 
-    QVERIFY(board.document().log().lines().back().contains("\"kind\":\"picture\"")); // as any other paper
+    QVERIFY(InkLesson::jsonLine(board.document().lesson().log().back())
+                .contains("\"kind\":\"picture\"")); // as any other paper
     board.document().undo();
     QCOMPARE(page.picture().pixel(width / 4, middle), 0xFFFFFFFFU);
     board.setAsksBeforeClosing(false);

@@ -32,6 +32,10 @@ private:
     void choose(const char *tool) { m_canvas->setTool(*findTool(QString::fromLatin1(tool))); }
     void mouse(QEvent::Type type, const QPointF &pos);
     void drag(const QPointF &from, const QPointF &to);
+    bool isBusy() const { return m_document->author().hand() != nullptr; }
+    bool isForming() const { return isBusy() && m_document->author().hand()->isForming(); }
+    bool canUndo() const { return m_document->author().canUndo(); }
+    CInkGraph *object() const { return m_document->author().object(); }
     bool isInk(int x, int y) const { return m_canvas->page().picture().pixel(x, y) == qRgb(0, 0, 0); }
 
     std::unique_ptr<Document> m_document;
@@ -58,12 +62,12 @@ void tst_SeveralGestures::polygonClosesAtItsFirstVertex()
 {
     choose("polygon");
     drag({50, 50}, {150, 50});
-    QVERIFY(m_canvas->page().isForming());
+    QVERIFY(isForming());
     drag({150, 50}, {150, 120});
-    QVERIFY(m_canvas->page().isForming());
+    QVERIFY(isForming());
     drag({150, 120}, {53, 54}); // exactly 5 pixels from the first vertex
-    QVERIFY(m_canvas->page().isBusy());
-    QVERIFY(!m_canvas->page().isForming());
+    QVERIFY(isBusy());
+    QVERIFY(!isForming());
 
     m_canvas->finish();
     QVERIFY(isInk(100, 50));  // along the top
@@ -80,12 +84,12 @@ void tst_SeveralGestures::polygonIsCompletedByADoubleClick()
     // The window system gives press, release, double click, release.
     mouse(QEvent::MouseButtonPress, {50, 120});
     mouse(QEvent::MouseButtonRelease, {50, 120});
-    QVERIFY(m_canvas->page().isForming());
+    QVERIFY(isForming());
     mouse(QEvent::MouseButtonDblClick, {50, 120});
-    QVERIFY(m_canvas->page().isForming());
+    QVERIFY(isForming());
     mouse(QEvent::MouseButtonRelease, {50, 120});
-    QVERIFY(m_canvas->page().isBusy());
-    QVERIFY(!m_canvas->page().isForming());
+    QVERIFY(isBusy());
+    QVERIFY(!isForming());
 
     m_canvas->finish();
     QVERIFY(isInk(100, 120));
@@ -96,21 +100,21 @@ void tst_SeveralGestures::polygonAbandonedAtItsFirstReleaseMakesRoomForTheNext()
 {
     choose("polygon");
     drag({50, 50}, {51, 51});
-    QVERIFY(!m_canvas->page().isBusy());
+    QVERIFY(!isBusy());
     drag({60, 60}, {150, 60});
-    QVERIFY(m_canvas->page().isForming());
+    QVERIFY(isForming());
 }
 
 void tst_SeveralGestures::curveTakesThreeDrags()
 {
     choose("curve");
     drag({50, 150}, {250, 150});
-    QVERIFY(m_canvas->page().isForming());
+    QVERIFY(isForming());
     drag({80, 150}, {50, 30});
-    QVERIFY(m_canvas->page().isForming());
+    QVERIFY(isForming());
     drag({220, 150}, {250, 30});
-    QVERIFY(m_canvas->page().isBusy());
-    QVERIFY(!m_canvas->page().isForming());
+    QVERIFY(isBusy());
+    QVERIFY(!isForming());
 
     m_canvas->finish();
     // At its middle the curve is at y = (150 + 3 * 30 + 3 * 30 + 150) / 8 = 60.
@@ -122,7 +126,7 @@ void tst_SeveralGestures::curveWithoutExtentIsAbandoned()
 {
     choose("curve");
     drag({50, 150}, {51, 150});
-    QVERIFY(!m_canvas->page().isBusy());
+    QVERIFY(!isBusy());
 }
 
 QTEST_MAIN(tst_SeveralGestures)

@@ -70,10 +70,10 @@ void tst_TextEditor::typesTextOverItsFrame()
     const QRect one = inkBounds(picture);
     QVERIFY(QRect(55, 65, 60, 40).contains(one));
     QVERIFY(one.height() >= 12 && one.height() <= 24);
-    QVERIFY(m_canvas->page().canUndo());
+    QVERIFY(canUndo());
     m_canvas->undo();
     QCOMPARE(m_canvas->page().picture(), blankPaper(kSize));
-    QVERIFY(!m_canvas->page().canUndo());
+    QVERIFY(!canUndo());
 }
 
 // By (30,20) with the tab at (128,200)-(172,223), then by its corner to (240,200).
@@ -99,7 +99,7 @@ void tst_TextEditor::aPressOutsideLetsTextGo()
     type("H");
     drag({300, 250}, {380, 290});
     QVERIFY(!textEditor());
-    QVERIFY(!m_canvas->page().isBusy());
+    QVERIFY(!isBusy());
     QVERIFY(QRect(55, 65, 191, 115).contains(inkBounds(m_canvas->page().picture())));
 }
 
@@ -138,7 +138,7 @@ void tst_TextEditor::forgetsEmptyText()
     type("  ");
     m_canvas->finish();
     QVERIFY(!textEditor());
-    QVERIFY(!m_canvas->page().canUndo());
+    QVERIFY(!canUndo());
     QCOMPARE(m_canvas->page().picture(), blankPaper(kSize));
     QCOMPARE(m_canvas->page().surface(), blankPaper(kSize));
 }
@@ -150,7 +150,7 @@ void tst_TextEditor::enterInTheSizeBoxKeepsTheEditor()
     type("H");
     QTest::keyClick(m_canvas->findChild<QSpinBox *>(), Qt::Key_Return);
     QVERIFY(textEditor());
-    QVERIFY(m_canvas->page().isBusy());
+    QVERIFY(isBusy());
 }
 
 void tst_TextEditor::deletesTextWithItsEditor()
@@ -160,8 +160,8 @@ void tst_TextEditor::deletesTextWithItsEditor()
     type("H");
     m_canvas->discard();
     QVERIFY(!textEditor());
-    QVERIFY(!m_canvas->page().isBusy());
-    QVERIFY(!m_canvas->page().canUndo());
+    QVERIFY(!isBusy());
+    QVERIFY(!canUndo());
     QCOMPARE(m_canvas->page().surface(), blankPaper(kSize));
     QVERIFY(m_canvas->hasFocus());
 }

@@ -119,7 +119,7 @@ void tst_Tools::drawsTheKindOfItsName()
             QCOMPARE(QByteArray(tool.kind->name), QByteArray(tool.name));
         else
             withoutKind.append(QString::fromLatin1(tool.name));
-        QCOMPARE(bool(tool.kind), tool.use == Use::Draws);
+        QCOMPARE(bool(tool.kind), tool.use == Use::Draws || tool.use == Use::Pours);
         QCOMPARE(tool.option.has_value(), tool.kind && tool.kind->option);
     }
     QCOMPARE(withoutKind, (QStringList{QStringLiteral("pick"), QStringLiteral("remove"), QStringLiteral("laser")}));

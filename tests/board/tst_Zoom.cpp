@@ -50,7 +50,7 @@ private:
     QTest::QTouchEventSequence touch() { return QTest::touchEvent(m_canvas.get(), m_screen); }
     QPoint corner() { return m_canvas->view().corner(); }
     double zoom() { return m_canvas->view().zoom(); }
-    bool isUntouched() { return !m_canvas->page().isBusy() && m_canvas->page().picture() == blankPaper(kSize); }
+    bool isUntouched() { return !isBusy() && m_canvas->page().picture() == blankPaper(kSize); }
 
     QTouchDevice *m_screen{}; // owned by Qt
 };
@@ -239,7 +239,7 @@ void tst_Zoom::aRestingFingerDraws()
     touch().press(0, QPoint(20, 50), m_canvas.get());
     touch().move(0, QPoint(26, 50), m_canvas.get()); // not yet
     QVERIFY(isUntouched());
-    QTRY_VERIFY(m_canvas->page().isBusy());
+    QTRY_VERIFY(isBusy());
     touch().stationary(0).press(1, QPoint(250, 150), m_canvas.get());
     touch().move(0, QPoint(80, 50), m_canvas.get()).move(1, QPoint(300, 250), m_canvas.get());
     touch().release(0, QPoint(80, 50), m_canvas.get()).release(1, QPoint(300, 250), m_canvas.get());

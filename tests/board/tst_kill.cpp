@@ -36,13 +36,13 @@ void tst_kill::losesNoCommittedObject()
         const int done = int(printed.count('\n'));
         QVERIFY(done > 0);
 
-        const QStringList journals = Log::abandoned(folder.path());
+        const QStringList journals = InkLesson::Journal::abandoned(folder.path());
         QCOMPARE(journals.size(), 1);
         Document document(kSize);
         const QString problem = document.recover(journals.constFirst());
         QVERIFY2(problem.isEmpty() || problem.endsWith(QStringLiteral("it was cut off here")), qPrintable(problem));
         cutLines += problem.isEmpty() ? 0 : 1;
-        const int kept = document.undoStack().index();
+        const int kept = document.stepsToUndo();
         QVERIFY2(kept == done || kept == done + 1, qPrintable(QStringLiteral("%1 of %2").arg(kept).arg(done)));
     }
     qInfo("%d times within a line", cutLines);

@@ -339,7 +339,7 @@ void tst_play::playsALesson()
     const Result result = run({QStringLiteral("--play"), write("bad.inkboard", lesson + "nonsense\n"),
                                QStringLiteral("--png"), QStringLiteral("out.png")});
     QCOMPARE(result.code, 2);
-    QCOMPARE(result.err, QStringLiteral("bad.inkboard: line 4: do: nothing that can be done\n"));
+    QCOMPARE(result.err, QStringLiteral("bad.inkboard: line 4: nothing that can be read\n"));
     QVERIFY(!QFile::exists(path("out.png")));
 }
 
@@ -354,7 +354,7 @@ void tst_play::showsEveryTool()
     QVERIFY(bytes.contains("\"tool\":\"picture\""));
     for (const Board::Tool &tool : Board::tools()) {
         const QByteArray name = tool.name;
-        const bool leavesNoMark = name == "water-color-pen" || name == "heart" || tool.use != Board::Use::Draws;
+        const bool leavesNoMark = name == "water-color-pen" || name == "heart" || !tool.kind;
         QCOMPARE(bytes.contains("\"tool\":\"" + name + '"'), !leavesNoMark);
     }
 }

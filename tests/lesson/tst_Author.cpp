@@ -238,7 +238,31 @@ TEST_F(AuthorTest, aPictureIsAStepOfItsOwn)
     EXPECT_EQ(things(), 0U);
 }
 
-// The hole and what was lifted from it go together; the move of it is the next step.
+// What a drag removes is one step, unless it is undone under way.
+TEST_F(AuthorTest, removesInOneStepUntilThatIsUndone)
+{
+    std::vector<ObjectId> blocks;
+    for (int i = 0; i < 4; ++i) {
+        lesson.apply(record(2, 1 + i, Draw{blockLife({40 * i, 40, 20, 20}, QColor(kRed))}));
+        records.push_back({});
+        blocks.push_back({2, 1 + i});
+    }
+    int step = me.remove({blocks[0]});
+    EXPECT_EQ(step, 1);
+    step = me.remove({blocks[1]}, step);
+    EXPECT_EQ(step, 1);
+    me.undo();
+    EXPECT_EQ(things(), 4U);
+    step = me.remove({blocks[2]}, step);
+    EXPECT_EQ(step, 4);
+    step = me.remove({blocks[3]}, step);
+    EXPECT_EQ(step, 4);
+    EXPECT_EQ(things(), 2U);
+    me.undo();
+    EXPECT_EQ(things(), 4U);
+}
+
+// The hole, what was lifted from it, and the first move of that; the next move is the next step.
 TEST_F(AuthorTest, aSelectionIsOneStepWithWhatItLifts)
 {
     lesson.apply(record(2, 1, Draw{blockLife({40, 40, 20, 20}, QColor(kRed))}));
@@ -256,11 +280,16 @@ TEST_F(AuthorTest, aSelectionIsOneStepWithWhatItLifts)
     drag(me, {50, 50}, {110, 50});
     me.finish();
     EXPECT_EQ(records.size(), 4U);
-    EXPECT_EQ(records[3].step, 3);
+    EXPECT_EQ(records[3].step, 1);
     EXPECT_EQ(at(110, 50), kRed);
     EXPECT_EQ(at(50, 50), kWhite);
+    me.reopen(records[2].id);
+    drag(me, {110, 50}, {110, 110});
+    me.finish();
+    EXPECT_EQ(records[4].step, 4);
+    EXPECT_EQ(at(110, 110), kRed);
     me.undo();
-    EXPECT_EQ(at(50, 50), kRed);
+    EXPECT_EQ(at(110, 50), kRed);
     EXPECT_EQ(things(), 3U);
     me.undo();
     EXPECT_EQ(things(), 1U);

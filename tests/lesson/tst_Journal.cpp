@@ -134,7 +134,7 @@ protected:
     Disk disk;
     Journal journal{std::make_unique<ForgetfulFile>(disk)};
     Lesson lesson{{kSize, 1}};
-    const QString noFile;
+    const SavedFile noFile;
 };
 
 TEST_F(JournalTest, writesEachStepOnce)
@@ -269,11 +269,15 @@ TEST_F(JournalTest, restsUntilThereIsMore)
     EXPECT_TRUE(journal.follow(lesson, noFile));
     EXPECT_EQ(disk.all(), "");
     lesson.apply(clearRecord(3));
-    journal.follow(lesson, QStringLiteral("/home/lesson.inkboard"));
+    journal.follow(lesson, {QStringLiteral("/home/lesson.inkboard"), 1700000000123, 4096});
     EXPECT_EQ(disk.all().count('\n'), 4); // all of it again
-    EXPECT_TRUE(disk.all().startsWith("{\"file\":\"/home/lesson.inkboard\",\"inkboard\":2,"));
+    EXPECT_TRUE(disk.all().startsWith("{\"file\":\"/home/lesson.inkboard\",\"file-bytes\":4096,"
+                                      "\"file-time\":1700000000123,\"inkboard\":2,"));
     write(disk.all());
-    EXPECT_EQ(Journal::lessonFileOf(found), QStringLiteral("/home/lesson.inkboard"));
+    const SavedFile saved = Journal::savedFileOf(found);
+    EXPECT_EQ(saved.name, QStringLiteral("/home/lesson.inkboard"));
+    EXPECT_EQ(saved.time, 1700000000123);
+    EXPECT_EQ(saved.bytes, 4096);
     EXPECT_EQ(openLesson(found, problem)->log(), lesson.log());
     EXPECT_EQ(problem, QString());
 }
@@ -329,17 +333,17 @@ TEST(Journal, isAFileThatOutlivesTheProgram)
         ASSERT_TRUE(journal.keep(folder.filePath(QStringLiteral("sub")), QStringLiteral("name"), problem));
         EXPECT_EQ(journal.fileName(), path);
         lesson.apply(clearRecord(1));
-        EXPECT_TRUE(journal.follow(lesson, QString()));
+        EXPECT_TRUE(journal.follow(lesson, SavedFile()));
         EXPECT_EQ(bytesOf(path).count('\n'), 2);                                           // at once
         EXPECT_TRUE(Journal::abandoned(folder.filePath(QStringLiteral("sub"))).isEmpty()); // it is kept here
         Journal second;
         EXPECT_FALSE(second.keep(folder.filePath(QStringLiteral("sub")), QStringLiteral("name"), problem));
         EXPECT_TRUE(problem.startsWith(path + QStringLiteral(": no journal can be kept: ")));
-        EXPECT_FALSE(second.follow(lesson, QString()));
+        EXPECT_FALSE(second.follow(lesson, SavedFile()));
     }
     EXPECT_EQ(Journal::abandoned(folder.filePath(QStringLiteral("sub"))), QStringList{path});
-    EXPECT_EQ(Journal::lessonFileOf(path), QString());
-    EXPECT_EQ(Journal::lessonFileOf(folder.filePath(QStringLiteral("nothing"))), QString());
+    EXPECT_EQ(Journal::savedFileOf(path).name, QString());
+    EXPECT_EQ(Journal::savedFileOf(folder.filePath(QStringLiteral("nothing"))).name, QString());
     EXPECT_EQ(openLesson(path, problem)->log(), lesson.log());
 }
 
@@ -370,7 +374,7 @@ TEST(Journal, theFolderIsSyncedAfterTheFile)
     ASSERT_TRUE(journal.keep(folder.path(), QStringLiteral("name"), problem));
     synced.clear();
     lesson.apply(clearRecord(1));
-    journal.follow(lesson, QString());
+    journal.follow(lesson, SavedFile());
     EXPECT_EQ(synced, QStringList());
     journal.sync();
     const QString path = QDir(folder.path()).canonicalPath();

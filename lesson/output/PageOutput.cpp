@@ -1,9 +1,8 @@
-#include "PageOutput.h"
-
-#include "Page.h"
+#include "lesson/output/PageOutput.h"
 
 #include "lesson/layers/StateMark.h"
 #include "lesson/output/PngFile.h"
+#include "lesson/pages/Page.h"
 #include "lesson/paper/PageSize.h"
 #include "lesson/paper/PaperPainter.h"
 
@@ -15,20 +14,19 @@
 #include <QtGui/QPdfWriter>
 #include <QtSvg/QSvgGenerator>
 
-namespace Board {
+namespace InkLesson {
 
 namespace {
 
 constexpr int kDotsPerInch = 96; // of a plain screen, so that the page prints at its size there
 
-void paintItem(QPainter &painter, const Page::Item &item, const Page &page)
+void paintItem(QPainter &painter, const Item &item, const Page &page)
 {
-    const InkLesson::StateMark mark(painter);
-    const InkLesson::Tool *tool = InkLesson::findTool(item.life.tool);
-    QRect area = item.reach & page.rect();
+    const StateMark mark(painter);
+    QRect area = item.asked & page.rect();
     painter.setClipRect(area);
-    if (tool && tool->paintFlat)
-        tool->paintFlat(painter, *item.object, page.background());
+    if (item.tool && item.tool->paintFlat)
+        item.tool->paintFlat(painter, *item.object, page.background());
     else
         item.object->Draw(painter, area);
 }
@@ -36,7 +34,7 @@ void paintItem(QPainter &painter, const Page::Item &item, const Page &page)
 QImage painted(const Page &page, double scale)
 {
     const QSize size = (QSizeF(page.rect().size()) * scale).toSize();
-    QImage image(InkLesson::pageSizeProblem(size).isEmpty() ? size : QSize(), QImage::Format_RGB32);
+    QImage image(pageSizeProblem(size).isEmpty() ? size : QSize(), QImage::Format_RGB32);
     QPainter painter;
     if (!image.isNull() && painter.begin(&image))
         paintPage(painter, page);
@@ -84,13 +82,13 @@ QString exportPage(const Page &page, const QString &fileName, double scale)
 {
     const QString kind = QFileInfo(fileName).suffix().toLower();
     if (kind != QLatin1String("svg") && kind != QLatin1String("pdf"))
-        return InkLesson::savePng(scale == 1.0 ? page.picture() : painted(page, scale), fileName);
+        return savePng(scale == 1.0 ? page.picture() : painted(page, scale), fileName);
     QSaveFile file(fileName);
     const QByteArray bytes = painted(page, kind);
     if (file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit())
         return {};
-    return QCoreApplication::translate("Board::PageOutput", "%1: cannot be written: %2")
+    return QCoreApplication::translate("InkLesson::PageOutput", "%1: cannot be written: %2")
         .arg(fileName, file.errorString());
 }
 
-} // namespace Board
+} // namespace InkLesson
