@@ -70,6 +70,8 @@ lesson) # by CMake, then by pkg-config where that is
         export PKG_CONFIG_PATH=$libdir/pkgconfig
         g++ -std=c++17 -fPIC "$here/lesson/main.cpp" -o host $(pkg-config --cflags --libs InkLesson)
     fi
+    strange=$(nm --dynamic --defined-only --demangle "$libdir/libInkLesson.so" | grep --invert-match InkLesson:: || true)
+    [ -z "$strange" ] || fail "libInkLesson exports what is not its own: $(head -n 3 <<<"$strange")"
     ;;
 minimal-host | guide) # which have windows, and are run by tests of their own
     "$tool" -S "$here/../../examples/$way" -B . -D CMAKE_PREFIX_PATH="$prefix" -D CMAKE_BUILD_TYPE=Release
