@@ -18,7 +18,7 @@ foreach(manifest IN LISTS manifests)
         endif()
 
         cmake_path(GET path PARENT_PATH folder)
-        while(folder MATCHES "/(InkGraphics|inkboard)(/|$)" AND IS_DIRECTORY ${folder})
+        while(folder MATCHES "/(InkGraphics|InkLesson|inkboard)(/|$)" AND IS_DIRECTORY ${folder})
             file(GLOB left ${folder}/*)
             if(left)
                 break()

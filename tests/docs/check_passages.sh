@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Every C++ block of the host guide is, letter for letter, a passage of a source that is compiled, and every marked
-# passage stands in the guide. A block is announced by the line `<!-- passage FILE NAME -->`, a passage lies between two
+# Every C++ block of the guides is, letter for letter, a passage of a source that is compiled, and every marked
+# passage stands in one. A block is announced by the line `<!-- passage FILE NAME -->`, a passage lies between two
 # lines `//! [NAME]`; the passage's common indentation is left out.
 # usage: check_passages.sh PROJECT_FOLDER
 set -euo pipefail
@@ -35,7 +35,7 @@ awk -v work="$work" '
     /^```cpp$/ { inside = 1; ++count; print FILENAME, count, announced; announced = ""; out = work "/" count; printf "" > out; next }
     /^```$/ && inside { inside = 0; close(out); next }
     inside { print > out }
-' docs/host-guide.md docs/guide/*.md >"$work/blocks"
+' docs/host-guide.md docs/guide/*.md docs/lesson.md >"$work/blocks"
 
 while read -r page number file name; do
     if [ -z "$name" ]; then
@@ -47,11 +47,11 @@ while read -r page number file name; do
 done <"$work/blocks"
 
 awk '{ print $3, $4 }' "$work/blocks" | sort -u >"$work/shown"
-grep -roE '//! \[[a-z]+\]' examples/guide | sed -E 's,://! \[(.*)\]$, \1,' | sort >"$work/marks"
+grep -roE '//! \[[a-z]+\]' examples/guide tests/package/lesson | sed -E 's,://! \[(.*)\]$, \1,' | sort >"$work/marks"
 sort -u "$work/marks" | comm -23 - "$work/shown" >"$work/unshown"
-while read -r file name; do complain "[$name] of $file stands nowhere in the guide"; done <"$work/unshown"
+while read -r file name; do complain "[$name] of $file stands nowhere in a guide"; done <"$work/unshown"
 
 blocks=$(wc -l <"$work/blocks")
-[ "$blocks" -gt 0 ] || complain "the guide has no block"
+[ "$blocks" -gt 0 ] || complain "the guides have no block"
 [ "$failed" -eq 0 ] && echo "$blocks blocks are passages of compiled sources"
 exit "$failed"
