@@ -1,6 +1,7 @@
 #pragma once
 
-// Lessons as several people might hold them: everything that can be done to pages and objects, by chance.
+// Lessons as several people might hold them: everything that can be done to pages and objects, by chance. Random
+// numbers are drawn in braces or in statements of their own: the order of a call's arguments is the compiler's.
 
 #include "RandomCases.h"
 
@@ -77,7 +78,7 @@ private:
             managePages(person);
             break;
         case 9:
-            person.pour(point(), color());
+            pour(person);
             break;
         case 10:
             person.insert(picture(person.page()));
@@ -95,6 +96,12 @@ private:
         default:
             draw(person);
         }
+    }
+
+    void pour(InkLesson::Author &person)
+    {
+        const QPoint seed = point();
+        person.pour(seed, color());
     }
 
     void draw(InkLesson::Author &person)
@@ -192,7 +199,7 @@ private:
     }
     QImage image()
     {
-        QImage image(m_random.from(1, 40), m_random.from(1, 30), QImage::Format_ARGB32);
+        QImage image(QSize{m_random.from(1, 40), m_random.from(1, 30)}, QImage::Format_ARGB32);
         for (int y = 0; y < image.height(); ++y) {
             for (int x = 0; x < image.width(); ++x)
                 image.setPixelColor(x, y, color());

@@ -3,10 +3,9 @@
 //
 // usage: digest_lives OBJECTS
 
-#include "Digest.h"
+#include "Geometry.h"
 #include "Lives.h"
 #include "RandomCases.h"
-#include "Snapshot.h"
 
 #include <cmath>
 #include <cstdio>
@@ -16,21 +15,6 @@ namespace {
 
 constexpr QSize kCanvas(160, 120);
 constexpr int kKnob = 8; // of m_hotPts
-
-void add(Digest &digest, const Snapshot &state)
-{
-    digest.add(state.points.size());
-    for (const QPointF &point : state.points)
-        digest.add(point);
-    for (const QPointF &handle : state.handles)
-        digest.add(handle);
-    digest.add(state.center);
-    digest.add(state.last);
-    digest.add(state.hot);
-    digest.add(double(state.angle));
-    for (const int flag : state.flags)
-        digest.add(flag);
-}
 
 // Random numbers are drawn in braces or in statements of their own: the order of a call's arguments is the compiler's.
 class Life
