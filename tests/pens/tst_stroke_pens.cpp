@@ -1,9 +1,10 @@
-// What brush, flat brush and highlighter share: how they collect a stroke, and what they leave alone; and how the two
-// with a round pen paint it.
+// What pencil, brush, flat brush and highlighter share: how they collect a stroke, and what they leave alone. How those
+// with a round pen paint it is in tst_round_pens.cpp.
 
 #include "CInkBrush.h"
 #include "CInkFlatBrush.h"
 #include "CInkHighLightPen.h"
+#include "CInkPencil.h"
 #include "PenStroke.h"
 
 #include <gtest/gtest.h>
@@ -16,29 +17,8 @@ template <typename Pen>
 class StrokePen : public ::testing::Test
 {
 };
-using StrokePens = ::testing::Types<CInkBrush, CInkFlatBrush, CInkHighLightPen>;
+using StrokePens = ::testing::Types<CInkPencil, CInkBrush, CInkFlatBrush, CInkHighLightPen>;
 TYPED_TEST_SUITE(StrokePen, StrokePens, );
-
-// Those whose clip outlives them.
-template <typename Pen>
-class RoundStrokePen : public ::testing::Test
-{
-};
-using RoundStrokePens = ::testing::Types<CInkBrush, CInkHighLightPen>;
-TYPED_TEST_SUITE(RoundStrokePen, RoundStrokePens, );
-
-// The pen that they paint a stroke of `color` with.
-QPen penOf(const CInkBrush & /*pen*/, const QColor &color, int width)
-{
-    return roundPen(color, width);
-}
-
-QPen penOf(const CInkHighLightPen & /*pen*/, const QColor &color, int width)
-{
-    return roundPen(QColor(color.red(), color.green(), color.blue(), 100), width);
-}
-
-const QColor kTranslucentRed(255, 0, 0, 120);
 
 } // namespace
 
@@ -50,6 +30,19 @@ TYPED_TEST(StrokePen, iconSitsAboveTheLastPosition)
     EXPECT_EDGES(pen.GetDisIconRect(), 100, 20, 129, 49);
     pen.m_graphData = {QPointF(-3.7, -2.2)};
     EXPECT_EDGES(pen.GetDisIconRect(), -3, -32, 26, -3);
+}
+
+TYPED_TEST(StrokePen, iconIsCoveredWhileTheStrokeGrows)
+{
+    TypeParam pen;
+    pen.SetWidth(1);
+    pen.ShowDrawerIcon(1);
+    feed(pen, PT_DOWN, 100, 100);
+    EXPECT_EDGES(feed(pen, PT_MOVE, 150, 130), 80, 80, 179, 150);
+    EXPECT_EDGES(pen.m_rcIcon, 150, 100, 179, 129);
+    // Frame (68,68) to (182,162); the release still covers the icon of the segment before it.
+    EXPECT_EDGES(feed(pen, PT_UP, 150, 130), 68, 68, 182, 162);
+    EXPECT_EDGES(pen.GetUpdateRect(), 68, 68, 182, 162);
 }
 
 TYPED_TEST(StrokePen, everyCodeAppendsThePosition)
@@ -108,6 +101,10 @@ TYPED_TEST(StrokePen, strokesWithoutASegmentPaintNothing)
     tap.SetWidth(20);
     feed(tap, PT_UP, 100, 80);
     EXPECT_TRUE(isBlank(drawn(tap)));
+    TypeParam click;
+    click.SetWidth(20);
+    drag(click, {100, 80}, {100, 80});
+    EXPECT_TRUE(isBlank(drawn(click)));
 }
 
 TYPED_TEST(StrokePen, drawLeavesTheCallersRectangle)
@@ -152,6 +149,8 @@ TYPED_TEST(StrokePen, emptiedListIsSurvived)
     pen.m_graphData.clear();
     EXPECT_TRUE(isBlank(drawn(pen)));
     EXPECT_NULL_RECT(pen.GetDisIconRect());
+    pen.m_graphData = {QPointF(1, 1)};
+    EXPECT_TRUE(isBlank(drawn(pen)));
 }
 
 TYPED_TEST(StrokePen, extremeCoordinatesArePaintedWithoutHarm)
@@ -172,119 +171,17 @@ TYPED_TEST(StrokePen, extremeCoordinatesArePaintedWithoutHarm)
     }
 }
 
-TYPED_TEST(RoundStrokePen, finishedStrokeWiderThanItsFrameIsCutOnlyByTheHost)
+TYPED_TEST(StrokePen, painterThatIsNotActivePaintsNothing)
 {
-    TypeParam pen;
-    pen.SetColor(Qt::black);
-    pen.SetWidth(100);
-    drag(pen, {200, 150}, {200, 160});
-    EXPECT_NE(drawn(pen).pixel(155, 155), 0u);
-    const QImage cut = painted([&](QPainter &painter) {
-        QRect none;
-        pen.Draw(painter, none);
-    });
-    EXPECT_NE(cut.pixel(168, 155), 0u);
-    EXPECT_EQ(cut.pixel(167, 155), 0u);
-}
-
-TYPED_TEST(RoundStrokePen, painterIsGivenBackButForItsClip)
-{
-    TypeParam pen;
-    EXPECT_EDGES(clipAfterDrawWithOddPainter(pen), 0, 0, -1, -1);
-    feedZigzag(pen);
-    EXPECT_EDGES(clipAfterDrawWithOddPainter(pen), 0, 0, 399, 299);
-    pen.FinishGraph();
-    EXPECT_EDGES(clipAfterDrawWithOddPainter(pen), 0, 0, 399, 299);
-}
-
-TYPED_TEST(RoundStrokePen, strokeIsOnePath)
-{
-    for (const int width : {0, 1, 2, 9, 25}) {
-        SCOPED_TRACE(width);
+    const MessageLog log; // of Qt's complaints
+    QPainter painter;
+    for (const int points : {1, 2, 3, 40}) {
         TypeParam pen;
-        feedZigzag(pen);
-        pen.SetWidth(width);
-        pen.SetColor(kTranslucentRed); // one path: crossings are no darker
-        const QImage expected = smoothStroke(zigzagPath(), penOf(pen, kTranslucentRed, width));
-        EXPECT_FALSE(isBlank(expected));
-        EXPECT_TRUE(samePixels(drawn(pen), expected));
-        pen.FinishGraph();
-        EXPECT_TRUE(samePixels(drawn(pen), expected));
-        EXPECT_EQ(pen.m_color, QColor(kTranslucentRed));
+        for (int i = 0; i < points; ++i)
+            feed(pen, PT_MOVE, 10 * i, 20);
+        QRect area(0, 0, 400, 300);
+        pen.Draw(painter, area);
+        EXPECT_EDGES(area, 0, 0, 399, 299);
+        EXPECT_FALSE(painter.isActive());
     }
-}
-
-TYPED_TEST(RoundStrokePen, strokeIsPaintedWithTheFinestAntialiasing)
-{
-    TypeParam pen;
-    feedZigzag(pen);
-    pen.SetWidth(9);
-    const auto calls = paintCalls(pen);
-    ASSERT_EQ(calls.size(), 1);
-    EXPECT_TRUE(calls[0].isPath);
-    EXPECT_TRUE(calls[0].hints.testFlag(QPainter::Antialiasing));
-    EXPECT_TRUE(int(calls[0].hints) & 0x08); // high-quality antialiasing, a name that is deprecated
-    EXPECT_FALSE(calls[0].hints.testFlag(QPainter::SmoothPixmapTransform));
-    EXPECT_TRUE(calls[0].transform.isIdentity());
-    EXPECT_EQ(calls[0].pen, penOf(pen, QColor(0, 0, 0), 9));
-}
-
-TYPED_TEST(RoundStrokePen, clipHoldsTheHostsRectangleInEveryPhase)
-{
-    TypeParam pen;
-    feedZigzag(pen);
-    EXPECT_EDGES(clipAfterDraw(pen, QRect(0, 0, 50, 50)), 0, 0, 140, 170);
-    EXPECT_EDGES(clipAfterDraw(pen, QRect()), 90, 40, 140, 170);
-    pen.FinishGraph();
-    EXPECT_EDGES(clipAfterDraw(pen, QRect(0, 0, 50, 50)), 0, 0, 232, 182);
-    EXPECT_EDGES(clipAfterDraw(pen, QRect(0, 0, 400, 300)), 0, 0, 399, 299);
-    EXPECT_EDGES(clipAfterDraw(pen, QRect()), 68, 8, 232, 182);
-}
-
-TYPED_TEST(RoundStrokePen, painterKeepsItsTransformAndBrush)
-{
-    TypeParam pen;
-    feedZigzag(pen);
-    pen.SetColor(kTranslucentRed);
-    pen.SetWidth(6);
-    pen.m_fRotateAngle = 45;
-    const QImage image = painted([&](QPainter &painter) {
-        QRect all(0, 0, 400, 300);
-        painter.translate(15, 25);
-        painter.setBrush(QColor(0, 200, 0, 90));
-        pen.Draw(painter, all);
-    });
-    const QImage expected = painted([&](QPainter &painter) {
-        painter.translate(15, 25);
-        painter.setRenderHint(QPainter::Antialiasing);
-        painter.setBrush(QColor(0, 200, 0, 90));
-        painter.setPen(penOf(pen, kTranslucentRed, 6));
-        painter.drawPath(zigzagPath());
-    });
-    EXPECT_TRUE(samePixels(image, expected));
-}
-
-TYPED_TEST(RoundStrokePen, layersFollowTheCommit)
-{
-    TypeParam pen;
-    feedZigzag(pen);
-    pen.SetWidth(4);
-    pen.SetColor(kTranslucentRed);
-    pen.ShowDrawerName(1);
-    pen.ShowDrawerIcon(1);
-    pen.m_sizeName = QSize(60, 20);
-    const QImage expected = smoothStroke(zigzagPath(), penOf(pen, kTranslucentRed, 4));
-    Layers growing;
-    growing.draw(pen);
-    EXPECT_TRUE(samePixels(growing.surface, expected));
-    EXPECT_TRUE(isBlank(growing.page));
-    EXPECT_TRUE(isBlank(growing.background));
-    EXPECT_TRUE(isBlank(growing.ink));
-    pen.FinishGraph();
-    Layers finished;
-    finished.draw(pen);
-    EXPECT_TRUE(samePixels(finished.surface, expected));
-    EXPECT_TRUE(samePixels(finished.ink, expected));
-    EXPECT_TRUE(samePixels(finished.page, expected));
-    EXPECT_TRUE(isBlank(finished.background));
 }
