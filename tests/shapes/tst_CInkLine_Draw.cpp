@@ -10,8 +10,6 @@
 
 #include <gtest/gtest.h>
 
-#include <climits>
-
 namespace {
 
 QPen roundPen(const QColor &color, double width)
@@ -198,24 +196,6 @@ TEST(CInkLine, handlesHaveTheRadiusOfTheirReach)
         drawn(line), segmentWithHandles(roundPen(Qt::black, 20), QRectF(93, 73, 14, 14), QRectF(193, 133, 14, 14))));
 }
 
-TEST(CInkLine, hiddenHandlesAreNotPainted)
-{
-    CInkLine line;
-    drag(line, {100, 80}, {200, 140});
-    line.m_bHideHotShape = 1;
-    EXPECT_TRUE(samePixels(drawn(line), segment(roundPen(Qt::black, 10), {100, 80}, {200, 140})));
-}
-
-TEST(CInkLine, committedLineShowsNoHandles)
-{
-    CInkLine line;
-    drag(line, {100, 80}, {200, 140});
-    feed(line, PT_DOWN, 350, 250);
-    EXPECT_TRUE(samePixels(drawn(line), segment(roundPen(Qt::black, 10), {100, 80}, {200, 140})));
-    line.m_bHideHotShape = 0;
-    EXPECT_TRUE(samePixels(drawn(line), segment(roundPen(Qt::black, 10), {100, 80}, {200, 140})));
-}
-
 TEST(CInkLine, lineFinishedAfterThePressIsADot)
 {
     CInkLine line;
@@ -294,23 +274,6 @@ TEST(CInkLine, drawHotShapeTestsNoFlag)
         paintHandle(painter, QRectF(197, 137, 6, 6));
     });
     EXPECT_TRUE(samePixels(image, expected));
-}
-
-TEST(CInkLine, drawAsksTheOverriddenHandles)
-{
-    class Unhandled : public CInkLine
-    {
-    public:
-        void DrawHotShape(QPainter &) override { ++asked; }
-        int asked = 0;
-    };
-    Unhandled line;
-    drag(line, {100, 80}, {200, 140});
-    EXPECT_TRUE(samePixels(drawn(line), segment(roundPen(Qt::black, 10), {100, 80}, {200, 140})));
-    EXPECT_EQ(line.asked, 1);
-    line.FinishGraph();
-    drawn(line);
-    EXPECT_EQ(line.asked, 1);
 }
 
 TEST(CInkLine, penTakesTheDashStyleAndTheCap)
@@ -405,18 +368,7 @@ TEST(CInkLine, lineCommittedWhileDrawnIsClippedToTheRepaintedRectangleToo)
     EXPECT_EDGES(clipAfterDraw(line, QRect(0, 0, 400, 300)), 0, 0, 399, 299);
 }
 
-TEST(CInkLine, drawLeavesTheCallersRectangle)
-{
-    CInkLine line;
-    feed(line, PT_DOWN, 100, 80);
-    QImage image = blankCanvas();
-    QPainter painter(&image);
-    QRect rect(1, 2, 3, 4);
-    line.Draw(painter, rect);
-    EXPECT_EDGES(rect, 1, 2, 3, 5);
-}
-
-TEST(CInkLine, painterIsGivenBackInEachPhase)
+TEST(CInkLine, handlesGiveThePainterBack)
 {
     CInkLine pressed, dragged, edited, foreign, committed;
     feed(pressed, PT_DOWN, 100, 80);
@@ -431,10 +383,7 @@ TEST(CInkLine, painterIsGivenBackInEachPhase)
     for (CInkLine *line : {&pressed, &dragged, &edited, &foreign, &committed}) {
         QImage image = blankCanvas();
         QPainter painter(&image);
-        QRect all = image.rect();
         setOddState(painter);
-        line->Draw(painter, all);
-        expectOddState(painter);
         line->DrawHotShape(painter);
         expectOddState(painter);
 
@@ -454,85 +403,6 @@ TEST(CInkLine, paintingLogsNothing)
     line.FinishGraph();
     drawn(line);
     EXPECT_TRUE(log.lines.isEmpty());
-}
-
-TEST(CInkLine, lineInProgressIsPaintedOnTheSurfaceOnly)
-{
-    CInkLine line;
-    line.ShowDrawerName(1);
-    line.ShowDrawerIcon(1);
-    line.m_sizeName = QSize(60, 20);
-    feed(line, PT_DOWN, 100, 80);
-    feed(line, PT_MOVE, 200, 140);
-    Layers layers;
-    layers.draw(line);
-    EXPECT_TRUE(samePixels(layers.surface, segment(roundPen(Qt::black, 10), {100, 80}, {200, 140})));
-    EXPECT_TRUE(isBlank(layers.page));
-    EXPECT_TRUE(isBlank(layers.background));
-    EXPECT_TRUE(isBlank(layers.ink));
-}
-
-TEST(CInkLine, editedLineIsPaintedOnTheSurfaceOnly)
-{
-    CInkLine line;
-    drag(line, {100, 80}, {200, 140});
-    Layers layers;
-    layers.draw(line);
-    EXPECT_TRUE(samePixels(layers.surface,
-                           segmentWithHandles(roundPen(Qt::black, 10), QRectF(97, 77, 6, 6), QRectF(197, 137, 6, 6))));
-    EXPECT_TRUE(isBlank(layers.page));
-    EXPECT_TRUE(isBlank(layers.background));
-    EXPECT_TRUE(isBlank(layers.ink));
-}
-
-TEST(CInkLine, committedLineIsPaintedOnSurfaceInkAndPage)
-{
-    CInkLine line;
-    line.SetColor(kTranslucentRed);
-    drag(line, {100, 80}, {200, 140});
-    line.FinishGraph();
-    Layers layers;
-    layers.draw(line);
-    const QImage expected = segment(roundPen(kTranslucentRed, 10), {100, 80}, {200, 140});
-    EXPECT_TRUE(samePixels(layers.surface, expected));
-    EXPECT_TRUE(samePixels(layers.ink, expected));
-    EXPECT_TRUE(samePixels(layers.page, expected));
-    EXPECT_TRUE(isBlank(layers.background));
-}
-
-TEST(CInkLine, skipSuppressesAllPainting)
-{
-    CInkLine line;
-    drag(line, {100, 80}, {200, 140});
-    line.FinishGraph();
-    for (const int skip : {1, -1, 7}) {
-        Layers layers;
-        layers.draw(line, skip);
-        EXPECT_TRUE(isBlank(layers.surface));
-        EXPECT_TRUE(isBlank(layers.page));
-        EXPECT_TRUE(isBlank(layers.background));
-        EXPECT_TRUE(isBlank(layers.ink));
-    }
-}
-
-TEST(CInkLine, extremeCoordinatesArePaintedWithoutHarm)
-{
-    for (const int width : {-7, 0, 1, 10}) {
-        for (const int far : {INT_MIN, -2'000'000'000, 16'777'217, INT_MAX}) {
-            CInkLine line;
-            line.SetWidth(width);
-            feed(line, PT_DOWN, far, 80);
-            drawn(line);
-            feed(line, PT_MOVE, 100, far);
-            drawn(line);
-            feed(line, PT_UP, 50, far);
-            drawn(line);
-            line.SetDrawerIP(1);
-            drawn(line);
-            line.FinishGraph();
-            drawn(line);
-        }
-    }
 }
 
 // Dashes of a negative width would run backwards, for ever.

@@ -6,11 +6,7 @@
 
 #include <gtest/gtest.h>
 
-#include <climits>
-
 namespace {
-
-const int kOtherCodes[] = {0, 3, PT_DBLCLK, 6, 99, -1, INT_MIN, INT_MAX};
 
 // From (100,80) to (200,140), width 10 and handles of radius 3, region (90,70) to (210,150), covers (40,20) to
 // (260,200).
@@ -346,15 +342,6 @@ TEST(CInkLine, pressOnAnEndpointLeavesTheLastPosition)
     EXPECT_POINT(line.m_ptLast, 7.0, 8.0);
 }
 
-TEST(CInkLine, moveWithoutAPressChangesNothingButTheFlag)
-{
-    EditedLine line;
-    EXPECT_EDGES(feed(line, PT_MOVE, 10, 10), 40, 20, 260, 200);
-    EXPECT_EQ(line.IsSparePoint(), 1);
-    EXPECT_POINT(line.m_graphData[0], 100.0, 80.0);
-    EXPECT_POINT(line.m_graphData[1], 200.0, 140.0);
-}
-
 TEST(CInkLine, releaseWithoutAPressRefreshesTheRegion)
 {
     EditedLine line;
@@ -375,25 +362,6 @@ TEST(CInkLine, moveAfterTheReleaseGoesOnDragging)
     EXPECT_POINT(line.m_graphData[0], 70.0, 55.0);
 }
 
-TEST(CInkLine, otherCodesWhileEditingOnlyClearTheFlag)
-{
-    for (const int code : kOtherCodes) {
-        SCOPED_TRACE(code);
-        EditedLine line;
-        feed(line, PT_DOWN, 100, 80);
-        line.m_bSparePoint = 1;
-        line.m_ptLast = QPointF(7, 8);
-        EXPECT_EDGES(feed(line, code, 10, 10), 40, 20, 260, 200);
-        EXPECT_EQ(line.IsSparePoint(), 0);
-        EXPECT_EQ(line.m_modifyType, 2);
-        EXPECT_EQ(line.m_bFinished, 0);
-        EXPECT_POINT(line.m_graphData[0], 100.0, 80.0);
-        EXPECT_POINT(line.m_graphData[1], 200.0, 140.0);
-        EXPECT_POINT(line.m_ptLast, 7.0, 8.0);
-        EXPECT_EDGES(line.m_rcRegion, 90, 70, 210, 150);
-    }
-}
-
 TEST(CInkLine, pressElsewhereCommits)
 {
     EditedLine line;
@@ -412,14 +380,6 @@ TEST(CInkLine, pressElsewhereCommits)
     QRect update;
     line.AddPoint(PT_UP, QPoint(300, 250), update);
     EXPECT_NULL_RECT(update);
-}
-
-TEST(CInkLine, editingUnitesIntoTheUpdate)
-{
-    EditedLine line;
-    QRect update(QPoint(-5, 300), QPoint(0, 310));
-    line.AddPoint(PT_DOWN, QPoint(100, 80), update);
-    EXPECT_EDGES(update, -5, 20, 260, 310);
 }
 
 TEST(CInkLine, stretchMovesTheEndpointThatTheModifyTypeNames)

@@ -12,39 +12,6 @@ TEST(CInkLine, freshLineCoversItsPointsAtTheOrigin)
     EXPECT_EDGES(line.GetUpdateRect(), -60, -60, 60, 60);
 }
 
-TEST(CInkLine, eachEventReportsWhatWasAndIsCovered)
-{
-    CInkLine line;
-    EXPECT_EDGES(feed(line, PT_DOWN, 100, 80), -60, -60, 160, 140);
-    EXPECT_EDGES(line.GetUpdateRect(), 40, 20, 160, 140);
-    EXPECT_EDGES(feed(line, PT_MOVE, 150, 120), 40, 20, 210, 180);
-    EXPECT_EDGES(feed(line, PT_MOVE, 110, 90), 40, 20, 210, 180);
-    EXPECT_EDGES(line.GetUpdateRect(), 40, 20, 170, 150);
-    EXPECT_EDGES(feed(line, PT_UP, 130, 100), 40, 20, 190, 160);
-    EXPECT_EDGES(line.GetUpdateRect(), 40, 20, 190, 160);
-}
-
-TEST(CInkLine, updateIsUnitedAndNeverCleared)
-{
-    CInkLine line;
-    QRect update(QPoint(500, 400), QPoint(510, 410));
-    line.AddPoint(PT_DOWN, QPoint(100, 80), update);
-    EXPECT_EDGES(update, -60, -60, 510, 410);
-    line.AddPoint(PT_MOVE, QPoint(-100, 80), update);
-    EXPECT_EDGES(update, -160, -60, 510, 410);
-    line.AddPoint(PT_UP, QPoint(30, 40), update);
-    EXPECT_EDGES(update, -160, -60, 510, 410);
-}
-
-TEST(CInkLine, commitAtTheReleaseReportsToo)
-{
-    CInkLine line;
-    feed(line, PT_DOWN, 100, 80);
-    feed(line, PT_MOVE, 150, 120);
-    EXPECT_EDGES(feed(line, PT_UP, 100, 80), 40, 20, 210, 180);
-    EXPECT_EDGES(line.GetUpdateRect(), 40, 20, 160, 140);
-}
-
 TEST(CInkLine, marginIsSixTimesTheWidthOrTheRadiusWhicheverIsLarger)
 {
     const int edgesByWidth[][5] = {

@@ -9,8 +9,6 @@
 
 #include <gtest/gtest.h>
 
-#include <climits>
-
 namespace {
 
 const QColor kTranslucentRed(255, 0, 0, 120);
@@ -210,42 +208,6 @@ TEST(CInkRectangle, clipIsSetUnderThePaintersOwnTransform)
     EXPECT_TRUE(samePixels(image, expected));
 }
 
-TEST(CInkRectangle, drawLeavesTheCallersRectangle)
-{
-    EditedBox box;
-    const MessageLog log;
-    QImage image = blankCanvas();
-    QPainter painter(&image);
-    QRect rect(1, 2, 3, 4);
-    box.Draw(painter, rect);
-    EXPECT_EDGES(rect, 1, 2, 3, 5);
-}
-
-TEST(CInkRectangle, painterIsGivenBackInEachPhase)
-{
-    CInkRectangle fresh;
-    DraggedBox dragged;
-    EditedBox edited, foreign, turned, committed;
-    foreign.SetOwnerIP(7);
-    turned.m_fRotateAngle = 30;
-    committed.FinishGraph();
-    for (CInkRectangle *box :
-         std::initializer_list<CInkRectangle *>{&fresh, &dragged, &edited, &foreign, &turned, &committed}) {
-        MessageLog log;
-        QImage image = blankCanvas();
-        QPainter painter(&image);
-        QRect all = image.rect();
-        setOddState(painter);
-        box->Draw(painter, all);
-        expectOddState(painter);
-        EXPECT_TRUE(painter.hasClipping());
-
-        log.lines.clear();
-        painter.restore(); // nothing to restore
-        EXPECT_EQ(log.lines.size(), 1);
-    }
-}
-
 TEST(CInkRectangle, editedBoxShowsItsHandlesOverTheOutline)
 {
     EditedBox box;
@@ -265,45 +227,6 @@ TEST(CInkRectangle, editedBoxShowsItsHandlesOverTheOutline)
     });
     EXPECT_FALSE(samePixels(over, under));
     EXPECT_TRUE(samePixels(drawnQuietly(box), over));
-}
-
-TEST(CInkRectangle, handlesAreShownOnlyWhileEdited)
-{
-    const QImage plain = outline(boxPen(Qt::black, 4), kBox);
-
-    EditedBox hidden;
-    hidden.m_bHideHotShape = 1;
-    EXPECT_TRUE(samePixels(drawnQuietly(hidden), plain));
-
-    EditedBox finished;
-    finished.m_bFinished = 1;
-    EXPECT_TRUE(samePixels(drawnQuietly(finished), plain));
-
-    EditedBox committed;
-    feed(committed, PT_DOWN, 350, 250);
-    EXPECT_TRUE(samePixels(drawnQuietly(committed), plain));
-
-    DraggedBox finishedWhileDrawn;
-    finishedWhileDrawn.FinishGraph();
-    EXPECT_TRUE(samePixels(drawnQuietly(finishedWhileDrawn), plain));
-
-    EditedBox edited;
-    EXPECT_FALSE(samePixels(drawnQuietly(edited), plain));
-}
-
-TEST(CInkRectangle, drawAsksTheOverriddenHandlesWithItsOwnPen)
-{
-    class Unhandled : public EditedBox
-    {
-    public:
-        void DrawHotShape(QPainter &painter) override { pens.append(painter.pen()); }
-        QVector<QPen> pens;
-    };
-    Unhandled box;
-    EXPECT_TRUE(samePixels(drawnQuietly(box), outline(boxPen(Qt::black, 4), kBox)));
-    ASSERT_EQ(box.pens.size(), 1);
-    // The cap of a closed outline shows nowhere else.
-    EXPECT_EQ(box.pens[0], QPen(QBrush(QColor(0, 0, 0)), 4.0, Qt::SolidLine, Qt::SquareCap, Qt::RoundJoin));
 }
 
 TEST(CInkRectangle, foreignBoxIsShadedOverItsOutline)
@@ -449,85 +372,4 @@ TEST(CInkRectangle, tooSmallBoxWritesNoDebugLine)
     feed(box, PT_UP, 106, 100);
     drawn(box);
     EXPECT_TRUE(log.lines.isEmpty());
-}
-
-TEST(CInkRectangle, boxInProgressIsPaintedOnTheSurfaceOnly)
-{
-    DraggedBox box;
-    box.ShowDrawerName(1);
-    box.ShowDrawerIcon(1);
-    box.m_sizeName = QSize(60, 20);
-    const MessageLog log;
-    Layers layers;
-    layers.draw(box);
-    EXPECT_TRUE(samePixels(layers.surface, outline(boxPen(Qt::black, 4), kBox)));
-    EXPECT_TRUE(isBlank(layers.page));
-    EXPECT_TRUE(isBlank(layers.background));
-    EXPECT_TRUE(isBlank(layers.ink));
-}
-
-TEST(CInkRectangle, editedBoxIsPaintedOnTheSurfaceOnly)
-{
-    EditedBox box;
-    const MessageLog log;
-    Layers layers;
-    layers.draw(box);
-    const QImage expected = painted([](QPainter &painter) {
-        painter.setRenderHint(QPainter::Antialiasing);
-        painter.setPen(boxPen(Qt::black, 4));
-        painter.drawRect(kBox);
-        paintFrame(painter);
-    });
-    EXPECT_TRUE(samePixels(layers.surface, expected));
-    EXPECT_TRUE(isBlank(layers.page));
-    EXPECT_TRUE(isBlank(layers.background));
-    EXPECT_TRUE(isBlank(layers.ink));
-}
-
-TEST(CInkRectangle, committedBoxIsPaintedOnSurfaceInkAndPage)
-{
-    EditedBox box;
-    box.SetColor(kTranslucentRed);
-    box.FinishGraph();
-    const MessageLog log;
-    Layers layers;
-    layers.draw(box);
-    const QImage expected = outline(boxPen(kTranslucentRed, 4), kBox);
-    EXPECT_TRUE(samePixels(layers.surface, expected));
-    EXPECT_TRUE(samePixels(layers.ink, expected));
-    EXPECT_TRUE(samePixels(layers.page, expected));
-    EXPECT_TRUE(isBlank(layers.background));
-}
-
-TEST(CInkRectangle, skipSuppressesAllPainting)
-{
-    EditedBox box;
-    box.FinishGraph();
-    const MessageLog log;
-    Layers layers;
-    layers.draw(box, 1);
-    EXPECT_TRUE(isBlank(layers.surface));
-    EXPECT_TRUE(isBlank(layers.page));
-    EXPECT_TRUE(isBlank(layers.ink));
-    EXPECT_TRUE(log.lines.isEmpty());
-}
-
-TEST(CInkRectangle, extremeCoordinatesArePaintedWithoutHarm)
-{
-    for (const int width : {-7, 0, 1, 10}) {
-        for (const int far : {INT_MIN, -2'000'000'000, 16'777'217, INT_MAX}) {
-            CInkRectangle box;
-            box.SetWidth(width);
-            feed(box, PT_DOWN, far, 80);
-            drawnQuietly(box);
-            feed(box, PT_MOVE, INT_MAX, far);
-            drawnQuietly(box);
-            feed(box, PT_UP, 50, far);
-            drawnQuietly(box);
-            box.SetDrawerIP(1);
-            drawnQuietly(box);
-            box.FinishGraph();
-            drawnQuietly(box);
-        }
-    }
 }

@@ -6,11 +6,7 @@
 
 #include <gtest/gtest.h>
 
-#include <climits>
-
 namespace {
-
-const int kOtherCodes[] = {0, 3, PT_DBLCLK, 6, 99, -1, INT_MIN, INT_MAX};
 
 // From (100,100) to (200,150), frame (90,90) to (210,160), centre (150,125), covers (51,26) to (245,220).
 class EditedBox : public CInkRectangle
@@ -155,24 +151,6 @@ TEST(CInkRectangle, pressElsewhereCommits)
     EXPECT_EQ(box.m_modifyType, 1);
 }
 
-TEST(CInkRectangle, otherCodesWhileEditingOnlyClearTheFlag)
-{
-    for (const int code : kOtherCodes) {
-        SCOPED_TRACE(code);
-        EditedBox box;
-        feed(box, PT_DOWN, 210, 160);
-        box.m_bSparePoint = 1;
-        box.m_ptLast = QPointF(7, 8);
-        EXPECT_EDGES(feed(box, code, 300, 250), 51, 26, 245, 220);
-        EXPECT_EQ(box.IsSparePoint(), 0);
-        EXPECT_EQ(box.m_modifyType, 9);
-        EXPECT_EQ(box.m_bFinished, 0);
-        EXPECT_POINT(box.m_ptLast, 7.0, 8.0);
-        EXPECT_EDGES(box.m_rcHot, 90, 90, 210, 160);
-        expectCorners(box, 100, 100, 200, 150);
-    }
-}
-
 TEST(CInkRectangle, boxIsMovedWithItsHandles)
 {
     EditedBox box;
@@ -195,17 +173,6 @@ TEST(CInkRectangle, boxIsMovedWithItsHandles)
     EXPECT_EDGES(box.m_rcHot, 100, 95, 220, 165);
     EXPECT_POINT(box.m_ptCenter, 160.0, 130.0);
     EXPECT_EQ(box.m_bFinished, 0);
-}
-
-TEST(CInkRectangle, moveWithoutAPressChangesNothingButTheFlag)
-{
-    EditedBox box;
-    EXPECT_EDGES(feed(box, PT_MOVE, 10, 10), 51, 26, 245, 220);
-    EXPECT_EQ(box.IsSparePoint(), 1);
-    feed(box, PT_UP, 20, 20);
-    EXPECT_EQ(box.IsSparePoint(), 0);
-    expectCorners(box, 100, 100, 200, 150);
-    EXPECT_EDGES(box.m_rcHot, 90, 90, 210, 160);
 }
 
 TEST(CInkRectangle, moveAfterTheReleaseGoesOnDragging)
@@ -397,14 +364,6 @@ TEST(CInkRectangle, moveAndReleaseModifyThroughTheSlot)
         EXPECT_EQ(box.modifiedBy, 7);
         EXPECT_EQ(box.IsSparePoint(), code == PT_MOVE ? 1 : 0);
     }
-}
-
-TEST(CInkRectangle, editingUnitesIntoTheUpdate)
-{
-    EditedBox box;
-    QRect update(QPoint(-5, 300), QPoint(0, 310));
-    box.AddPoint(PT_DOWN, QPoint(150, 125), update);
-    EXPECT_EDGES(update, -5, 26, 245, 310);
 }
 
 TEST(CInkRectangle, pressStoresItsPositionThroughSinglePrecision)

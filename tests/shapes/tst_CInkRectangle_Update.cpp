@@ -16,41 +16,6 @@ TEST(CInkRectangle, freshBoxCoversTwiceItsWidthAroundNothing)
     EXPECT_NULL_RECT(box.GetUpdateRect());
 }
 
-TEST(CInkRectangle, eachEventReportsWhatWasAndIsCovered)
-{
-    CInkRectangle box;
-    EXPECT_EDGES(feed(box, PT_DOWN, 100, 80), -8, -8, 111, 91);
-    EXPECT_EDGES(box.GetUpdateRect(), 88, 68, 111, 91);
-    EXPECT_EDGES(feed(box, PT_MOVE, 150, 130), 88, 68, 162, 142);
-    EXPECT_EDGES(box.GetUpdateRect(), 88, 68, 162, 142);
-    EXPECT_EDGES(feed(box, PT_MOVE, 120, 90), 88, 68, 162, 142);
-    EXPECT_EDGES(box.GetUpdateRect(), 88, 68, 132, 102);
-    EXPECT_EDGES(feed(box, PT_MOVE, 150, 130), 88, 68, 162, 142);
-    EXPECT_EDGES(feed(box, PT_UP, 150, 130), 26, 6, 220, 200);
-    EXPECT_EDGES(box.GetUpdateRect(), 26, 6, 220, 200);
-}
-
-TEST(CInkRectangle, updateIsUnitedAndNeverCleared)
-{
-    CInkRectangle box;
-    QRect update(QPoint(500, 400), QPoint(510, 410));
-    box.AddPoint(PT_DOWN, QPoint(100, 80), update);
-    EXPECT_EDGES(update, -8, -8, 510, 410);
-    box.AddPoint(PT_MOVE, QPoint(-100, 80), update);
-    EXPECT_EDGES(update, -112, -8, 510, 410);
-    box.AddPoint(PT_UP, QPoint(101, 80), update);
-    EXPECT_EDGES(update, -112, -8, 510, 410);
-}
-
-TEST(CInkRectangle, abandonedBoxReportsWhatItCovered)
-{
-    CInkRectangle box;
-    feed(box, PT_DOWN, 100, 80);
-    feed(box, PT_MOVE, 150, 130);
-    EXPECT_EDGES(feed(box, PT_UP, 106, 80), 88, 68, 162, 142);
-    EXPECT_EDGES(box.GetUpdateRect(), 88, 68, 118, 92);
-}
-
 TEST(CInkRectangle, pressedBoxIsCoveredAroundItsLastButOnePoint)
 {
     CInkRectangle box;

@@ -9,8 +9,6 @@
 
 #include <gtest/gtest.h>
 
-#include <climits>
-
 namespace {
 
 const QColor kTranslucentRed(255, 0, 0, 120);
@@ -93,19 +91,6 @@ TEST(CInkRoundRect, followsTheProtocolOfTheRectangle)
     EXPECT_POINT(box.m_graphData[0], 105.0, 82.0);
     feed(box, PT_DOWN, 350, 250);
     EXPECT_EQ(box.m_bFinished, 1);
-}
-
-TEST(CInkRoundRect, releaseSixPixelsAwayIsAbandoned)
-{
-    CInkRoundRect box;
-    drag(box, {100, 80}, {106, 80});
-    EXPECT_EQ(box.m_bFinished, 1);
-    EXPECT_EQ(box.m_bHideHotShape, 1);
-    EXPECT_EQ(box.m_bEditMode, 0);
-    CInkRoundRect kept;
-    drag(kept, {100, 80}, {107, 80});
-    EXPECT_EQ(kept.m_bFinished, 0);
-    EXPECT_EQ(kept.m_bEditMode, 1);
 }
 
 TEST(CInkRoundRect, draggedBoxIsStrokedWithRoundCorners)
@@ -228,30 +213,6 @@ TEST(CInkRoundRect, clipStaysOnThePainter)
     EXPECT_EDGES(clipAfterDraw(edited, QRect()), 51, 26, 245, 220);
 }
 
-TEST(CInkRoundRect, painterIsGivenBackInEachPhase)
-{
-    CInkRoundRect fresh;
-    DraggedBox dragged;
-    EditedBox edited, foreign, turned, committed;
-    foreign.SetOwnerIP(7);
-    turned.m_fRotateAngle = 30;
-    committed.FinishGraph();
-    for (CInkRoundRect *box :
-         std::initializer_list<CInkRoundRect *>{&fresh, &dragged, &edited, &foreign, &turned, &committed}) {
-        QImage image = blankCanvas();
-        QPainter painter(&image);
-        QRect all = image.rect();
-        setOddState(painter);
-        box->Draw(painter, all);
-        expectOddState(painter);
-        EXPECT_EQ(painter.hasClipping(), box != &fresh);
-
-        const MessageLog log;
-        painter.restore(); // nothing to restore
-        EXPECT_EQ(log.lines.size(), 1);
-    }
-}
-
 TEST(CInkRoundRect, editedBoxShowsItsHandlesUnderTheOutline)
 {
     EditedBox box;
@@ -271,21 +232,6 @@ TEST(CInkRoundRect, editedBoxShowsItsHandlesUnderTheOutline)
     EXPECT_TRUE(samePixels(drawn(box), under));
 }
 
-TEST(CInkRoundRect, drawAsksTheOverriddenHandlesWithItsOwnPen)
-{
-    class Unhandled : public EditedBox
-    {
-    public:
-        void DrawHotShape(QPainter &painter) override { pens.append(painter.pen()); }
-        QVector<QPen> pens;
-    };
-    Unhandled box;
-    EXPECT_TRUE(samePixels(drawn(box), outline(roundPen(Qt::black, 4))));
-    ASSERT_EQ(box.pens.size(), 1);
-    // The cap of a closed outline shows nowhere else.
-    EXPECT_EQ(box.pens[0], QPen(QBrush(QColor(0, 0, 0)), 4.0, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-}
-
 TEST(CInkRoundRect, foreignBoxIsShadedUnderItsOutline)
 {
     EditedBox box;
@@ -297,20 +243,6 @@ TEST(CInkRoundRect, foreignBoxIsShadedUnderItsOutline)
         paintOutline(painter, roundPen(kTranslucentRed, 4));
     });
     EXPECT_TRUE(samePixels(drawn(box), expected));
-}
-
-TEST(CInkRoundRect, handlesAreShownOnlyWhileEdited)
-{
-    const QImage plain = outline(roundPen(Qt::black, 4));
-    EditedBox hidden;
-    hidden.m_bHideHotShape = 1;
-    EXPECT_TRUE(samePixels(drawn(hidden), plain));
-    EditedBox finished;
-    finished.m_bFinished = 1;
-    EXPECT_TRUE(samePixels(drawn(finished), plain));
-    DraggedBox finishedWhileDrawn;
-    finishedWhileDrawn.FinishGraph();
-    EXPECT_TRUE(samePixels(drawn(finishedWhileDrawn), plain));
 }
 
 TEST(CInkRoundRect, turnedBoxIsPaintedInItsFrame)
@@ -360,32 +292,6 @@ TEST(CInkRoundRect, paintingLogsNothing)
     EXPECT_TRUE(log.lines.isEmpty());
 }
 
-TEST(CInkRoundRect, editedBoxIsPaintedOnTheSurfaceOnly)
-{
-    EditedBox box;
-    Layers layers;
-    layers.draw(box);
-    EXPECT_TRUE(samePixels(layers.surface, drawn(box)));
-    EXPECT_FALSE(isBlank(layers.surface));
-    EXPECT_TRUE(isBlank(layers.page));
-    EXPECT_TRUE(isBlank(layers.background));
-    EXPECT_TRUE(isBlank(layers.ink));
-}
-
-TEST(CInkRoundRect, committedBoxIsPaintedOnSurfaceInkAndPage)
-{
-    EditedBox box;
-    box.SetColor(kTranslucentRed);
-    box.FinishGraph();
-    Layers layers;
-    layers.draw(box);
-    const QImage expected = outline(roundPen(kTranslucentRed, 4));
-    EXPECT_TRUE(samePixels(layers.surface, expected));
-    EXPECT_TRUE(samePixels(layers.ink, expected));
-    EXPECT_TRUE(samePixels(layers.page, expected));
-    EXPECT_TRUE(isBlank(layers.background));
-}
-
 TEST(CInkRoundRect, shortenedListPaintsNothing)
 {
     for (const int size : {0, 1}) {
@@ -394,22 +300,5 @@ TEST(CInkRoundRect, shortenedListPaintsNothing)
         EXPECT_TRUE(isBlank(drawn(box)));
         box.FinishGraph();
         EXPECT_TRUE(isBlank(drawn(box)));
-    }
-}
-
-TEST(CInkRoundRect, extremeCoordinatesArePaintedWithoutHarm)
-{
-    for (const int width : {-7, 0, 1, 10}) {
-        for (const int far : {INT_MIN, -2'000'000'000, 16'777'217, INT_MAX}) {
-            CInkRoundRect box;
-            box.SetWidth(width);
-            feed(box, PT_DOWN, far, 80);
-            feed(box, PT_MOVE, INT_MAX, far);
-            drawn(box);
-            feed(box, PT_UP, 50, far);
-            drawn(box);
-            box.FinishGraph();
-            drawn(box);
-        }
     }
 }
