@@ -1,8 +1,7 @@
-// The cubic curve in three drags: its events, and what it covers.
+// The cubic curve in three drags: its events, and what it covers. What it shares with the polygon is in
+// tst_GestureShapes.cpp.
 
-#include "CInkBeZier.h"
-#include "Canvas.h"
-#include "Exact.h"
+#include "GestureShape.h"
 
 #include <gtest/gtest.h>
 
@@ -10,49 +9,9 @@
 
 namespace {
 
+using EditedCurve = DraggedCurve::Edited;
+
 const int kMoveCodes[] = {0, 3, PT_DBLCLK, PT_MOVE, 6, 99, -1, INT_MIN, INT_MAX};
-
-class Curve : public CInkBeZier
-{
-public:
-    Curve()
-        : CInkBeZier(Qt::FlatCap, Qt::RoundCap, Qt::SolidLine)
-    {
-    }
-};
-
-// From (100,100) to (200,150), with both control points still to come.
-class StraightCurve : public Curve
-{
-public:
-    StraightCurve() { drag(*this, {100, 100}, {200, 150}); }
-};
-
-// Control points (130,150) and (170,100): frame (90,90) to (210,160), centre (150,125), covers (59,34) to (237,212).
-class EditedCurve : public StraightCurve
-{
-public:
-    EditedCurve()
-    {
-        drag(*this, {200, 150}, {130, 150});
-        drag(*this, {130, 150}, {170, 100});
-    }
-};
-
-struct Spot
-{
-    int x, y;
-};
-
-// Start, first control point, second control point, end.
-void expectPoints(const CInkBeZier &curve, const Spot (&expected)[4])
-{
-    ASSERT_EQ(curve.m_graphData.size(), 4);
-    for (int i = 0; i < 4; ++i) {
-        SCOPED_TRACE(::testing::Message() << "point " << i);
-        EXPECT_POINT(curve.m_graphData[i], double(expected[i].x), double(expected[i].y));
-    }
-}
 
 } // namespace
 
@@ -273,31 +232,18 @@ TEST(CInkBeZier, coordinatesPassThroughSinglePrecision)
     EXPECT_EQ(tooShort.m_bFinished, 1);
 }
 
-TEST(CInkBeZier, finishEndsTheCurveInEachPhase)
+TEST(CInkBeZier, finishAfterTheFirstDragKeepsAStraightCurve)
 {
-    Curve fresh;
-    EXPECT_EQ(fresh.FinishGraph(), 0);
-    EXPECT_EQ(fresh.m_bFinished, 0);
-    EXPECT_EQ(fresh.m_bHideHotShape, 0);
-
-    Curve pressed;
-    feed(pressed, PT_DOWN, 100, 80);
-    EXPECT_EQ(pressed.FinishGraph(), 1);
-    EXPECT_EDGES(pressed.m_rcHot, 90, 70, 110, 90);
-    StraightCurve straight;
-    EXPECT_EQ(straight.FinishGraph(), 1);
-    EXPECT_EDGES(straight.m_rcHot, 90, 90, 210, 160);
-    EXPECT_EQ(straight.m_bEditMode, 0);
-    EditedCurve edited;
-    EXPECT_EQ(edited.FinishGraph(), 1);
-    EXPECT_EQ(edited.m_bEditMode, 1);
-    for (CInkBeZier *curve : std::initializer_list<CInkBeZier *>{&pressed, &straight, &edited}) {
-        EXPECT_EQ(curve->m_bFinished, 1);
-        EXPECT_EQ(curve->m_bHideHotShape, 1);
-        EXPECT_NULL_RECT(feed(*curve, PT_MOVE, 10, 10));
-        EXPECT_EQ(curve->IsSparePoint(), 0);
-    }
-    expectPoints(straight, {{100, 100}, {100, 100}, {200, 150}, {200, 150}});
+    StraightCurve curve;
+    EXPECT_EQ(curve.AroundHotPts(QPoint(150, 60)), MT_NONE);
+    EXPECT_EQ(curve.FinishGraph(), 1);
+    EXPECT_EDGES(curve.m_rcHot, 90, 90, 210, 160);
+    EXPECT_EQ(curve.m_bEditMode, 0);
+    EXPECT_EQ(curve.m_bFinished, 1);
+    EXPECT_EQ(curve.m_bHideHotShape, 1);
+    EXPECT_NULL_RECT(feed(curve, PT_MOVE, 10, 10));
+    EXPECT_EQ(curve.IsSparePoint(), 0);
+    expectPoints(curve, {{100, 100}, {100, 100}, {200, 150}, {200, 150}});
 }
 
 TEST(CInkBeZier, eachEventReportsWhatWasAndIsCovered)
@@ -395,79 +341,6 @@ TEST(CInkBeZier, nameIsShownBeforeThePress)
     EXPECT_EDGES(curve.GetUpdateRect(), -16, -16, 59, 19);
     EXPECT_EDGES(curve.m_rcName, 0, 0, 59, 19);
     EXPECT_EDGES(curve.m_rcIcon, -15, -15, 14, 14);
-}
-
-TEST(CInkBeZier, editedCurveCoversItsFrameAndName)
-{
-    EditedCurve curve;
-    EXPECT_EDGES(curve.GetUpdateRect(), 59, 34, 237, 212);
-    curve.SetWidth(16);
-    EXPECT_EDGES(curve.GetUpdateRect(), 53, 28, 243, 218);
-    curve.SetWidth(4);
-    curve.m_fRotateAngle = 90;
-    EXPECT_EDGES(curve.GetUpdateRect(), 59, 34, 237, 212);
-
-    curve.m_sizeName = QSize(60, 200);
-    curve.m_rcIcon = QRect(500, 500, 30, 30);
-    curve.ShowDrawerName(1);
-    curve.ShowDrawerIcon(1);
-    EXPECT_EDGES(curve.GetUpdateRect(), 59, 34, 237, 289);
-    EXPECT_EDGES(curve.m_rcName, 90, 90, 149, 289);
-    EXPECT_EDGES(curve.m_rcIcon, 500, 500, 529, 529);
-    curve.ShowDrawerName(0);
-    EXPECT_EDGES(curve.GetUpdateRect(), 59, 34, 237, 212);
-    EXPECT_NULL_RECT(curve.m_rcName);
-}
-
-TEST(CInkBeZier, editedCurveIsMoved)
-{
-    EditedCurve curve;
-    EXPECT_EDGES(feed(curve, PT_DOWN, 150, 125), 59, 34, 237, 212);
-    EXPECT_EQ(curve.m_modifyType, MT_MOVE);
-    EXPECT_EDGES(feed(curve, PT_MOVE, 155, 127), 59, 34, 242, 214);
-    EXPECT_EQ(curve.IsSparePoint(), 1);
-    expectPoints(curve, {{105, 102}, {135, 152}, {175, 102}, {205, 152}});
-    feed(curve, PT_UP, 145, 120);
-    EXPECT_EQ(curve.IsSparePoint(), 0);
-    expectPoints(curve, {{95, 95}, {125, 145}, {165, 95}, {195, 145}});
-    EXPECT_EQ(curve.GetPointCount(), 4);
-}
-
-TEST(CInkBeZier, editedCurveIsStretchedAndTurned)
-{
-    EditedCurve stretched;
-    drag(stretched, {210, 160}, {330, 230});
-    expectPoints(stretched, {{110, 110}, {170, 210}, {250, 110}, {310, 210}});
-    EXPECT_EDGES(stretched.m_rcHot, 90, 90, 330, 230);
-    EditedCurve turned;
-    drag(turned, {150, 60}, {250, 125});
-    EXPECT_EQ(turned.GetRotateAngle(), 90.0f);
-    expectPoints(turned, {{100, 100}, {130, 150}, {170, 100}, {200, 150}});
-}
-
-TEST(CInkBeZier, otherCodesWhileEditedDoNothing)
-{
-    for (const int code : {0, 3, int(PT_DBLCLK), 6, 99, -1}) {
-        EditedCurve curve;
-        EXPECT_EDGES(feed(curve, code, 150, 125), 59, 34, 237, 212);
-        expectPoints(curve, {{100, 100}, {130, 150}, {170, 100}, {200, 150}});
-        EXPECT_EQ(curve.IsSparePoint(), 0);
-        EXPECT_EQ(curve.m_bFinished, 0);
-    }
-}
-
-TEST(CInkBeZier, pressElsewhereLetsGo)
-{
-    StraightCurve straight;
-    EXPECT_EQ(straight.AroundHotPts(QPoint(150, 60)), MT_NONE);
-    EditedCurve curve;
-    EXPECT_EQ(curve.AroundHotPts(QPoint(150, 60)), MT_ROTATE);
-    EXPECT_EDGES(feed(curve, PT_DOWN, 300, 250), 59, 34, 237, 212);
-    EXPECT_EQ(curve.m_bFinished, 1);
-    EXPECT_EQ(curve.m_bHideHotShape, 1);
-    EXPECT_EQ(curve.m_modifyType, MT_NONE);
-    EXPECT_EDGES(curve.GetUpdateRect(), 59, 34, 237, 212);
-    EXPECT_NULL_RECT(feed(curve, PT_DOWN, 150, 125));
 }
 
 TEST(CInkBeZier, shortenedListIsEndured)

@@ -1,8 +1,7 @@
-// The polygon: set vertex by vertex, closed near its start or completed by a double click, then edited.
+// The polygon: set vertex by vertex, closed near its start or completed by a double click. What it shares with the
+// curve is in tst_GestureShapes.cpp.
 
-#include "CInkPolygon.h"
-#include "Canvas.h"
-#include "Exact.h"
+#include "GestureShape.h"
 
 #include <gtest/gtest.h>
 
@@ -10,45 +9,9 @@
 
 namespace {
 
+using EditedPolygon = ClosedPolygon::Edited;
+
 const int kIgnoredCodes[] = {0, 3, 6, 99, -1, INT_MIN, INT_MAX};
-
-struct Spot
-{
-    int x, y;
-};
-
-void expectPoints(const CInkPolygon &polygon, std::initializer_list<Spot> expected)
-{
-    ASSERT_EQ(polygon.m_graphData.size(), int(expected.size()));
-    int i = 0;
-    for (const Spot &spot : expected) {
-        SCOPED_TRACE(::testing::Message() << "point " << i);
-        EXPECT_POINT(polygon.m_graphData[i], double(spot.x), double(spot.y));
-        ++i;
-    }
-}
-
-// Two vertices, (100,100) and (200,110), with the rubber band drawn to (150,150).
-class GrowingPolygon : public CInkPolygon
-{
-public:
-    GrowingPolygon()
-    {
-        drag(*this, {100, 100}, {200, 110});
-        feed(*this, PT_MOVE, 150, 150);
-    }
-};
-
-// Closed over (100,100), (200,110) and (150,150): frame (90,90) to (210,160), centre (150,125).
-class EditedPolygon : public GrowingPolygon
-{
-public:
-    EditedPolygon()
-    {
-        feed(*this, PT_UP, 150, 150);
-        feed(*this, PT_UP, 100, 100);
-    }
-};
 
 } // namespace
 
@@ -331,61 +294,6 @@ TEST(CInkPolygon, coordinatesPassThroughSinglePrecision)
     EXPECT_POINT(polygon.m_graphData[3], 3.0, 16'777'216.0);
 }
 
-TEST(CInkPolygon, finishEndsThePolygonInEachPhase)
-{
-    CInkPolygon fresh;
-    EXPECT_EQ(fresh.FinishGraph(), 0);
-    EXPECT_EQ(fresh.m_bFinished, 0);
-    EXPECT_EQ(fresh.m_bHideHotShape, 0);
-
-    CInkPolygon pressed;
-    feed(pressed, PT_DOWN, 100, 80);
-    EXPECT_EQ(pressed.FinishGraph(), 1);
-    EXPECT_EDGES(pressed.m_rcHot, 90, 70, 110, 90);
-    GrowingPolygon growing;
-    EXPECT_EQ(growing.FinishGraph(), 1);
-    EXPECT_EDGES(growing.m_rcHot, 90, 90, 210, 160);
-    EXPECT_EQ(growing.m_bEditMode, 0);
-    expectPoints(growing, {{100, 100}, {200, 110}, {150, 150}});
-    EditedPolygon edited;
-    EXPECT_EQ(edited.FinishGraph(), 1);
-    EXPECT_EQ(edited.m_bEditMode, 1);
-    for (CInkPolygon *polygon : std::initializer_list<CInkPolygon *>{&pressed, &growing, &edited}) {
-        EXPECT_EQ(polygon->m_bFinished, 1);
-        EXPECT_EQ(polygon->m_bHideHotShape, 1);
-        EXPECT_NULL_RECT(feed(*polygon, PT_MOVE, 10, 10));
-    }
-    expectPoints(growing, {{100, 100}, {200, 110}, {150, 150}});
-}
-
-TEST(CInkPolygon, editedPolygonIsMoved)
-{
-    EditedPolygon polygon;
-    EXPECT_EDGES(feed(polygon, PT_DOWN, 150, 125), 59, 34, 237, 212);
-    EXPECT_EQ(polygon.m_modifyType, MT_MOVE);
-    EXPECT_EDGES(feed(polygon, PT_MOVE, 155, 127), 59, 34, 242, 214);
-    EXPECT_EQ(polygon.IsSparePoint(), 1);
-    expectPoints(polygon, {{105, 102}, {205, 112}, {155, 152}, {105, 102}});
-    feed(polygon, PT_UP, 145, 120);
-    EXPECT_EQ(polygon.IsSparePoint(), 0);
-    expectPoints(polygon, {{95, 95}, {195, 105}, {145, 145}, {95, 95}});
-    EXPECT_EDGES(polygon.m_rcHot, 85, 85, 205, 155);
-    EXPECT_EQ(polygon.GetPointCount(), 4);
-}
-
-TEST(CInkPolygon, editedPolygonIsStretchedAndTurned)
-{
-    EditedPolygon stretched;
-    drag(stretched, {210, 160}, {330, 230});
-    expectPoints(stretched, {{110, 110}, {310, 130}, {210, 210}, {110, 110}});
-    EXPECT_EDGES(stretched.m_rcHot, 90, 90, 330, 230);
-
-    EditedPolygon turned;
-    drag(turned, {150, 60}, {250, 125});
-    EXPECT_EQ(turned.GetRotateAngle(), 90.0f);
-    expectPoints(turned, {{100, 100}, {200, 110}, {150, 150}, {100, 100}});
-}
-
 TEST(CInkPolygon, doubleClickWhileEditedDoesNothing)
 {
     EditedPolygon polygon;
@@ -393,19 +301,6 @@ TEST(CInkPolygon, doubleClickWhileEditedDoesNothing)
     EXPECT_EQ(polygon.m_bFinishOnRelease, 0);
     EXPECT_EQ(polygon.m_modifyType, MT_NONE);
     EXPECT_EQ(polygon.GetPointCount(), 4);
-}
-
-TEST(CInkPolygon, pressElsewhereLetsGo)
-{
-    EditedPolygon polygon;
-    EXPECT_EQ(polygon.AroundHotPts(QPoint(150, 60)), MT_ROTATE);
-    EXPECT_EDGES(feed(polygon, PT_DOWN, 300, 250), 59, 34, 237, 212);
-    EXPECT_EQ(polygon.m_bFinished, 1);
-    EXPECT_EQ(polygon.m_bHideHotShape, 1);
-    EXPECT_EQ(polygon.m_modifyType, MT_NONE);
-    EXPECT_NULL_RECT(feed(polygon, PT_DOWN, 150, 125));
-    GrowingPolygon growing;
-    EXPECT_EQ(growing.AroundHotPts(QPoint(150, 125)), MT_NONE);
 }
 
 TEST(CInkPolygon, emptiedListIsEndured)

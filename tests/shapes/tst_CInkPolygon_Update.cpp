@@ -1,34 +1,12 @@
 // What the polygon covers in each phase, with the drawer's name and icon.
 
-#include "CInkPolygon.h"
-#include "Canvas.h"
-#include "Exact.h"
+#include "GestureShape.h"
 
 #include <gtest/gtest.h>
 
 namespace {
 
-// Two vertices, (100,100) and (200,110), with the rubber band drawn to (150,150).
-class GrowingPolygon : public CInkPolygon
-{
-public:
-    GrowingPolygon()
-    {
-        drag(*this, {100, 100}, {200, 110});
-        feed(*this, PT_MOVE, 150, 150);
-    }
-};
-
-// Closed over (100,100), (200,110) and (150,150): frame (90,90) to (210,160), centre (150,125).
-class EditedPolygon : public GrowingPolygon
-{
-public:
-    EditedPolygon()
-    {
-        feed(*this, PT_UP, 150, 150);
-        feed(*this, PT_UP, 100, 100);
-    }
-};
+using EditedPolygon = ClosedPolygon::Edited;
 
 } // namespace
 
@@ -114,25 +92,6 @@ TEST(CInkPolygon, nameIsShownFromTheFirstPress)
     EXPECT_EDGES(feed(polygon, PT_DOWN, 100, 80), 85, 65, 159, 94);
     EXPECT_EDGES(polygon.m_rcName, 100, 80, 159, 89);
     EXPECT_EDGES(polygon.m_rcIcon, 85, 65, 114, 94);
-}
-
-TEST(CInkPolygon, editedPolygonCoversItsFrameAndName)
-{
-    EditedPolygon polygon;
-    EXPECT_EDGES(polygon.GetUpdateRect(), 59, 34, 237, 212);
-    polygon.SetWidth(16);
-    EXPECT_EDGES(polygon.GetUpdateRect(), 53, 28, 243, 218);
-    polygon.SetWidth(4);
-    polygon.m_fRotateAngle = 90;
-    EXPECT_EDGES(polygon.GetUpdateRect(), 59, 34, 237, 212);
-
-    polygon.m_sizeName = QSize(60, 200);
-    polygon.ShowDrawerName(1);
-    EXPECT_EDGES(polygon.GetUpdateRect(), 59, 34, 237, 289);
-    EXPECT_EDGES(polygon.m_rcName, 90, 90, 149, 289);
-    polygon.ShowDrawerName(0);
-    EXPECT_EDGES(polygon.GetUpdateRect(), 59, 34, 237, 212);
-    EXPECT_NULL_RECT(polygon.m_rcName);
 }
 
 TEST(CInkPolygon, iconStaysBehindWhenEditingBegins)
