@@ -1,8 +1,17 @@
 #include "lesson/authoring/Pointer.h"
 
+#include "CInkText.h"
 #include "PointerEvent.h"
 
+#include <QtGui/QPainter>
+
 namespace InkLesson {
+
+namespace {
+
+constexpr int kInset = 5; // page pixels; a text paints its image that far inside its frame
+
+} // namespace
 
 Pointer::Pointer(Author &author, quint32 seed)
     : m_author(author)
@@ -84,6 +93,29 @@ void Pointer::scatter()
     const Tool *tool = toolInHand();
     if (tool && tool->scatters)
         m_author.feed(PT_MOVE, m_scatter.around(m_last, m_author.hand()->life.ink.width));
+}
+
+bool Pointer::awaitsText() const
+{
+    const Tool *tool = toolInHand();
+    return tool && tool->takesText && !m_author.hand()->isForming();
+}
+
+void Pointer::enterText(const QString &text, const QFont &font)
+{
+    const auto *frame = awaitsText() ? dynamic_cast<CInkText *>(m_author.object()) : nullptr;
+    if (!frame)
+        return;
+    QImage image(frame->m_rcImage.size() - QSize(2 * kInset, 2 * kInset), QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::transparent);
+    {
+        QPainter painter(&image);
+        painter.setFont(font);
+        painter.setPen(frame->m_color);
+        painter.drawText(image.rect(), Qt::TextWordWrap, text);
+    }
+    m_author.act(TextAct{text, exactImage(image)});
+    m_author.finish();
 }
 
 } // namespace InkLesson

@@ -4,6 +4,8 @@
 #include "lesson/authoring/Author.h"
 #include "lesson/objects/Scatter.h"
 
+#include <QtGui/QFont>
+
 namespace InkLesson {
 
 // Draws with one tool by a pointer: a mouse, a pen, a finger. Knows what each tool makes of a press, a tap, a double
@@ -35,6 +37,12 @@ public:
     // More dots where the pointer is, for a tool that scatters and is pressed. A host calls it about sixty times a
     // second.
     void scatter();
+
+    // Whether the object in hand is a frame of text that was drawn and waits for what stands in it.
+    bool awaitsText() const;
+
+    // Fills that frame, in the colour of its ink, and lets it go. One without ink is forgotten.
+    void enterText(const QString &text, const QFont &font);
 
 private:
     const Tool *toolInHand() const;

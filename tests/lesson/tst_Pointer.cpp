@@ -2,6 +2,9 @@
 
 #include "PointerEvent.h"
 
+#include <QtGui/QGuiApplication>
+#include <QtGui/QPainter>
+
 #include <gtest/gtest.h>
 
 using namespace InkLesson;
@@ -234,6 +237,51 @@ TEST_F(PointerTest, editedShapeIsNotToldOfADoubleClick)
     EXPECT_EQ(std::get<PointerAct>(author.hand()->life.acts.back()).code, PT_DOWN);
 }
 
+// A frame of 121 x 101 pixels from (20,20) on: without the strip of 16 pixels below it, the text has 111 x 75 of them.
+TEST_F(PointerTest, textIsWrittenIntoItsFrame)
+{
+    QFont font(QStringLiteral("DejaVu Sans"));
+    font.setPixelSize(20);
+    take("text");
+    EXPECT_FALSE(pointer.awaitsText());
+    pointer.press({20, 20});
+    pointer.move({140, 120});
+    EXPECT_FALSE(pointer.awaitsText());
+    pointer.enterText(QStringLiteral("too early"), font);
+    pointer.release({140, 120});
+    ASSERT_TRUE(pointer.awaitsText());
+    pointer.enterText(QStringLiteral("two words that wrap"), font);
+    EXPECT_FALSE(pointer.awaitsText());
+    EXPECT_EQ(author.hand(), nullptr);
+    ASSERT_EQ(items().size(), 1U);
+    EXPECT_EQ(std::get<TextAct>(newest().acts[3]).text, QStringLiteral("two words that wrap"));
+    EXPECT_EQ(std::get<TextAct>(newest().acts[3]).image.size(), QSize(111, 75));
+
+    QImage written(111, 75, QImage::Format_ARGB32_Premultiplied);
+    written.fill(Qt::transparent);
+    {
+        QPainter painter(&written);
+        painter.setFont(font);
+        painter.setPen(QColor(kRed));
+        painter.drawText(QRect(0, 0, 111, 75), Qt::TextWordWrap, QStringLiteral("two words that wrap"));
+    }
+    QImage expected(200, 150, QImage::Format_RGB32);
+    expected.fill(Qt::white);
+    QPainter(&expected).drawImage(25, 25, exactImage(written));
+    EXPECT_EQ(lesson.page(kFirstPage).picture(), expected);
+}
+
+TEST_F(PointerTest, frameWithoutTextIsForgotten)
+{
+    take("text");
+    drag({20, 20}, {140, 120});
+    pointer.enterText(QString(), QFont());
+    EXPECT_EQ(author.hand(), nullptr);
+    EXPECT_TRUE(lesson.log().empty());
+    pointer.enterText(QStringLiteral("nowhere"), QFont());
+    EXPECT_TRUE(lesson.log().empty());
+}
+
 TEST_F(PointerTest, unknownToolDrawsNothing)
 {
     take("spoon");
@@ -241,4 +289,12 @@ TEST_F(PointerTest, unknownToolDrawsNothing)
     pointer.doubleClick({20, 20});
     EXPECT_TRUE(items().empty());
     EXPECT_TRUE(lesson.log().empty());
+}
+
+// Fonts need an application.
+int main(int argc, char **argv)
+{
+    const QGuiApplication application(argc, argv);
+    ::testing::InitGoogleTest(&argc, argv);
+    return RUN_ALL_TESTS();
 }
