@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Builds host.cpp in one of the ways in which a host finds the library, and runs it; or builds an example.
-# usage: consume.sh find_package|add_subdirectory|pkg-config|qmake|qmake-module|components|lesson|minimal-host|guide|whiteboard|two-people
-#            BUILD PREFIX LIBDIR TOOL
+# usage: consume.sh find_package|add_subdirectory|pkg-config|qmake|qmake-module|components|lesson|minimal-host|guide
+#            |whiteboard|two-people|quick BUILD PREFIX LIBDIR TOOL
 # BUILD is a folder of its own; LIBDIR is relative to PREFIX; TOOL is the cmake, pkg-config or qmake to use.
 set -euo pipefail
 
@@ -73,7 +73,7 @@ lesson) # by CMake, then by pkg-config where that is
     strange=$(nm --dynamic --defined-only --demangle "$libdir/libInkLesson.so" | grep --invert-match InkLesson:: || true)
     [ -z "$strange" ] || fail "libInkLesson exports what is not its own: $(head -n 3 <<<"$strange")"
     ;;
-minimal-host | guide | whiteboard | two-people) # which are run by tests of their own
+minimal-host | guide | whiteboard | two-people | quick) # which are run by tests of their own
     "$tool" -S "$here/../../examples/$way" -B . -D CMAKE_PREFIX_PATH="$prefix" -D CMAKE_BUILD_TYPE=Release
     "$tool" --build .
     exit
