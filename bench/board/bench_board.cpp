@@ -2,8 +2,8 @@
 // undone.
 
 #include "Canvas.h"
-#include "MainWindow.h"
 #include "Player.h"
+#include "Window.h"
 
 #include "lesson/strokes/StrokeFile.h"
 
@@ -13,14 +13,13 @@
 #include <QtCore/QLoggingCategory>
 #include <QtCore/QThread>
 #include <QtGui/QMouseEvent>
-#include <QtWidgets/QApplication>
 
-#include <algorithm>
 #include <ctime>
-#include <memory>
 #include <vector>
 
 using namespace Board;
+
+void registerPages();
 
 namespace {
 
@@ -28,41 +27,6 @@ constexpr QSize kPage{1920, 1080};
 constexpr double kScale = 1.35; // of the recorded drawing, so that it fills the page
 constexpr int kObjects = 1'000;
 constexpr std::size_t kEvents = 2'000; // of the drawing, at least
-
-// Notes when a window has been painted and handed to the window system.
-class Application : public QApplication
-{
-public:
-    using QApplication::QApplication;
-
-    bool notify(QObject *receiver, QEvent *event) override
-    {
-        const bool paints = event->type() == QEvent::UpdateRequest;
-        const bool handled = QApplication::notify(receiver, event); // which may delete the event
-        m_paintings += paints ? 1 : 0;
-        return handled;
-    }
-
-    int paintings() const { return m_paintings; }
-
-private:
-    int m_paintings{};
-};
-
-Application &application()
-{
-    return *static_cast<Application *>(qApp);
-}
-
-std::unique_ptr<MainWindow> shownWindow()
-{
-    auto window = std::make_unique<MainWindow>(kPage);
-    window->setAsksBeforeClosing(false);
-    window->resize(window->sizeHint()); // larger than the screen, if need be
-    window->show();
-    QApplication::processEvents();
-    return window;
-}
 
 std::vector<InkLesson::Stroke> recordedStrokes()
 {
@@ -77,12 +41,6 @@ void send(Canvas &canvas, QEvent::Type type, const QPoint &pt)
     const auto button = type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton;
     QMouseEvent event(type, pos, pos, pos, button, Qt::LeftButton, Qt::NoModifier);
     QApplication::sendEvent(&canvas, &event);
-}
-
-double percentile(std::vector<double> values, double share)
-{
-    std::sort(values.begin(), values.end());
-    return values[std::size_t(share * double(values.size() - 1))];
 }
 
 // The processor time of this thread, in seconds.
@@ -153,7 +111,7 @@ void playStrokes(benchmark::State &state)
         state.SkipWithError("the recorded strokes are missing");
         return;
     }
-    auto window = shownWindow();
+    auto window = shownWindow(kPage);
     Canvas &canvas = window->canvas();
     for (auto iteration : state) {
         Player player(canvas, 1.0 / double(state.range(0)));
@@ -199,7 +157,7 @@ void drawObjects(Document &document)
 // Undoes one step, and paints the window; also once the page has grown, which is nothing to undo.
 void undoStep(benchmark::State &state, bool hasGrown)
 {
-    auto window = shownWindow();
+    auto window = shownWindow(kPage);
     drawObjects(window->document());
     if (hasGrown)
         window->document().author().grow(window->document().page().rect().size() + QSize(1, 0));
@@ -237,6 +195,7 @@ int main(int argc, char **argv)
             ->UseRealTime()
             ->Unit(benchmark::kMillisecond);
     }
+    registerPages();
     benchmark::Initialize(&argc, argv);
     if (benchmark::ReportUnrecognizedArguments(argc, argv))
         return 1;

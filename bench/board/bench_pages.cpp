@@ -1,0 +1,227 @@
+// The window of the board with a page of ten thousand objects: how long it takes until a change of one of them is seen.
+
+#include "Canvas.h"
+#include "MainWindow.h"
+#include "Player.h"
+#include "Window.h"
+
+#include <benchmark/benchmark.h>
+
+#include <QtCore/QFile>
+#include <QtGui/QMouseEvent>
+
+#include <functional>
+#include <random>
+
+using namespace Board;
+
+namespace {
+
+constexpr int kObjects = 1000;
+constexpr int kChanges = 200;
+
+// Strokes, outlines, markers and textured pens in turn, of 24 to 300 pixels, all over the page.
+void drawObjects(Document &document, int count)
+{
+    constexpr const char *kTools[] = {"pencil", "rectangle", "ellipse",     "highlighter",
+                                      "line",   "star-5",    "color-brush", "brush"};
+    std::mt19937 random(1);
+    const auto below = [&random](int bound) { return int(random() % unsigned(bound)); };
+    const QSize page = document.page().rect().size();
+    const InkLesson::Lesson::Batch batch(document.lesson());
+    for (int i = 0; i < count; ++i) {
+        const QSize size(24 + below(277), 24 + below(277));
+        const QPoint from(below(page.width() - size.width()), below(page.height() - size.height()));
+        Gesture gesture;
+        for (int step = 0; step <= 20; ++step)
+            gesture.push_back(from + QPoint(size.width() * step / 20, size.height() * (step + step % 5) / 24));
+        const Ink ink{QColor::fromHsv(i * 37 % 360, 200, 200), 4};
+        document.author().begin({QLatin1String(kTools[i % 8]), ink, page});
+        playGesture(gesture, document.author());
+        document.author().finish();
+    }
+}
+
+void send(Canvas &canvas, QEvent::Type type, const QPoint &pt)
+{
+    const auto button = type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton;
+    QMouseEvent event(type, pt, pt, pt, button, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(&canvas, &event);
+}
+
+void tap(Canvas &canvas, const QPoint &pt)
+{
+    send(canvas, QEvent::MouseButtonPress, pt);
+    send(canvas, QEvent::MouseButtonRelease, pt);
+}
+
+// Of what is resident, in MB.
+double memory()
+{
+    QFile status(QStringLiteral("/proc/self/status"));
+    if (!status.open(QIODevice::ReadOnly))
+        return 0;
+    for (const QByteArray &line : status.readAll().split('\n')) {
+        if (line.startsWith("VmRSS:"))
+            return line.mid(6).trimmed().split(' ').first().toDouble() / 1024;
+    }
+    return 0;
+}
+
+// Seconds until what was done is painted in the window.
+double seen(const std::function<void()> &act)
+{
+    QApplication::processEvents();
+    QElapsedTimer clock;
+    clock.start();
+    const int before = application().paintings();
+    act();
+    while (application().paintings() == before && clock.elapsed() < 1000)
+        QApplication::processEvents();
+    return double(clock.nsecsElapsed()) * 1e-9;
+}
+
+class Window
+{
+public:
+    explicit Window(const QSize &size)
+        : m_window(shownWindow(size))
+    {
+        drawObjects(m_window->document(), kObjects);
+        QApplication::processEvents();
+    }
+
+    MainWindow &window() { return *m_window; }
+    Canvas &canvas() { return m_window->canvas(); }
+    Document &document() { return m_window->document(); }
+    void choose(const char *tool) { canvas().setTool(*findTool(QLatin1String(tool))); }
+
+    // Somewhere on the ink of a shape, which the pick tool takes.
+    QPoint somewhere()
+    {
+        for (;;) {
+            const auto &items = document().page().items();
+            const auto &item = items[m_random() % items.size()];
+            if (!item->tool || !item->tool->hasHandles)
+                continue;
+            const QPoint center = item->reach.center();
+            for (int x = item->reach.left(); x < center.x(); ++x) {
+                if (document().page().topmostAt({x, center.y()}) == item->id)
+                    return {x, center.y()};
+            }
+        }
+    }
+
+private:
+    std::unique_ptr<MainWindow> m_window;
+    std::mt19937 m_random{2};
+};
+
+void report(benchmark::State &state, std::vector<double> waits)
+{
+    state.SetIterationTime(percentile(waits, 0.99));
+    state.counters["median_ms"] = percentile(waits, 0.5) * 1e3;
+    state.counters["p99_ms"] = percentile(waits, 0.99) * 1e3;
+    state.counters["max_ms"] = percentile(waits, 1) * 1e3;
+    state.counters["memory_mb"] = memory();
+}
+
+QSize sizeOf(const benchmark::State &state)
+{
+    return {int(state.range(0)), int(state.range(0)) * 9 / 16};
+}
+
+void pick(benchmark::State &state)
+{
+    for (auto iteration : state) {
+        Window window(sizeOf(state));
+        window.choose("pick");
+        std::vector<double> waits;
+        for (int i = 0; i < kChanges; ++i) {
+            const QPoint pt = window.somewhere();
+            waits.push_back(seen([&] { tap(window.canvas(), pt); }));
+            waits.push_back(seen([&] { window.canvas().finish(); }));
+        }
+        report(state, waits);
+    }
+}
+
+void change(benchmark::State &state, const std::function<void(Canvas &, int)> &act)
+{
+    for (auto iteration : state) {
+        Window window(sizeOf(state));
+        window.choose("pick");
+        std::vector<double> waits;
+        for (int i = 0; i < kChanges; ++i) {
+            tap(window.canvas(), window.somewhere());
+            waits.push_back(seen([&] { act(window.canvas(), i); }));
+            window.canvas().finish();
+        }
+        report(state, waits);
+    }
+}
+
+// A drag of 300 pixels over dense objects, a move of 10 pixels at a time.
+void removeAlong(benchmark::State &state)
+{
+    for (auto iteration : state) {
+        Window window(sizeOf(state));
+        window.choose("remove");
+        std::vector<double> waits;
+        for (int row = 1; row < 8; ++row) {
+            const QPoint from(sizeOf(state).width() / 3, sizeOf(state).height() * row / 8);
+            waits.push_back(seen([&] { send(window.canvas(), QEvent::MouseButtonPress, from); }));
+            for (int x = 10; x <= 300; x += 10)
+                waits.push_back(seen([&] { send(window.canvas(), QEvent::MouseMove, from + QPoint(x, 0)); }));
+            send(window.canvas(), QEvent::MouseButtonRelease, from + QPoint(300, 0));
+        }
+        report(state, waits);
+    }
+}
+
+void paper(benchmark::State &state)
+{
+    for (auto iteration : state) {
+        Window window(sizeOf(state));
+        std::vector<double> waits;
+        for (int i = 0; i < 6; ++i) {
+            const auto kind = i % 2 == 0 ? InkLesson::Paper::Kind::Ruled : InkLesson::Paper::Kind::Squared;
+            waits.push_back(seen([&] { window.document().author().setPaper({kind, {}}); }));
+        }
+        report(state, waits);
+    }
+}
+
+void undo(benchmark::State &state)
+{
+    for (auto iteration : state) {
+        Window window(sizeOf(state));
+        std::vector<double> waits;
+        for (int i = 0; i < kChanges; ++i)
+            waits.push_back(seen([&] { window.canvas().undo(); }));
+        for (int i = 0; i < kChanges; ++i)
+            waits.push_back(seen([&] { window.canvas().redo(); }));
+        report(state, waits);
+    }
+}
+
+} // namespace
+
+void registerPages()
+{
+    const auto add = [](const char *name, auto run) {
+        for (const int width : {1920, 3840})
+            benchmark::RegisterBenchmark(name, run)->Arg(width)->Iterations(1)->UseManualTime()->Unit(
+                benchmark::kMillisecond);
+    };
+    const auto addChange = [&add](const char *name, const std::function<void(Canvas &, int)> &act) {
+        add(name, [act](benchmark::State &state) { change(state, act); });
+    };
+    add("page/pick", pick);
+    addChange("page/delete", [](Canvas &canvas, int) { canvas.discard(); });
+    addChange("page/colour", [](Canvas &canvas, int i) { canvas.setColor(QColor::fromHsv(i % 360, 255, 255)); });
+    addChange("page/raise", [](Canvas &canvas, int) { canvas.raise(); });
+    add("page/remove", removeAlong);
+    add("page/paper", paper);
+    add("page/undo", undo);
+}
