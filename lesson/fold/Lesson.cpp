@@ -33,14 +33,16 @@ void Lesson::apply(const Record &record, LivedObject lived)
         return;
     const int place = int(m_log.size());
     m_log.push_back(toCbor(record));
-    m_steps.push_back(record.stepId());
+    // A record that says to belong to an undo is a step of its own.
+    const StepId step = m_history.isUndo(record.stepId()) ? record.id : record.stepId();
+    m_steps.push_back(step);
     m_deeds.push_back(quint8(record.deed.index()));
-    m_places[record.stepId()].push_back(place);
+    m_places[step].push_back(place);
     if (const auto *undo = std::get_if<Undo>(&record.deed)) {
-        for (const StepId &step : m_history.addUndo(record.id, undo->step))
-            toggle(step);
+        for (const StepId &turned : m_history.addUndo(record.id, undo->step))
+            toggle(turned);
     } else {
-        m_history.add(record.id, record.stepId(), !isOneOf<Grow>(record.deed));
+        m_history.add(record.id, step, !isOneOf<Grow>(record.deed));
         note(place, record, std::move(lived));
     }
     if (m_batches == 0)

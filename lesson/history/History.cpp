@@ -41,20 +41,23 @@ std::vector<StepId> History::addUndo(const StepId &undo, const StepId &step)
     if (step.author != undo.author || !counts(step))
         return {};
     const auto before = m_undos.find(step);
-    if (before == m_undos.end()) {
-        if (!take(author.done, step))
+    const StepId turned = before == m_undos.end() ? step : before->second;
+    if (counts(turned)) {
+        if (!take(author.done, turned)) // nothing that there is
             return {};
-        m_undos.emplace(undo, step);
-        m_undone.insert(step);
+        m_undone.insert(turned);
         author.undos.push_back(undo);
-        return {step};
+    } else {
+        take(author.undos, step);
+        m_undone.erase(turned);
+        author.done.push_back(turned);
     }
-    const StepId again = before->second;
-    take(author.undos, step);
-    m_undone.insert(step);
-    m_undone.erase(again);
-    author.done.push_back(again);
-    return {again};
+    m_undos.emplace(undo, turned);
+    StepId &last = m_lastUndos[turned];
+    if (last != kNothing)
+        m_undone.insert(last);
+    last = undo;
+    return {turned};
 }
 
 int History::nextNumber(int author) const

@@ -10,8 +10,9 @@
 
 namespace InkLesson {
 
-// Which steps of a lesson count: all but those that an undo names which counts itself. An undo is a step, so the way
-// back from it is an undo, too. What others do in between changes nothing, and there is no limit to the depth.
+// Which steps of a lesson count. An undo names a step that counts, or the undo that turned a step last, both of its own
+// author, and turns the step: one that counted does not from then on, one that did not does again. Any other undo has
+// no effect, nor can it be named. What others do in between changes nothing, and there is no limit to the depth.
 class INKLESSON_EXPORT History
 {
 public:
@@ -22,10 +23,14 @@ public:
     void add(const StepId &record, const StepId &step, bool canBeUndone);
 
     // Takes note of an undo. Returns the steps that count from now on and did not before, or the other way round; none
-    // where the step is not the author's, or not there.
+    // where the undo has no effect.
     std::vector<StepId> addUndo(const StepId &undo, const StepId &step);
 
+    // Of an undo: whether it is the last that has turned its step.
     bool counts(const StepId &step) const { return m_undone.count(step) == 0; }
+
+    // Whether it is an undo that had an effect.
+    bool isUndo(const StepId &step) const { return m_undos.count(step) != 0; }
 
     // The author's next number.
     int nextNumber(int author) const;
@@ -47,8 +52,9 @@ private:
     };
 
     std::unordered_map<int, Author> m_authors;
-    std::unordered_map<StepId, StepId> m_undos; // and the steps that they name
-    std::unordered_set<StepId> m_undone;        // steps and undos that do not count
+    std::unordered_map<StepId, StepId> m_undos;     // and the steps that they have turned
+    std::unordered_map<StepId, StepId> m_lastUndos; // the other way round: the last of each step
+    std::unordered_set<StepId> m_undone;            // steps and undos that do not count
 };
 
 } // namespace InkLesson

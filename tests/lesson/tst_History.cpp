@@ -194,8 +194,62 @@ TEST(History, whatIsNotThereIsNotUndone)
     history.addUndo({1, 6}, {1, 4});
     EXPECT_EQ(history.addUndo({1, 7}, {1, 4}), Steps()) << "done again twice";
     EXPECT_TRUE(history.counts({1, 3}));
-    EXPECT_EQ(history.addUndo({1, 8}, {1, 6}), Steps()) << "the way back from doing it again is to undo the step";
+    EXPECT_EQ(history.addUndo({1, 8}, {1, 5}), Steps()) << "nor what was in vain itself";
+    EXPECT_EQ(history.addUndo({1, 9}, {1, 9}), Steps()) << "nor itself";
+    EXPECT_EQ(history.addUndo({1, 10}, {1, 11}), Steps()) << "nor what comes later";
     EXPECT_TRUE(history.counts({1, 3}));
+}
+
+// Step, undo, redo, undo of the redo, and so on: each names the one before.
+TEST(History, eachUndoTurnsWhatTheOneBeforeTurned)
+{
+    History history;
+    add(history, {1, 1});
+    add(history, {1, 2});
+    EXPECT_EQ(history.addUndo({1, 3}, {1, 1}), (Steps{{1, 1}}));
+    EXPECT_FALSE(history.counts({1, 1}));
+    EXPECT_EQ(history.addUndo({1, 4}, {1, 3}), (Steps{{1, 1}}));
+    EXPECT_TRUE(history.counts({1, 1}));
+    EXPECT_EQ(history.addUndo({1, 5}, {1, 4}), (Steps{{1, 1}}));
+    EXPECT_FALSE(history.counts({1, 1}));
+    EXPECT_EQ(toUndo(history, 1), (StepId{1, 2}));
+    EXPECT_EQ(toRedo(history, 1), (StepId{1, 5}));
+    EXPECT_EQ(history.addUndo({1, 6}, {1, 5}), (Steps{{1, 1}}));
+    EXPECT_TRUE(history.counts({1, 1}));
+    EXPECT_EQ(toUndo(history, 1), (StepId{1, 1}));
+    EXPECT_EQ(toRedo(history, 1), kNone);
+    EXPECT_EQ(history.addUndo({1, 7}, {1, 6}), (Steps{{1, 1}}));
+    EXPECT_FALSE(history.counts({1, 1}));
+    EXPECT_TRUE(history.counts({1, 2}));
+}
+
+TEST(History, onlyTheUndoThatTurnedAStepLastCanBeNamed)
+{
+    History history;
+    add(history, {1, 1});
+    history.addUndo({1, 2}, {1, 1});
+    history.addUndo({1, 3}, {1, 2});
+    EXPECT_EQ(history.addUndo({1, 4}, {1, 2}), Steps()) << "it was taken back";
+    EXPECT_EQ(history.addUndo({1, 5}, {1, 1}), (Steps{{1, 1}})) << "instead of the redo";
+    EXPECT_EQ(history.addUndo({1, 6}, {1, 3}), Steps()) << "which is over";
+    EXPECT_FALSE(history.counts({1, 1}));
+    EXPECT_EQ(toRedo(history, 1), (StepId{1, 5}));
+    EXPECT_TRUE(history.isUndo({1, 5}));
+    EXPECT_FALSE(history.isUndo({1, 6})) << "it had no effect";
+    EXPECT_FALSE(history.isUndo({1, 1}));
+}
+
+TEST(History, aStrangersRedoIsNotNamed)
+{
+    History history;
+    add(history, {1, 1});
+    history.addUndo({1, 2}, {1, 1});
+    history.addUndo({1, 3}, {1, 2});
+    EXPECT_EQ(history.addUndo({2, 1}, {1, 3}), Steps());
+    EXPECT_EQ(history.addUndo({2, 2}, {2, 1}), Steps()) << "which had no effect";
+    EXPECT_TRUE(history.counts({1, 1}));
+    EXPECT_EQ(toRedo(history, 2), kNone);
+    EXPECT_EQ(history.addUndo({1, 4}, {1, 3}), (Steps{{1, 1}}));
 }
 
 TEST(History, theRecordsOfAStepAreUndoneTogether)

@@ -287,6 +287,35 @@ TEST_F(LessonTest, aStepMayHaveSeveralRecords)
     EXPECT_EQ(order(), (std::vector<ObjectId>{{1, 1}, {1, 2}}));
 }
 
+// It is there whether the undo is the last or not, and can be undone by itself.
+TEST_F(LessonTest, whatSaysToBelongToAnUndoIsAStepOfItsOwn)
+{
+    const StepId thing = apply(1, block({20, 30, 10, 10}, kRed));
+    const StepId undo = apply(1, Undo{thing});
+    Record odd = record(1, 3, block({50, 30, 10, 10}, kGreen));
+    odd.step = undo.number;
+    lesson.apply(odd);
+    EXPECT_EQ(order(), std::vector<ObjectId>{odd.id});
+    apply(1, Undo{undo});
+    EXPECT_EQ(order(), (std::vector<ObjectId>{thing, odd.id}));
+    apply(2, Clear());
+    apply(2, Undo{{2, 1}});
+    EXPECT_EQ(order(), (std::vector<ObjectId>{thing, odd.id}));
+    apply(1, Undo{odd.id});
+    EXPECT_EQ(order(), std::vector<ObjectId>{thing});
+}
+
+// Undone, done again, undone by naming the redo, and so on, five deep.
+TEST_F(LessonTest, aRedoIsUndoneByNamingIt)
+{
+    StepId last = apply(1, block({40, 30, 10, 10}, kRed));
+    for (const QRgb color : {kWhite, kRed, kWhite, kRed, kWhite}) {
+        last = apply(1, Undo{last});
+        EXPECT_EQ(at(45, 35), color) << last.number;
+    }
+    EXPECT_EQ(last, (StepId{1, 6}));
+}
+
 TEST_F(LessonTest, thereIsNoWayBackFromGrowing)
 {
     const StepId grown = apply(1, Grow{{230, 100}});
