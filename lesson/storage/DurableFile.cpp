@@ -3,6 +3,7 @@
 #include <QtCore/QFileInfo>
 
 #ifdef Q_OS_UNIX
+#include <cerrno>
 #include <fcntl.h>
 #include <unistd.h>
 #endif
@@ -12,7 +13,7 @@ namespace InkLesson {
 bool syncHandle(int handle)
 {
 #ifdef Q_OS_UNIX
-    return fsync(handle) == 0;
+    return fsync(handle) == 0 || errno == EINVAL || errno == ENOTSUP || errno == ENOSYS;
 #else
     Q_UNUSED(handle)
     return false;
@@ -25,7 +26,7 @@ bool syncFolder(const QString &path)
     const int folder = open(QFile::encodeName(path).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
     if (folder < 0)
         return false;
-    const bool isSynced = fsync(folder) == 0;
+    const bool isSynced = syncHandle(folder);
     close(folder);
     return isSynced;
 #else

@@ -51,7 +51,7 @@ private:
     bool m_isNamed{};
 };
 
-// Brings a file, or what a folder holds, onto the disk. False where that cannot be.
+// Brings a file, or what a folder holds, onto the disk, where its file system knows how to. False where that fails.
 INKLESSON_EXPORT bool syncHandle(int handle);
 INKLESSON_EXPORT bool syncFolder(const QString &path);
 

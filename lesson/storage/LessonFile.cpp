@@ -27,12 +27,15 @@ QString saveLesson(const Lesson &lesson, const QString &fileName)
         const QByteArray line = jsonLine(lesson.log()[i]) + '\n';
         isWritten = file.write(line) == line.size();
     }
-    if (isWritten && file.flush() && syncHandle(file.handle()) && file.commit()) {
+    isWritten = isWritten && file.flush();
+    const bool isSynced = isWritten && syncHandle(file.handle());
+    const QString problem = isWritten && !isSynced ? qt_error_string() : QString();
+    if (isSynced && file.commit()) {
         syncFolder(QFileInfo(fileName).path());
         return {};
     }
     return translated(QT_TRANSLATE_NOOP("InkLesson::LessonFile", "%1: cannot be written: %2"))
-        .arg(fileName, file.errorString());
+        .arg(fileName, problem.isEmpty() ? file.errorString() : problem);
 }
 
 std::unique_ptr<Lesson> openLesson(const QString &fileName, QString &problem)

@@ -10,7 +10,7 @@
 namespace InkLesson {
 
 // Writes a lesson, whole or not at all: a file of that name stays as it was when the writing fails, and what is written
-// is on the disk. Returns what went wrong, empty when nothing did.
+// is on the disk, if its file system knows how to tell. Returns what went wrong, empty when nothing did.
 INKLESSON_EXPORT QString saveLesson(const Lesson &lesson, const QString &fileName);
 
 // Reads a lesson up to the first line that is wrong or was cut off; `problem` then names file and line. Null where none

@@ -8,6 +8,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cerrno>
 #include <sys/syscall.h>
 #include <unistd.h>
 
@@ -16,7 +17,7 @@ using namespace InkLesson;
 namespace {
 
 QStringList synced; // files and folders, in their order
-bool syncFails = false;
+int syncError = 0;  // that it fails with
 
 } // namespace
 
@@ -24,7 +25,8 @@ bool syncFails = false;
 extern "C" int fsync(int handle)
 {
     synced.append(QFile::symLinkTarget(QStringLiteral("/proc/self/fd/%1").arg(handle)));
-    return syncFails ? -1 : int(syscall(SYS_fsync, handle));
+    errno = syncError;
+    return syncError != 0 ? -1 : int(syscall(SYS_fsync, handle));
 }
 
 class LessonFileTest : public ::testing::Test
@@ -33,7 +35,7 @@ protected:
     LessonFileTest()
     {
         synced.clear();
-        syncFails = false;
+        syncError = 0;
         lesson.apply(record(1, 1, Draw{blockLife({40, 30, 10, 10}, QColor(Qt::red))}));
         lesson.apply(record(1, 2, AddPage{0, {50, 40}}));
         lesson.apply(record(2, 1, Undo{{1, 1}}));
@@ -106,13 +108,29 @@ TEST_F(LessonFileTest, isOnTheDiskOnceItIsSaved)
 TEST_F(LessonFileTest, savesWholeOrNotAtAll)
 {
     write("what was there\n");
-    syncFails = true;
-    EXPECT_TRUE(saveLesson(lesson, name).startsWith(name + QStringLiteral(": cannot be written: ")));
+    syncError = EIO;
+    EXPECT_EQ(saveLesson(lesson, name), name + QStringLiteral(": cannot be written: Input/output error"));
     EXPECT_EQ(bytes(name), "what was there\n");
     EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files | QDir::Hidden).size(), 1);
-    syncFails = false;
+    syncError = 0;
     EXPECT_EQ(saveLesson(lesson, name), QString());
     EXPECT_EQ(bytes(name).count('\n'), 5);
+}
+
+TEST_F(LessonFileTest, savesWhereAFileSystemCannotTellWhatIsOnTheDisk)
+{
+    for (const int error : {EINVAL, ENOTSUP, ENOSYS}) {
+        write("what was there\n");
+        syncError = error;
+        EXPECT_EQ(saveLesson(lesson, name), QString()) << error;
+        EXPECT_EQ(bytes(name).count('\n'), 5) << error;
+    }
+    for (const int error : {EIO, ENOSPC, EDQUOT, EBADF}) {
+        write("what was there\n");
+        syncError = error;
+        EXPECT_NE(saveLesson(lesson, name), QString()) << error;
+        EXPECT_EQ(bytes(name), "what was there\n") << error;
+    }
 }
 
 TEST_F(LessonFileTest, saysWhyItCannotBeWritten)
