@@ -1012,10 +1012,32 @@
     </message>
 </context>
 <context>
+    <name>InkLesson::Author</name>
+    <message>
+        <source>a text has at most %1 letters</source>
+        <translation>ein Text hat höchstens %1 Buchstaben</translation>
+    </message>
+</context>
+<context>
     <name>InkLesson::Journal</name>
     <message>
         <source>%1: no journal can be kept: %2</source>
         <translation>%1: kein Protokoll möglich: %2</translation>
+    </message>
+</context>
+<context>
+    <name>InkLesson::Lesson</name>
+    <message>
+        <source>number: too far beyond the author&apos;s last one</source>
+        <translation>number: zu weit hinter der letzten dieses Verfassers</translation>
+    </message>
+    <message>
+        <source>size: the pages of a lesson have at most %1 pixels in all</source>
+        <translation>size: die Seiten einer Stunde haben insgesamt höchstens %1 Pixel</translation>
+    </message>
+    <message>
+        <source>it is longer than any board writes</source>
+        <translation>sie ist länger, als eine Tafel je schreibt</translation>
     </message>
 </context>
 <context>

@@ -1,6 +1,7 @@
 #include "lesson/authoring/Author.h"
 
 #include "lesson/authoring/Pour.h"
+#include "lesson/paper/PageSize.h"
 
 #include "PointerEvent.h"
 
@@ -20,6 +21,8 @@ bool isAlike(const CInkGraph &first, const CInkGraph &second)
            first.m_nWidth == second.m_nWidth;
 }
 
+constexpr qint64 kMostTime = 1LL << 53; // that every file keeps to the last digit
+
 } // namespace
 
 Author::Author(Lesson &lesson, int number, Clock clock, Listener listener)
@@ -33,13 +36,15 @@ Author::Author(Lesson &lesson, int number, Clock clock, Listener listener)
 StepId Author::emitDeed(Deed deed, int step, LivedObject lived)
 {
     const int number = m_lesson.history().nextNumber(m_number);
-    return emitRecord({{m_number, number}, step == 0 ? number : step, m_clock(), m_page, std::move(deed)},
-                      std::move(lived));
+    return emitRecord({{m_number, number}, step == 0 ? number : step, {}, m_page, std::move(deed)}, std::move(lived));
 }
 
-StepId Author::emitRecord(const Record &record, LivedObject lived)
+StepId Author::emitRecord(Record record, LivedObject lived)
 {
-    m_lesson.apply(record, std::move(lived));
+    record.time = std::clamp(m_clock(), -kMostTime, kMostTime);
+    m_problem = m_lesson.applyMade(record, std::move(lived));
+    if (!m_problem.isEmpty())
+        return kNothing;
     if (m_listener)
         m_listener(record);
     return record.id;
@@ -53,6 +58,8 @@ void Author::show(const QRegion &area)
 
 void Author::turnTo(const PageId &page)
 {
+    if (!m_lesson.hasPage(page))
+        return;
     finish();
     m_page = page;
 }
@@ -60,16 +67,19 @@ void Author::turnTo(const PageId &page)
 void Author::begin(Life life, std::unique_ptr<CInkGraph> object)
 {
     finish();
-    if (!object)
+    m_problem = pageSizeProblem(life.canvas);
+    if (!object || !m_problem.isEmpty())
         return;
     m_known = 0;
-    Hand hand{m_number, std::move(life), std::move(object)};
+    Hand hand{m_number, exactLife(std::move(life)), std::move(object)};
+    if (hand.object->m_color != hand.life.ink.color)
+        hand.object->SetColor(hand.life.ink.color);
     show(lessonPage().take(std::move(hand)));
 }
 
 void Author::begin(const Life &life)
 {
-    begin(life, createObject(life));
+    begin(life, createObject(exactLife(life)));
 }
 
 void Author::insert(Life life)
@@ -81,8 +91,9 @@ void Author::insert(Life life)
 void Author::insert(Life life, int step)
 {
     life.acts.emplace_back(FinishAct());
-    const StepId id = emitDeed(Draw{life}, step);
-    reopen(id);
+    const StepId id = emitDeed(Draw{exactLife(std::move(life))}, step);
+    if (id != kNothing)
+        reopen(id);
 }
 
 bool Author::reopen(const ObjectId &object)
@@ -110,7 +121,7 @@ void Author::hold(Hand hand, const ObjectId &object)
 void Author::feed(int code, const std::vector<QPoint> &pts)
 {
     const Hand *hand = this->hand();
-    if (!hand)
+    if (!hand || !hasRoom(pts.size()))
         return;
     show(lessonPage().feed(m_number, code, pts));
     if (hand->object->m_bFinished)
@@ -122,11 +133,20 @@ void Author::feed(int code, const std::vector<QPoint> &pts)
 void Author::act(const Act &act)
 {
     const Hand *hand = this->hand();
-    if (!hand)
+    const auto *text = std::get_if<TextAct>(&act);
+    m_problem = text && text->text.size() > kMostText ? tr("a text has at most %1 letters").arg(kMostText) : QString();
+    if (!hand || !m_problem.isEmpty() || !hasRoom(1))
         return;
-    show(lessonPage().act(m_number, act));
+    show(lessonPage().act(m_number, exactAct(act)));
     if (hand->held != kNothing && !hand->object->m_bFinished)
         keepChange();
+}
+
+// Of the object in hand, beside those that end and begin its steps.
+bool Author::hasRoom(std::size_t acts) const
+{
+    constexpr std::size_t kOwn = 8;
+    return hand()->life.acts.size() + acts + kOwn <= kMostActs;
 }
 
 // Whether the object in hand looks as the log has it.
@@ -164,7 +184,7 @@ void Author::emitChange(Hand &hand, LivedObject lived)
 {
     if (hand.held == kNothing) {
         hand.held = {m_number, m_lesson.history().nextNumber(m_number)}; // hidden on the page from the start
-        emitDeed(Draw{hand.life}, 0, std::move(lived));
+        hand.held = emitDeed(Draw{hand.life}, 0, std::move(lived));
         return;
     }
     const auto first = hand.life.acts.begin() + std::ptrdiff_t(m_known);
@@ -207,6 +227,10 @@ void Author::settleNew()
         return;
     lived.isPainted = true;
     const StepId id = emitDeed(Draw{std::move(hand.life)}, 0, std::move(lived));
+    if (id == kNothing) {
+        page.setPaper(page.paper()); // without it
+        show(page.repaint());
+    }
     const Item *item = page.item(id);
     if (!item || !item->tool || !item->tool->lift)
         return;
@@ -313,14 +337,14 @@ PageId Author::addPage(int place, const QSize &size)
 void Author::removePage(const PageId &page)
 {
     turnTo(page);
-    if (m_lesson.pageCount() > 1)
+    if (m_page == page && m_lesson.pageCount() > 1)
         emitDeed(RemovePage());
 }
 
 void Author::movePage(const PageId &page, int place)
 {
     turnTo(page);
-    if (m_lesson.indexOf(page) != place)
+    if (m_page == page && m_lesson.indexOf(page) != place)
         emitDeed(MovePage{place});
 }
 
@@ -351,8 +375,7 @@ bool Author::emitUndo(const std::optional<StepId> &step)
     if (!step)
         return false;
     const int number = m_lesson.history().nextNumber(m_number);
-    emitRecord({{m_number, number}, number, m_clock(), m_lesson.pageOf(*step), Undo{*step}}, {});
-    return true;
+    return emitRecord({{m_number, number}, number, {}, m_lesson.pageOf(*step), Undo{*step}}, {}) != kNothing;
 }
 
 } // namespace InkLesson

@@ -13,6 +13,8 @@ namespace InkLesson {
 // after it was drawn and after each change, until it is let go.
 class INKLESSON_EXPORT Author
 {
+    Q_DECLARE_TR_FUNCTIONS(InkLesson::Author)
+
 public:
     using Clock = std::function<qint64()>;                      // milliseconds since 1970
     using Listener = std::function<void(const Record &record)>; // of what has just been applied
@@ -22,7 +24,10 @@ public:
 
     int number() const { return m_number; }
 
-    // Where the hand is. Another page lets go what is in it.
+    // What was wrong with what was to be done last, and was not done for that; empty where nothing was.
+    const QString &problem() const { return m_problem; }
+
+    // Where the hand is. Another page lets go what is in it; one that never was there is passed over.
     const PageId &page() const { return m_page; }
     void turnTo(const PageId &page);
     QSize canvas() const { return lessonPage().rect().size(); } // of objects that are begun now
@@ -37,7 +42,7 @@ public:
     // Takes a committed object into the hand, which gives it its handles. False where it has none, or is not there.
     bool reopen(const ObjectId &object);
 
-    // Hands events to the object in hand; without one they are lost.
+    // Hands events to the object in hand. Without one they are lost, and so are those that no record has room for.
     void feed(int code, const std::vector<QPoint> &pts);
     void feed(int code, const QPoint &pt) { feed(code, std::vector<QPoint>{pt}); }
 
@@ -87,7 +92,7 @@ public:
 private:
     Page &lessonPage() const { return m_lesson.page(m_page); }
     StepId emitDeed(Deed deed, int step = 0, LivedObject lived = {});
-    StepId emitRecord(const Record &record, LivedObject lived);
+    StepId emitRecord(Record record, LivedObject lived);
     bool emitUndo(const std::optional<StepId> &step);
     void emitChange(Hand &hand, LivedObject lived = {});
     void show(const QRegion &area);
@@ -97,12 +102,14 @@ private:
     void keepChange();
     void hold(Hand hand, const ObjectId &object);
     void insert(Life life, int step);
+    bool hasRoom(std::size_t acts) const;
 
     Lesson &m_lesson;
     const int m_number;
     const Clock m_clock;
     const Listener m_listener;
     PageId m_page{kFirstPage};
+    QString m_problem;
     std::size_t m_known{};              // of the acts of the object in hand, those that are in the log
     int m_lifting{};                    // the step that has lifted the object in hand; its first change joins that
     Qt::PenStyle m_dash{Qt::SolidLine}; // of the object in hand, as the log has it

@@ -31,6 +31,8 @@ QRect inkBounds(const QImage &bitmap)
 
 std::optional<Life> poured(const QImage &page, const QPoint &seed, const QColor &color)
 {
+    if (page.isNull())
+        return std::nullopt;
     CInkFloodFillEx fill(page.size());
     setDrawnHere(fill);
     fill.SetColor(color);

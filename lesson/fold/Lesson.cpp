@@ -16,23 +16,81 @@ bool isOneOf(const Deed &deed)
     return (std::holds_alternative<Deeds>(deed) || ...);
 }
 
+qint64 pixels(const QSize &size)
+{
+    return qint64(size.width()) * size.height();
+}
+
+// Whether a record of this length can be read again, and as a line of a file.
+bool isBounded(const QByteArray &code)
+{
+    constexpr int kFew = 1 << 21; // bytes, which hold less than any bound
+    if (code.size() < kFew)
+        return true;
+    const QByteArray line = jsonLine(code);
+    QCborMap map;
+    return line.size() < kMostLineBytes && RecordReader::parseCbor(code, map) && RecordReader::parseJson(line, map);
+}
+
 } // namespace
 
 Lesson::Lesson(const Header &header)
     : m_header(header)
     , m_order{kFirstPage}
+    , m_pixels(pixels(header.size))
 {
     m_sheets[kFirstPage].page = std::make_unique<Page>(header.size, header.density);
 }
 
 Lesson::~Lesson() = default;
 
-void Lesson::apply(const Record &record, LivedObject lived)
+QString Lesson::apply(const Record &record, LivedObject lived)
 {
-    if (isKnown(record))
-        return;
+    return isKnown(record) ? QString() : append(record, toCbor(record), std::move(lived));
+}
+
+QString Lesson::applyMade(Record &record, LivedObject lived)
+{
+    const QByteArray code = toCbor(record);
+    RecordReader reader;
+    Record read;
+    if (!reader.readCbor(code, read))
+        return reader.error();
+    record = std::move(read);
+    return append(record, code, std::move(lived));
+}
+
+// A number that is passed over never comes: so that none who goes on runs out of them, all beyond a place are taken.
+QString Lesson::problemOf(const Record &record) const
+{
+    if (record.id.number > std::max(kMostLeftOut, m_history.nextNumber(record.id.author)))
+        return tr("number: too far beyond the author's last one");
+    if (m_pixels + pixelsOf(record) > kMostPixels)
+        return tr("size: the pages of a lesson have at most %1 pixels in all").arg(kMostPixels);
+    return {};
+}
+
+// By which the pages become more.
+qint64 Lesson::pixelsOf(const Record &record) const
+{
+    if (const auto *added = std::get_if<AddPage>(&record.deed))
+        return pixels(added->size);
+    const auto *grown = std::get_if<Grow>(&record.deed);
+    const auto sheet = m_sheets.find(record.page);
+    if (!grown || sheet == m_sheets.end())
+        return 0;
+    const QSize before = sheet->second.page->rect().size();
+    return pixels(grown->size.expandedTo(before)) - pixels(before);
+}
+
+QString Lesson::append(const Record &record, const QByteArray &code, LivedObject lived)
+{
+    const QString problem = isBounded(code) ? problemOf(record) : tr("it is longer than any board writes");
+    if (!problem.isEmpty())
+        return problem;
+    m_pixels += pixelsOf(record);
     const int place = int(m_log.size());
-    m_log.push_back(toCbor(record));
+    m_log.push_back(code);
     // A record that says to belong to an undo is a step of its own.
     const StepId step = m_history.isUndo(record.stepId()) ? record.id : record.stepId();
     m_steps.push_back(step);
@@ -47,6 +105,7 @@ void Lesson::apply(const Record &record, LivedObject lived)
     }
     if (m_batches == 0)
         repaint();
+    return {};
 }
 
 void Lesson::endBatch()
@@ -94,11 +153,13 @@ std::optional<Life> Lesson::life(const ObjectId &object) const
     return lifeOf(found->second);
 }
 
+// One that nobody can read, since a host has made it so, has no effect.
 Record Lesson::recordAt(int place) const
 {
     RecordReader reader;
     Record record;
-    reader.readCbor(m_log[std::size_t(place)], record); // which we have written
+    if (!reader.readCbor(m_log[std::size_t(place)], record))
+        record.deed = Undo();
     return record;
 }
 
@@ -112,10 +173,7 @@ void Lesson::note(int place, const Record &record, LivedObject lived)
 {
     if (isOneOf<AddPage, RemovePage, MovePage>(record.deed)) {
         if (const auto *added = std::get_if<AddPage>(&record.deed)) {
-            auto page = std::make_unique<Page>(added->size, m_header.density);
-            if (page->isNull())
-                return;
-            m_sheets[record.id].page = std::move(page);
+            m_sheets[record.id].page = std::make_unique<Page>(added->size, m_header.density);
         }
         m_pageRecords.push_back(place);
         refreshPages();
@@ -205,7 +263,9 @@ std::optional<std::vector<int>> Lesson::counting(const Thing &thing) const
 
 Life Lesson::lifeOf(const Thing &thing) const
 {
-    Life life = std::get<Draw>(recordAt(thing.drawn).deed).life;
+    Record first = recordAt(thing.drawn);
+    auto *draw = std::get_if<Draw>(&first.deed);
+    Life life = draw ? std::move(draw->life) : Life();
     for (const int place : thing.applied) {
         Record record = recordAt(place);
         if (const auto *change = std::get_if<Change>(&record.deed)) {
@@ -270,7 +330,9 @@ void Lesson::refreshOrder(Sheet &sheet)
     for (const int place : sheet.orders) {
         for (; drawn != sheet.drawn.end() && m_things.at(*drawn).drawn < place; ++drawn)
             order.push_back(*drawn);
-        const auto turn = std::get<Order>(recordAt(place).deed);
+        const Record record = recordAt(place);
+        const auto *read = std::get_if<Order>(&record.deed);
+        const Order turn = read ? *read : Order();
         moved.push_back(turn.object);
         const auto from = std::find(order.begin(), order.end(), turn.object);
         if (!countsAt(place) || from == order.end() || turn.above == turn.object)
@@ -294,7 +356,9 @@ void Lesson::refreshPaper(Sheet &sheet)
 {
     const auto last =
         std::find_if(sheet.papers.rbegin(), sheet.papers.rend(), [this](int place) { return countsAt(place); });
-    sheet.page->setPaper(last == sheet.papers.rend() ? Paper() : std::get<SetPaper>(recordAt(*last).deed).paper);
+    const Record record = last == sheet.papers.rend() ? Record() : recordAt(*last);
+    const auto *set = std::get_if<SetPaper>(&record.deed);
+    sheet.page->setPaper(set ? set->paper : Paper());
 }
 
 void Lesson::refreshPages()

@@ -6,6 +6,7 @@
 #include "lesson/pages/Page.h"
 
 #include <QtCore/QByteArray>
+#include <QtCore/QCoreApplication>
 
 #include <functional>
 #include <memory>
@@ -22,12 +23,16 @@ struct Header
 };
 
 // Pages in their order: the fold of all steps of a log that count, in the order of the log. The same log gives the same
-// pixels, whoever reads it and whatever was undone in between.
+// pixels, whoever reads it and whatever was undone in between. A page has pixels once somebody looks at it.
 //
 // What no longer counts has no effect, nor has what builds on it; nothing is refused for what the pages happen to show.
 class INKLESSON_EXPORT Lesson
 {
+    Q_DECLARE_TR_FUNCTIONS(InkLesson::Lesson)
+
 public:
+    static constexpr int kMostLeftOut = 1 << 30;     // numbers of an author, up to which any may come next
+    static constexpr qint64 kMostPixels = 1LL << 34; // of all pages that there have been
     explicit Lesson(const Header &header);
     ~Lesson();
 
@@ -37,8 +42,13 @@ public:
     bool isKnown(const Record &record) const { return m_history.isKnown(record.id); }
 
     // Applies the next record of the log. One that is known changes nothing. `lived`, where there is one, is what the
-    // life of a Draw gives.
-    void apply(const Record &record, LivedObject lived = {});
+    // life of a Draw gives. Returns what is wrong with a record that no log holds, which changes nothing either; empty
+    // where nothing is.
+    QString apply(const Record &record, LivedObject lived = {});
+
+    // The same for a record that was made here. It becomes what everybody will read; one that nobody could read is
+    // wrong.
+    QString applyMade(Record &record, LivedObject lived = {});
 
     // Takes the painting of all pages together until the last of these has ended, for a log that is read at once.
     class Batch
@@ -63,8 +73,9 @@ public:
 
     int pageCount() const { return int(m_order.size()); }
     PageId pageId(int index) const { return m_order[std::size_t(index)]; }
-    int indexOf(const PageId &id) const; // -1 where there is none now
-    Page &page(const PageId &id);        // also one that was taken away
+    int indexOf(const PageId &id) const;                                     // -1 where there is none now
+    bool hasPage(const PageId &id) const { return m_sheets.count(id) != 0; } // also one that was taken away
+    Page &page(const PageId &id);                                            // also one that was taken away
     const Page &page(const PageId &id) const;
 
     // Where a step was done, or the page that it has made. kNothing where there is no such step.
@@ -98,6 +109,9 @@ private:
         std::vector<int> papers{};
     };
 
+    QString append(const Record &record, const QByteArray &code, LivedObject lived);
+    QString problemOf(const Record &record) const;
+    qint64 pixelsOf(const Record &record) const;
     void endBatch();
     Record recordAt(int place) const;
     bool countsAt(int place) const;
@@ -124,6 +138,7 @@ private:
     std::unordered_map<PageId, Sheet> m_sheets;
     std::vector<int> m_pageRecords;
     std::vector<PageId> m_order;
+    qint64 m_pixels; // of all pages that there have been
     int m_batches{};
 };
 

@@ -8,6 +8,8 @@
 
 namespace InkLesson {
 
+constexpr int kMostLineBytes = 64 << 20; // of a record in a file, with the end of its line
+
 // A record as a map, which CBOR and JSON write alike but for the bytes of pictures: {"author": 1, "number": 7, "time":
 // ..., "do": "draw", "life": {...}}. What has its usual value is left out: "step" where the record is the first of its
 // step, "page" where it is the first of the lesson. Pictures are PNG files, in JSON as base64 text.

@@ -24,9 +24,7 @@ namespace {
 
 constexpr int kLeast = std::numeric_limits<int>::min();
 constexpr int kMost = std::numeric_limits<int>::max();
-constexpr std::size_t kMostActs = 1 << 22; // in one life: five hours of a fast pen
 constexpr qint64 kMostPicturePixels = 64 * 1024 * 1024;
-constexpr int kMostText = 1 << 20;  // letters
 constexpr int kMostParts = 1 << 22; // values, and what holds them: in memory each is many times its one or two bytes
 constexpr int kDeepest = 8;         // maps and arrays in each other
 
@@ -134,14 +132,21 @@ bool RecordReader::fail(QLatin1String place, const QString &what)
 
 bool RecordReader::readCbor(const QByteArray &bytes, Record &record)
 {
-    const QCborValue value = isBounded(bytes) ? QCborValue::fromCbor(bytes) : QCborValue();
-    return value.isMap() ? read(value.toMap(), record) : fail(kDo, tr("nothing that can be read"));
+    QCborMap map;
+    return parseCbor(bytes, map) ? read(map, record) : fail(kDo, tr("nothing that can be read"));
 }
 
 bool RecordReader::readJson(const QByteArray &line, Record &record)
 {
     QCborMap map;
     return parseJson(line, map) ? read(map, record) : fail(kDo, tr("nothing that can be read"));
+}
+
+bool RecordReader::parseCbor(const QByteArray &bytes, QCborMap &map)
+{
+    const QCborValue value = isBounded(bytes) ? QCborValue::fromCbor(bytes) : QCborValue();
+    map = value.toMap();
+    return value.isMap();
 }
 
 bool RecordReader::parseJson(const QByteArray &line, QCborMap &map)

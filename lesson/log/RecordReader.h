@@ -22,6 +22,9 @@ public:
     bool readCbor(const QByteArray &bytes, Record &record);
     bool readJson(const QByteArray &line, Record &record);
 
+    // The map of a record. False where the bytes are none, or of more parts than a record may have.
+    static bool parseCbor(const QByteArray &bytes, QCborMap &map);
+
     // The map of a line. False where the line is no object, or one of more parts than a record may have.
     static bool parseJson(const QByteArray &line, QCborMap &map);
 

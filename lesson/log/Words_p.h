@@ -17,9 +17,11 @@ constexpr const char *kDashes[] = {"solid", "dash", "dot", "dash-dot", "dash-dot
 // Of Paper::Kind.
 constexpr const char *kPapers[] = {"blank", "ruled", "squared", "picture"};
 
+// What is not in the table is solid.
 inline QString dashName(Qt::PenStyle dash)
 {
-    return QString::fromLatin1(kDashes[dash - Qt::SolidLine]);
+    const bool isKnown = dash >= Qt::SolidLine && dash <= Qt::DashDotDotLine;
+    return QString::fromLatin1(kDashes[isKnown ? dash - Qt::SolidLine : 0]);
 }
 
 // For compilers that do not measure a text at compile time.

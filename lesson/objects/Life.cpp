@@ -67,6 +67,23 @@ struct Performer
     }
 };
 
+QColor exactColor(const QColor &color)
+{
+    return QColor::fromRgba(color.rgba());
+}
+
+Qt::PenStyle exactDash(Qt::PenStyle dash)
+{
+    return dash >= Qt::SolidLine && dash <= Qt::DashDotDotLine ? dash : Qt::SolidLine;
+}
+
+QImage unseenImage()
+{
+    QImage image(1, 1, QImage::Format_ARGB32);
+    image.fill(Qt::transparent);
+    return image;
+}
+
 // Places beyond those that an int holds are the last ones there.
 QPoint shifted(const QPoint &pt, const QPoint &by)
 {
@@ -88,6 +105,26 @@ QImage exactImage(const QImage &image)
     QImage exact = image.convertToFormat(QImage::Format_ARGB32);
     exact.setDevicePixelRatio(1);
     return exact;
+}
+
+Act exactAct(Act act)
+{
+    if (auto *color = std::get_if<ColorAct>(&act))
+        color->color = exactColor(color->color);
+    else if (auto *dash = std::get_if<DashAct>(&act))
+        dash->dash = exactDash(dash->dash);
+    else if (auto *text = std::get_if<TextAct>(&act))
+        text->image = text->image.isNull() ? unseenImage() : exactImage(text->image);
+    return act;
+}
+
+Life exactLife(Life life)
+{
+    life.ink.color = exactColor(life.ink.color);
+    life.ink.dash = exactDash(life.ink.dash);
+    life.picture = exactImage(life.picture);
+    std::transform(life.acts.begin(), life.acts.end(), life.acts.begin(), exactAct);
+    return life;
 }
 
 bool canReopen(const Life &life)

@@ -60,11 +60,19 @@ struct Life
     std::vector<Act> acts{};
 };
 
+constexpr std::size_t kMostActs = 1 << 22; // in one life: five hours of a fast pen
+constexpr int kMostText = 1 << 20;         // letters
+
 constexpr const char *kPictureTool = "picture";
 constexpr const char *kAreaTool = "area"; // a fill, whose pixels were computed once
 
 // In the format that a PNG file gives back bit for bit.
 INKLESSON_EXPORT QImage exactImage(const QImage &image);
+
+// As they are when they are read again: colours of eight bits, exact images, lines of a style that has a name. A text
+// without an image has one that is not seen.
+INKLESSON_EXPORT Life exactLife(Life life);
+INKLESSON_EXPORT Act exactAct(Act act);
 
 // Whether the object can have its handles again once it is committed.
 INKLESSON_EXPORT bool canReopen(const Life &life);

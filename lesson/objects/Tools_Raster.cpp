@@ -52,7 +52,9 @@ void takeArea(CInkGraph &object, const Life &life)
     }
     delete fill.m_pImage;
     fill.m_pImage = new QImage(pixels);
-    fill.m_rcCanvas = fill.m_rcFillBounds = fill.m_rcHot = QRect(life.position, pixels.size());
+    constexpr int kFar = 1 << 30; // beyond every page, and an int goes on beyond the widest picture there
+    const QPoint position(qBound(-kFar, life.position.x(), kFar), qBound(-kFar, life.position.y(), kFar));
+    fill.m_rcCanvas = fill.m_rcFillBounds = fill.m_rcHot = QRect(position, pixels.size());
     fill.m_nPointCount = fill.m_bFilled = 1;
 }
 

@@ -32,12 +32,35 @@ qint64 pixels(const QRect &area)
 } // namespace
 
 Page::Page(const QSize &size, double density)
-    : m_layers(size)
+    : m_rect(QPoint(), size)
     , m_density(density)
 {
 }
 
 Page::~Page() = default;
+
+const PageLayers &Page::layers() const
+{
+    if (!isPainted())
+        const_cast<Page *>(this)->paintAnew();
+    return *m_layers;
+}
+
+void Page::paintAnew()
+{
+    m_layers = std::make_unique<PageLayers>(rect().size());
+    if (m_layers->isNull())
+        return;
+    m_change = Change::Any; // what has changed since the last repaint() is painted here
+    layPaper();
+    repaint(rect());
+    show(rect());
+}
+
+void Page::release()
+{
+    m_layers.reset();
+}
 
 std::size_t Page::indexOf(const ObjectId &id) const
 {
@@ -54,6 +77,8 @@ const Item *Page::item(const ObjectId &id) const
 ObjectId Page::topmostAt(const QPoint &pt, int reach) const
 {
     const QRect near(pt - QPoint(reach, reach), pt + QPoint(reach, reach));
+    if (m_flooding != 0)
+        layers(); // such a fill has no pixels before
     for (auto item = m_items.rbegin(); item != m_items.rend(); ++item) {
         if ((*item)->reach.intersects(near) && !isHeld((*item)->id) && paintsNear(*(*item)->object, pt, reach))
             return (*item)->id;
@@ -140,7 +165,8 @@ void Page::reorder(const std::vector<ObjectId> &order, const std::vector<ObjectI
 void Page::setPaper(const Paper &paper)
 {
     m_paper = paper;
-    layPaper();
+    if (isPainted())
+        layPaper();
     touch(rect());
 }
 
@@ -149,18 +175,22 @@ bool Page::grow(const QSize &size)
     const QSize grown = size.expandedTo(rect().size());
     if (grown == rect().size())
         return true;
-    PageLayers layers(grown);
-    if (layers.isNull())
-        return false; // a smaller page is better than none
-    m_layers = std::move(layers);
-    layPaper();
+    if (isPainted()) {
+        PageLayers layers(grown);
+        if (layers.isNull())
+            return false; // a smaller page is better than none
+        *m_layers = std::move(layers);
+    }
+    m_rect = QRect(QPoint(), grown);
+    if (isPainted())
+        layPaper();
     touch(rect()); // objects reach farther now
     return true;
 }
 
 void Page::layPaper()
 {
-    m_layers.setBackground(paintedPaper(m_paper, rect().size(), m_density));
+    m_layers->setBackground(paintedPaper(m_paper, rect().size(), m_density));
     ++m_backgrounds;
 }
 
@@ -186,7 +216,7 @@ QRect Page::closed(QRect area) const
 CInkGraph &Page::prepared(CInkGraph &object, const Tool *tool, int &background) const
 {
     if (std::exchange(background, m_backgrounds) != m_backgrounds && tool && tool->takeBackground)
-        tool->takeBackground(object, m_layers.background());
+        tool->takeBackground(object, m_layers->background());
     return object;
 }
 
@@ -208,16 +238,18 @@ bool Page::leavesMark(CInkGraph &object, const QRect &asked, const Tool *tool)
 
 bool Page::leavesMark(CInkGraph &object, const QRect &asked, const Tool *tool, bool stays)
 {
-    int background = 0;
-    prepared(object, tool, background);
     const QRect area = onPage(reachOf(object, asked));
     if (area.isEmpty())
         return false; // a copy of an empty rectangle would be a copy of everything
+    if (layers().isNull())
+        return true; // nobody knows
+    int background = 0;
+    prepared(object, tool, background);
     const QImage page = picture().copy(area), inked = ink().copy(area);
-    LayerPainting(m_layers, LayerPainting::On::PageAndInk, rect()).paint(object, onPage(asked));
+    LayerPainting(*m_layers, LayerPainting::On::PageAndInk, rect()).paint(object, onPage(asked));
     const bool isSeen = page != picture().copy(area) || inked != ink().copy(area);
     if (!stays)
-        m_layers.restore(area.topLeft(), page, inked);
+        m_layers->restore(area.topLeft(), page, inked);
     return isSeen;
 }
 
@@ -227,8 +259,8 @@ QRegion Page::repaint()
     const Change change = std::exchange(m_change, Change::Any);
     QRegion shown;
     for (const QRect &part : parts) {
-        if (change == Change::Append && !isHeld(m_items.back()->id)) {
-            LayerPainting painting(m_layers, LayerPainting::On::PageAndInk, rect());
+        if (isPainted() && change == Change::Append && !isHeld(m_items.back()->id)) {
+            LayerPainting painting(*m_layers, LayerPainting::On::PageAndInk, rect());
             paint(painting, *m_items.back());
         }
         shown |= change == Change::Any ? repaint(part) : part;
@@ -240,8 +272,10 @@ QRegion Page::repaint()
 QRect Page::repaint(const QRect &part)
 {
     const QRect area = closed(part);
-    m_layers.clear(area);
-    LayerPainting painting(m_layers, LayerPainting::On::PageAndInk, area);
+    if (!isPainted())
+        return area;
+    m_layers->clear(area);
+    LayerPainting painting(*m_layers, LayerPainting::On::PageAndInk, area);
     for (const auto &item : m_items) {
         if (area.intersects(item->reach) && !isHeld(item->id))
             paint(painting, *item);
@@ -251,11 +285,11 @@ QRect Page::repaint(const QRect &part)
 
 QRegion Page::show(const QRegion &area)
 {
-    if (area.isEmpty())
+    if (area.isEmpty() || !isPainted())
         return area;
-    m_layers.showPage(area);
+    m_layers->showPage(area);
     for (const QRect &part : m_hands.empty() ? QRegion() : area) {
-        LayerPainting painting(m_layers, LayerPainting::On::Surface, part);
+        LayerPainting painting(*m_layers, LayerPainting::On::Surface, part);
         for (Hand &hand : m_hands) {
             if (part.intersects(hand.touched))
                 painting.paint(prepared(*hand.object, hand.tool, hand.background), part);

@@ -30,7 +30,8 @@ struct Item
 // What a page shows: its paper, its committed objects, and over them those that its authors have in hand.
 //
 // Every change of the committed objects is painted by the next repaint(), in the area that has changed and with the
-// objects alone whose ink meets that, to the same pixels as if the whole page were painted anew.
+// objects alone whose ink meets that, to the same pixels as if the whole page were painted anew. A page that nobody
+// looks at has no pixels, whatever is done to it.
 class INKLESSON_EXPORT Page
 {
 public:
@@ -38,16 +39,23 @@ public:
     explicit Page(const QSize &size, double density = 1);
     ~Page();
 
-    // There was not enough memory: nothing but the destructor may be called.
-    bool isNull() const { return m_layers.isNull(); }
+    // There is not enough memory for its pixels.
+    bool isNull() const { return layers().isNull(); }
 
-    QRect rect() const { return m_layers.rect(); }
+    QRect rect() const { return m_rect; }
     double density() const { return m_density; }
-    const QImage &surface() const { return m_layers.surface(); }
-    const QImage &picture() const { return m_layers.page(); }
-    const QImage &ink() const { return m_layers.ink(); }
-    const QImage &background() const { return m_layers.background(); }
     const Paper &paper() const { return m_paper; }
+
+    // The pixels. They are made, and painted, when they are asked for first; null where there is not enough memory.
+    const QImage &surface() const { return layers().surface(); }
+    const QImage &picture() const { return layers().page(); }
+    const QImage &ink() const { return layers().ink(); }
+    const QImage &background() const { return layers().background(); }
+
+    // Whether there are pixels. Those of a page that is not shown any more may be given back until they are asked for
+    // again.
+    bool isPainted() const { return m_layers && !m_layers->isNull(); }
+    void release();
 
     // The committed objects, the lowest first.
     using Items = std::vector<std::shared_ptr<Item>>;
@@ -91,6 +99,8 @@ public:
     const std::vector<Hand> &hands() const { return m_hands; } // the first that was taken lowest
 
 private:
+    const PageLayers &layers() const;
+    void paintAnew();
     QRect onPage(const QRect &reach) const { return reach & rect(); }
     std::size_t indexOf(const ObjectId &id) const;
     bool isHeld(const ObjectId &id) const;
@@ -104,7 +114,8 @@ private:
     QRegion reached(Hand &hand, const QRect &reach);
     void layPaper();
 
-    PageLayers m_layers;
+    QRect m_rect;
+    std::unique_ptr<PageLayers> m_layers; // null until somebody asks for pixels
     const double m_density;
     Paper m_paper;
     int m_backgrounds{1}; // that there have been

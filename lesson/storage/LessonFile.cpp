@@ -56,13 +56,12 @@ std::unique_ptr<Lesson> openLesson(const QString &fileName, QString &problem)
         return nullptr;
     }
     auto lesson = std::make_unique<Lesson>(header);
-    {
-        const Lesson::Batch batch(*lesson);
-        Record record;
-        while (reader.read(*lesson, record))
-            lesson->apply(record);
-    }
-    problem = named(reader.error());
+    const Lesson::Batch batch(*lesson);
+    Record record;
+    QString refusal;
+    while (refusal.isEmpty() && reader.read(*lesson, record))
+        refusal = lesson->apply(record);
+    problem = named(refusal.isEmpty() ? reader.error() : reader.named(refusal));
     return lesson;
 }
 

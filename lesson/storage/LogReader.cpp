@@ -47,12 +47,18 @@ QByteArray headerLine(const Header &header)
 
 LogReader::LogReader(QIODevice &device)
     : m_device(device)
+    , m_piece(kPiece + 1, Qt::Uninitialized)
 {
+}
+
+QString LogReader::named(const QString &what) const
+{
+    return tr("line %1: %2").arg(m_line).arg(what);
 }
 
 bool LogReader::fail(const QString &what)
 {
-    m_error = tr("line %1: %2").arg(m_line).arg(what);
+    m_error = named(what);
     return false;
 }
 
@@ -64,10 +70,10 @@ bool LogReader::readLine(QByteArray &line)
     line.clear();
     while (!line.endsWith('\n') && line.size() < kMostBytes) {
         // One more than is read: Qt ends it with a null.
-        const QByteArray piece = m_device.readLine(std::min(kPiece, kMostBytes - line.size()) + 1);
-        if (piece.isEmpty())
+        const qint64 read = m_device.readLine(m_piece.data(), std::min(kPiece, kMostBytes - line.size()) + 1);
+        if (read <= 0)
             break;
-        line += piece;
+        line.append(m_piece.constData(), int(read));
     }
     if (line.endsWith('\n')) {
         line.chop(1);

@@ -2,6 +2,7 @@
 
 #include "lesson/Export.h"
 #include "lesson/fold/Lesson.h"
+#include "lesson/log/RecordCode.h"
 
 #include <QtCore/QCborMap>
 #include <QtCore/QCoreApplication>
@@ -20,8 +21,8 @@ class INKLESSON_EXPORT LogReader
     Q_DECLARE_TR_FUNCTIONS(InkLesson::LogReader)
 
 public:
-    static constexpr int kVersion = 2;          // that is written
-    static constexpr int kMostBytes = 64 << 20; // in one line
+    static constexpr int kVersion = 2;                // that is written
+    static constexpr int kMostBytes = kMostLineBytes; // in one line
 
     // `device` is open, and outlives the reader.
     explicit LogReader(QIODevice &device);
@@ -35,6 +36,9 @@ public:
     // "line 7: what is wrong".
     QString error() const { return m_error; }
 
+    // The same of something that is wrong with the record that was read last.
+    QString named(const QString &what) const;
+
 private:
     bool readLine(QByteArray &line);
     bool translate(const QCborMap &line, const Lesson &lesson, QCborMap &map);
@@ -43,6 +47,7 @@ private:
     bool fail(const QString &what);
 
     QIODevice &m_device;
+    QByteArray m_piece; // of a line
     int m_version{kVersion};
     int m_line{};
     QString m_error;

@@ -18,20 +18,30 @@ class RandomLesson
 public:
     static constexpr QSize kSize{160, 120};
 
-    explicit RandomLesson(unsigned seed, int people = 2, double density = 1)
+    // Whether a host hands over what no file can keep, as well.
+    enum class Host { Exact, Odd };
+
+    explicit RandomLesson(unsigned seed, int people = 2, double density = 1, Host host = Host::Exact)
         : m_random(seed)
+        , m_host(host)
         , m_lesson({kSize, density})
     {
         for (int number = 1; number <= people; ++number)
-            m_people.push_back(std::make_unique<InkLesson::Author>(m_lesson, number, [this] { return ++m_time; }));
+            m_people.push_back(std::make_unique<InkLesson::Author>(
+                m_lesson, number, [this] { return isOdd() ? m_time = -m_time * 1000 - 1 : ++m_time; },
+                [this](const InkLesson::Record &record) { m_records.push_back(record); }));
+        look();
     }
 
     InkLesson::Lesson &lesson() { return m_lesson; }
+    const std::vector<InkLesson::Record> &records() const { return m_records; } // that were told of
 
     void act(int times)
     {
-        for (; times > 0; --times)
+        for (; times > 0; --times) {
             actOnce(*m_people[std::size_t(m_random.below(int(m_people.size())))]);
+            look();
+        }
     }
 
     void letGo()
@@ -41,6 +51,14 @@ public:
     }
 
 private:
+    // So that every page is painted as it changes.
+    void look()
+    {
+        for (int i = 0; i < m_lesson.pageCount(); ++i)
+            m_lesson.page(m_lesson.pageId(i)).surface();
+    }
+    bool isOdd() { return m_host == Host::Odd && m_random.oneIn(4); }
+
     void actOnce(InkLesson::Author &person)
     {
         using namespace InkLesson;
@@ -112,13 +130,16 @@ private:
         life.ink.color = color();
         life.ink.width = m_random.from(1, 9);
         life.ink.dash = m_random.oneIn(3) ? Qt::DashLine : Qt::SolidLine;
-        life.canvas = m_lesson.page(person.page()).rect().size();
+        if (isOdd())
+            life.ink.dash = m_random.of({Qt::NoPen, Qt::DotLine, Qt::CustomDashLine});
+        life.canvas = isOdd() ? m_random.of({QSize(), QSize(1, 1), QSize(20000, 20000)})
+                              : m_lesson.page(person.page()).rect().size();
         person.begin(life);
         gesture(person);
         for (int more = m_random.below(3); more > 0; --more)
             gesture(person);
         if (tool.takesText)
-            person.act(TextAct{QStringLiteral("text"), image()});
+            person.act(TextAct{isOdd() ? QString(QChar(0xD800)) + QChar(0) : QStringLiteral("text"), image()});
         if (m_random.oneIn(2))
             person.finish();
     }
@@ -126,6 +147,8 @@ private:
     void edit(InkLesson::Author &person)
     {
         using namespace InkLesson;
+        if (isOdd())
+            person.act(DashAct{m_random.of({Qt::NoPen, Qt::DashDotLine, Qt::CustomDashLine})});
         for (int times = m_random.from(1, 3); times > 0 && person.hand(); --times) {
             switch (m_random.below(4)) {
             case 0:
@@ -167,13 +190,13 @@ private:
     {
         switch (m_random.below(4)) {
         case 0:
-            person.addPage(m_random.below(m_lesson.pageCount() + 1), kSize);
+            person.addPage(m_random.below(m_lesson.pageCount() + 1) - (isOdd() ? 1 : 0), isOdd() ? QSize() : kSize);
             break;
         case 1:
-            person.movePage(person.page(), m_random.below(m_lesson.pageCount()));
+            person.movePage(person.page(), m_random.below(m_lesson.pageCount()) - (isOdd() ? 1 : 0));
             break;
         case 2:
-            person.grow({m_random.from(100, 200), m_random.from(100, 150)});
+            person.grow({m_random.from(100, 200), isOdd() ? 20000 : m_random.from(100, 150)});
             break;
         default:
             person.removePage(person.page());
@@ -194,17 +217,29 @@ private:
     }
     QColor color()
     {
+        if (isOdd())
+            return m_random.oneIn(3) ? QColor() : QColor::fromHsvF(m_random.below(100) / 99.0, 0.31, 0.77, 0.43);
         return {m_random.below(256), m_random.below(256), m_random.below(256),
                 m_random.oneIn(2) ? 255 : m_random.below(256)};
+    }
+    QRgb pixel()
+    {
+        return qRgba(m_random.below(256), m_random.below(256), m_random.below(256),
+                     m_random.oneIn(2) ? 255 : m_random.below(256));
     }
     QImage image()
     {
         QImage image(QSize{m_random.from(1, 40), m_random.from(1, 30)}, QImage::Format_ARGB32);
         for (int y = 0; y < image.height(); ++y) {
             for (int x = 0; x < image.width(); ++x)
-                image.setPixelColor(x, y, color());
+                image.setPixel(x, y, pixel());
         }
-        return image;
+        if (!isOdd())
+            return image;
+        image.setDevicePixelRatio(2);
+        return m_random.oneIn(3) ? QImage()
+                                 : image.convertToFormat(m_random.of({QImage::Format_RGB32, QImage::Format_Grayscale8,
+                                                                      QImage::Format_ARGB32_Premultiplied}));
     }
     InkLesson::Paper paper()
     {
@@ -222,6 +257,8 @@ private:
     }
 
     Random m_random;
+    const Host m_host;
+    std::vector<InkLesson::Record> m_records;
     InkLesson::Lesson m_lesson;
     qint64 m_time{};
     std::vector<std::unique_ptr<InkLesson::Author>> m_people;

@@ -30,6 +30,13 @@ void drag(Author &author, const QPoint &from, const QPoint &to)
     author.feed(PT_UP, to);
 }
 
+QImage redImage()
+{
+    QImage image(40, 30, QImage::Format_ARGB32);
+    image.fill(kRed);
+    return image;
+}
+
 // A frame of 5 pixels around 30 x 30 others, from (50,50) on.
 Life ring()
 {
@@ -46,6 +53,10 @@ Life ring()
 class AuthorTest : public ::testing::Test
 {
 protected:
+    AuthorTest()
+    {
+        lesson.page(kFirstPage).surface(); // somebody looks from the start
+    }
     QRgb at(int x, int y) const { return lesson.page(kFirstPage).picture().pixel(x, y); }
     QRgb shown(int x, int y) const { return lesson.page(kFirstPage).surface().pixel(x, y); }
     std::size_t things() const { return lesson.page(kFirstPage).items().size(); }
@@ -140,6 +151,19 @@ TEST_F(AuthorTest, eachThingTheHandDoesIsOneStep)
         EXPECT_TRUE(me.redo());
     EXPECT_FALSE(me.redo());
     EXPECT_EQ(dashOf(*lesson.life({1, 1})), Qt::DotLine);
+}
+
+TEST_F(AuthorTest, aDragIsAStepOnceItIsReleased)
+{
+    me.begin(fresh("line"));
+    drag(me, {20, 20}, {60, 20});
+    me.feed(PT_DOWN, QPoint(40, 20));
+    me.feed(PT_MOVE, QPoint(40, 30));
+    me.feed(PT_MOVE, QPoint(40, 50));
+    EXPECT_EQ(records.size(), 1U);
+    me.feed(PT_UP, QPoint(40, 50));
+    EXPECT_EQ(records.size(), 2U);
+    EXPECT_EQ(last<Change>().acts.size(), 6U); // with those that take it and let it go
 }
 
 TEST_F(AuthorTest, lettingGoWhatIsUnchangedIsNoStep)
@@ -331,6 +355,7 @@ TEST_F(AuthorTest, aFillTakesAnotherColourAndPlace)
     records.push_back({});
     me.pour({70, 70}, QColor(0, 255, 0, 90));
     EXPECT_EQ(at(70, 70), kGreen); // opaque
+    EXPECT_EQ(last<Draw>().life.ink.color.rgba(), kGreen);
     const ObjectId fill = records.back().id;
     EXPECT_EQ(lesson.page(kFirstPage).topmostAt({70, 70}), fill);
     Change change{fill, QColor(kBlue)};
@@ -487,6 +512,107 @@ TEST_F(AuthorTest, anotherMayRemoveWhatIsInTheHand)
     other.undo();
     EXPECT_EQ(at(40, 80), kRed);
     EXPECT_EQ(at(40, 20), kWhite);
+}
+
+// With words, and nothing has changed.
+TEST_F(AuthorTest, whatNoRecordCanTellIsNotDone)
+{
+    const ObjectId thing = line(me);
+    EXPECT_EQ(me.problem(), QString());
+    EXPECT_EQ(me.addPage(-1, {50, 50}), kNothing);
+    EXPECT_EQ(me.problem(), QStringLiteral("at: not a number that this can be"));
+    EXPECT_EQ(me.addPage(0, {50, 0}), kNothing);
+    EXPECT_EQ(me.problem(), QStringLiteral("size: a side must be 1 to 16384 pixels"));
+    me.turnTo(kNothing);
+    EXPECT_EQ(me.page(), kFirstPage);
+    me.removePage(kNothing);
+    me.movePage({9, 9}, 1);
+    me.movePage(kFirstPage, -1);
+    EXPECT_EQ(me.problem(), QStringLiteral("at: not a number that this can be"));
+    me.grow({16385, 10});
+    EXPECT_EQ(me.problem(), QStringLiteral("size: a side must be 1 to 16384 pixels"));
+    me.setPaper({Paper::Kind::Picture, {}});
+    EXPECT_EQ(me.problem(), QStringLiteral("picture: not a picture"));
+    me.order(thing, {1, 0});
+    EXPECT_EQ(me.problem(), QStringLiteral("above: not a name"));
+    Life life = fresh("pencil");
+    life.canvas = {};
+    me.begin(life);
+    EXPECT_EQ(me.problem(), QStringLiteral("a side must be 1 to 16384 pixels"));
+    EXPECT_EQ(me.hand(), nullptr);
+    EXPECT_EQ(records.size(), 1U);
+    EXPECT_EQ(at(40, 20), kRed);
+    me.setPaper({Paper::Kind::Ruled, {}});
+    EXPECT_EQ(me.problem(), QString());
+    EXPECT_EQ(records.size(), 2U);
+}
+
+TEST_F(AuthorTest, aTextIsAtMostAMillionLetters)
+{
+    me.begin(fresh("text"));
+    drag(me, {20, 20}, {100, 80});
+    me.act(TextAct{QString(1048577, QLatin1Char('a')), {}});
+    EXPECT_EQ(me.problem(), QStringLiteral("a text has at most 1048576 letters"));
+    ASSERT_NE(me.hand(), nullptr);
+    EXPECT_FALSE(std::holds_alternative<TextAct>(me.hand()->life.acts.back()));
+    me.act(TextAct{QString(1048576, QLatin1Char('a')), redImage()});
+    EXPECT_EQ(me.problem(), QString());
+    me.finish();
+    EXPECT_EQ(me.problem(), QString());
+    EXPECT_FALSE(records.empty());
+}
+
+// A text without an image, a style without a name, a colour of sixteen bits, a clock gone mad.
+TEST_F(AuthorTest, whatIsNotExactIsMadeSo)
+{
+    now = 1LL << 62;
+    Life life = fresh("line");
+    life.ink.color = QColor::fromRgba64(0xFFFF, 0x0080, 0x0080);
+    life.ink.dash = Qt::NoPen;
+    me.begin(life);
+    EXPECT_EQ(me.hand()->life.ink.dash, Qt::SolidLine);
+    EXPECT_EQ(me.object()->m_color, QColor(255, 0, 0));
+    drag(me, {20, 20}, {60, 20});
+    ASSERT_EQ(records.size(), 1U);
+    EXPECT_EQ(records[0].time, 9007199254740992);
+    EXPECT_EQ(last<Draw>().life.ink.dash, Qt::SolidLine);
+    me.act(DashAct{Qt::CustomDashLine});
+    me.act(ColorAct{QColor::fromRgba64(0x0080, 0x0080, 0xFFFF)});
+    me.finish();
+    ASSERT_EQ(records.size(), 2U);
+    EXPECT_EQ(at(40, 20), 0xFF0000FF);
+    Change change{{1, 1}};
+    change.dash = Qt::NoPen;
+    me.change(change);
+    EXPECT_EQ(last<Change>().dash, Qt::SolidLine);
+
+    me.begin(fresh("text"));
+    drag(me, {100, 20}, {180, 80});
+    me.act(TextAct{QStringLiteral("t"), {}});
+    me.act(TextAct{QStringLiteral("t"), redImage()}); // without a mark it would be forgotten
+    me.finish();
+    EXPECT_EQ(me.problem(), QString());
+    const std::vector<Act> acts = lesson.life(records.back().id)->acts;
+    const auto isText = [](const Act &act) { return std::holds_alternative<TextAct>(act); };
+    const auto text = std::find_if(acts.begin(), acts.end(), isText);
+    ASSERT_NE(text, acts.end());
+    EXPECT_EQ(std::get<TextAct>(*text).image.size(), QSize(1, 1));
+    EXPECT_EQ(std::get<TextAct>(*text).image.pixel(0, 0), 0U);
+}
+
+// Five hours of a fast pen.
+TEST_F(AuthorTest, aStrokeEndsWhereARecordEnds)
+{
+    Life life = fresh("pencil");
+    life.acts.assign(4194304 - 10, PaintAct());
+    me.begin(life, createObject(life));
+    me.feed(PT_DOWN, QPoint(20, 20));
+    me.feed(PT_MOVE, {{21, 20}, {22, 20}}); // no room
+    me.feed(PT_MOVE, QPoint(23, 20));
+    EXPECT_EQ(me.hand()->life.acts.size(), 4194296U);
+    me.feed(PT_MOVE, QPoint(24, 20));
+    me.act(ColorAct{QColor(kBlue)});
+    EXPECT_EQ(me.hand()->life.acts.size(), 4194296U);
 }
 
 // What is to be shown is told of while it is drawn.

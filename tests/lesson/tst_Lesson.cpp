@@ -38,6 +38,7 @@ protected:
             ++paintings;
         };
         lesson.pagesChanged = [this] { ++pageChanges; };
+        lesson.page(kFirstPage).surface(); // somebody looks from the start
     }
 
     // The author's next record. Returns its name.
@@ -245,6 +246,18 @@ TEST_F(LessonTest, whatComesBackIsWhereItWouldBe)
     EXPECT_EQ(order(), (std::vector<ObjectId>{b, a, c}));
     EXPECT_EQ(at(35, 40), kRed);
     EXPECT_EQ(at(45, 40), kBlue);
+}
+
+// Whenever the order is made anew.
+TEST_F(LessonTest, anOrderDoesNotReachWhatComesLater)
+{
+    const ObjectId a = apply(1, block({20, 30, 30, 30}, kRed));
+    apply(2, Order{a, {1, 2}}); // which is not there yet
+    const ObjectId b = apply(1, block({30, 30, 30, 30}, kGreen));
+    const ObjectId c = apply(1, block({40, 30, 30, 30}, kBlue));
+    EXPECT_EQ(order(), (std::vector<ObjectId>{a, b, c}));
+    apply(2, Order{c, a});
+    EXPECT_EQ(order(), (std::vector<ObjectId>{a, c, b}));
 }
 
 TEST_F(LessonTest, whatIsAwayTakesNoPlace)

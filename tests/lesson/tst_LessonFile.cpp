@@ -188,6 +188,25 @@ TEST_F(LessonFileTest, opensWhatComesBeforeAWrongLine)
     EXPECT_EQ(opened->log().size(), 0U);
 }
 
+// Whoever opens a lesson can go on, and open that.
+TEST_F(LessonFileTest, goesOnWithAnyNumberThatIsRead)
+{
+    const QByteArray head = "{\"inkboard\":2,\"size\":[20,10]}\n";
+    const auto clear = [](int number) {
+        return "{\"author\":1,\"do\":\"clear\",\"number\":" + QByteArray::number(number) + "}\n";
+    };
+    EXPECT_EQ(openingSays(head + clear(1) + clear(2147483646) + clear(2)),
+              QStringLiteral("line 3: number: too far beyond the author's last one"));
+    EXPECT_EQ(opened->log().size(), 1U);
+    EXPECT_EQ(openingSays(head + clear(1073741824)), QString());
+    for (int i = 0; i < 3; ++i)
+        EXPECT_EQ(opened->apply(record(1, opened->history().nextNumber(1), Clear())), QString());
+    ASSERT_EQ(saveLesson(*opened, name), QString());
+    EXPECT_EQ(openingSays(bytes(name)), QString());
+    EXPECT_EQ(opened->log().size(), 4U);
+    EXPECT_EQ(opened->history().nextNumber(1), 1073741828);
+}
+
 // What changes no pixel does not end the reading, in lessons of version 1 neither.
 TEST_F(LessonFileTest, aRecordThatChangesNothingIsRead)
 {

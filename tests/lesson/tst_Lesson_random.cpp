@@ -2,13 +2,19 @@
 
 #include "RandomLesson.h"
 
+#include "lesson/log/RecordCode.h"
 #include "lesson/log/RecordReader.h"
+#include "lesson/output/PngFile.h"
+#include "lesson/storage/Journal.h"
 #include "lesson/storage/LessonFile.h"
 
+#include <QtCore/QCborMap>
+#include <QtCore/QCborValue>
 #include <QtCore/QTemporaryDir>
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <iterator>
 
 using namespace InkLesson;
@@ -47,6 +53,27 @@ std::unique_ptr<Lesson> replayed(const Lesson &lesson)
         again->apply(record);
     }
     return again;
+}
+
+// A journal of none is empty.
+bool hasSteps(const Lesson &lesson)
+{
+    return std::any_of(lesson.log().begin(), lesson.log().end(), [](const QByteArray &code) {
+        return QCborValue::fromCbor(code).toMap().value(QLatin1String("do")).toString() != QLatin1String("size");
+    });
+}
+
+::testing::AssertionResult picturesAreThePages(const Lesson &lesson, const QString &file)
+{
+    for (int i = 0; i < lesson.pageCount(); ++i) {
+        const QImage &picture = lesson.page(lesson.pageId(i)).picture();
+        const QString problem = savePng(picture, file);
+        if (!problem.isEmpty())
+            return ::testing::AssertionFailure() << problem.toStdString();
+        if (QImage(file).convertToFormat(picture.format()) != picture)
+            return ::testing::AssertionFailure() << "the picture of page " << i << " differs";
+    }
+    return ::testing::AssertionSuccess();
 }
 
 // Whether each page has the pixels that it has when it is painted anew. Names the topmost object where it has not.
@@ -94,6 +121,37 @@ TEST(Lesson, sameLogGivesTheSamePixels)
         ASSERT_EQ(problem.toStdString(), "");
         ASSERT_TRUE(samePages(*opened, random.lesson())) << "opened";
         EXPECT_EQ(opened->log(), random.lesson().log());
+        Journal journal;
+        ASSERT_TRUE(journal.keep(folder.path(), QStringLiteral("journal"), problem)) << problem.toStdString();
+        ASSERT_TRUE(journal.follow(random.lesson(), SavedFile::at(file)));
+        const auto recovered = openLesson(journal.fileName(), problem);
+        ASSERT_EQ(problem.toStdString(), "");
+        ASSERT_TRUE(hasSteps(random.lesson()) ? samePages(*recovered, random.lesson()) : !recovered) << "recovered";
+        journal.discard();
+        ASSERT_TRUE(picturesAreThePages(random.lesson(), folder.filePath(QStringLiteral("page.png")))) << "exported";
+    }
+}
+
+// Whatever a host hands over, as CBOR and as a line.
+TEST(Lesson, whatIsDoneCanBeReadAgain)
+{
+    const unsigned first = caseCount("INK_LESSON_SEED", 1);
+    for (unsigned seed = first; seed < first + caseCount("INK_LESSON_CASES", kLessons); ++seed) {
+        SCOPED_TRACE(seed);
+        RandomLesson random(seed, 2, densityOf(seed), RandomLesson::Host::Odd);
+        random.act(25);
+        random.letGo();
+        ASSERT_EQ(random.records().size(), random.lesson().log().size());
+        for (const Record &record : random.records()) {
+            const QByteArray code = toCbor(record);
+            RecordReader reader;
+            Record again;
+            ASSERT_TRUE(reader.readCbor(code, again)) << reader.error().toStdString();
+            ASSERT_EQ(toCbor(again), code);
+            ASSERT_TRUE(reader.readJson(toJson(record), again)) << reader.error().toStdString();
+            ASSERT_EQ(toCbor(again), code);
+        }
+        ASSERT_TRUE(samePages(*replayed(random.lesson()), random.lesson()));
     }
 }
 

@@ -77,6 +77,11 @@ QRegion putOnTop(Page &page, std::shared_ptr<Item> item)
 class PageTest : public ::testing::Test
 {
 protected:
+    PageTest()
+    {
+        page.surface(); // somebody looks from the start
+    }
+
     Page page{{200, 150}};
 
     QRgb shown(int x, int y) const { return page.surface().pixel(x, y); }
@@ -298,6 +303,22 @@ TEST_F(PageTest, severalHandsDrawAtOnce)
     EXPECT_EQ(page.hand(3), nullptr);
 }
 
+// A flat brush moves all of its stroke with each point; a pencil adds to it.
+TEST_F(PageTest, aStrokeThatMovesAsItGrowsIsShownAnewWholly)
+{
+    const auto grown = [this](const char *tool) {
+        Life life{QString::fromLatin1(tool)};
+        life.canvas = {200, 150};
+        page.take(handOf(1, life));
+        page.feed(1, PT_DOWN, {{100, 100}});
+        return page.feed(1, PT_MOVE, {{110, 100}});
+    };
+    EXPECT_EQ(grown("flat-brush"), QRegion(0, 0, 200, 150));
+    const QRect pencil = grown("pencil").boundingRect();
+    EXPECT_TRUE(pencil.contains(QRect(100, 98, 11, 4)));
+    EXPECT_LT(pencil.width(), 100);
+}
+
 TEST_F(PageTest, aHandStaysOverWhatIsCommittedBelowIt)
 {
     page.take(newLine(1, kRed));
@@ -492,6 +513,72 @@ TEST_F(PageTest, whatIsPaintedAlreadyIsPutThere)
     EXPECT_TRUE(samePixels(page.picture(), once));
     EXPECT_EQ(shown(40, 20), committed(40, 20));
     expectWhole();
+}
+
+// As it would be if somebody had looked all the time.
+TEST_F(PageTest, aPageIsPaintedOnceSomebodyLooks)
+{
+    Page other({200, 150});
+    const auto putBoth = [&](const ObjectId &id, const Life &life) {
+        EXPECT_EQ(putOnTop(page, itemOf(id, life)), putOnTop(other, itemOf(id, life)));
+    };
+    putBoth(kFirst, lineLife({20, 20}, {180, 130}, QColor(255, 0, 0, 100)));
+    putBoth(kSecond, blockLife({40, 30, 10, 5}, QColor(kGreen)));
+    for (Page *one : {&page, &other}) {
+        one->setPaper({Paper::Kind::Ruled, {}});
+        one->grow({210, 150});
+        one->repaint();
+        one->take(newLine(1, kBlue));
+        one->feed(1, PT_DOWN, {{20, 100}});
+        one->feed(1, PT_MOVE, {{100, 100}});
+    }
+    EXPECT_FALSE(other.isPainted());
+    EXPECT_EQ(other.topmostAt({45, 32}), kSecond);
+    EXPECT_EQ(other.rect(), QRect(0, 0, 210, 150));
+    EXPECT_FALSE(other.isPainted());
+    EXPECT_TRUE(samePixels(other.surface(), page.surface()));
+    EXPECT_TRUE(other.isPainted());
+    EXPECT_TRUE(samePixels(other.picture(), page.picture()));
+    EXPECT_TRUE(samePixels(other.ink(), page.ink()));
+    EXPECT_TRUE(samePixels(other.background(), page.background()));
+    EXPECT_EQ(other.surface().pixel(60, 100), kBlue);
+    EXPECT_EQ(other.picture().pixel(20, 32), kRule);
+}
+
+// Half transparent, so that it would be seen twice. What has changed and is not painted yet is painted then.
+TEST_F(PageTest, aPageThatIsGivenBackIsPaintedAgain)
+{
+    putOnTop(page, itemOf(kFirst, lineLife({20, 20}, {60, 20}, QColor(255, 0, 0, 100))));
+    page.release();
+    EXPECT_FALSE(page.isPainted());
+    page.put(itemOf(kSecond, lineLife({20, 60}, {60, 60}, QColor(255, 0, 0, 100))), 1);
+    EXPECT_EQ(committed(40, 60), 0xFFFF9B9B);
+    EXPECT_EQ(committed(40, 20), 0xFFFF9B9B);
+    EXPECT_EQ(page.repaint(), QRegion(0, 29, 92, 63));
+    EXPECT_EQ(committed(40, 60), 0xFFFF9B9B);
+    EXPECT_EQ(shown(40, 60), 0xFFFF9B9B);
+    EXPECT_FALSE(page.isNull());
+}
+
+TEST(Page, aFillOfVersion1IsFoundThoughNobodyLooked)
+{
+    Page page({200, 150});
+    page.put(itemOf(kFirst, fillLife({10, 10}, kGreen)), 0);
+    page.repaint();
+    EXPECT_EQ(page.topmostAt({150, 75}), kFirst);
+}
+
+TEST(Page, nothingIsPaintedWhereThereIsNoMemory)
+{
+    Page page({1 << 30, 1 << 30});
+    putOnTop(page, blockOf(kFirst, {40, 30, 10, 5}, kRed));
+    EXPECT_TRUE(page.picture().isNull());
+    page.take(newLine(1, kRed));
+    page.feed(1, PT_DOWN, {{20, 20}});
+    page.feed(1, PT_MOVE, {{60, 20}});
+    LivedObject lived = live(blockLife({40, 30, 10, 5}, QColor(kRed)));
+    EXPECT_TRUE(page.paintOnTop(*lived.object, lived.reach, lived.tool)); // who knows
+    EXPECT_TRUE(page.isNull());
 }
 
 TEST(Page, aPageThatNoMemoryHoldsIsNull)

@@ -254,6 +254,16 @@ TEST(RecordCode, actsThatNeedMoreStandBetweenTexts)
     }
 }
 
+TEST(RecordCode, aStyleWithoutANameIsSolid)
+{
+    for (const Qt::PenStyle dash : {Qt::NoPen, Qt::CustomDashLine}) {
+        Change change{{1, 1}};
+        change.dash = dash;
+        EXPECT_EQ(toJson(seventh(change)).toStdString(),
+                  R"({"author":1,"dash":"solid","do":"change","number":7,"object":[1,1],"time":5})");
+    }
+}
+
 TEST(RecordCode, aTextKeepsItsLettersAndItsImage)
 {
     Change change{{1, 1}};
