@@ -321,7 +321,7 @@ void Fuzz::run(const std::uint8_t *data, std::size_t size)
     const QByteArray rest(reinterpret_cast<const char *>(data) + 1, int(size) - 1);
     const bool looks = qHash(rest, 0) % kOnePaintedIn == 0;
     ++counts.kinds[kind];
-    counts.looks += looks ? 1 : 0;
+    counts.looks += looks && kind > 1 ? 1 : 0; // a record alone is not
     if (kind == 0 || kind == 1)
         readAlone(rest, kind == 0);
     else if (kind == 4 || kind == 5)
