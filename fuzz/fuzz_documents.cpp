@@ -6,7 +6,7 @@
 #include "Input.h"
 #include "Objects.h"
 
-#include "Document.h"
+#include "board/document/Document.h"
 
 #include "lesson/log/RecordCode.h"
 

@@ -2,7 +2,7 @@
 
 // The window of the board, and when it has been painted.
 
-#include "MainWindow.h"
+#include "board/window/MainWindow.h"
 
 #include <QtWidgets/QApplication>
 

@@ -1,9 +1,10 @@
 // The whole window of the board at 1920 x 1080 page pixels: how long a stroke takes to be seen, and a step to be
 // undone.
 
-#include "Canvas.h"
-#include "Player.h"
 #include "Window.h"
+
+#include "board/canvas/Canvas.h"
+#include "board/playing/Player.h"
 
 #include "lesson/strokes/StrokeFile.h"
 

@@ -1,9 +1,9 @@
 // The window of the board with a page of ten thousand objects: how long it takes until a change of one of them is seen.
 
-#include "Canvas.h"
-#include "MainWindow.h"
-#include "Player.h"
 #include "Window.h"
+
+#include "board/canvas/Canvas.h"
+#include "board/playing/Player.h"
 
 #include <benchmark/benchmark.h>
 

@@ -2,7 +2,7 @@
 
 // A canvas of 400 x 300 pixels on the screen, and a mouse over it.
 
-#include "Canvas.h"
+#include "board/canvas/Canvas.h"
 
 #include <QtGui/QMouseEvent>
 #include <QtGui/QPaintEvent>

@@ -3,7 +3,7 @@
 // Shortcuts to a page of 400 x 300 pixels with ink on it.
 
 #include "Paper.h"
-#include "Tools.h"
+#include "board/tools/Tools.h"
 
 #include "lesson/authoring/Author.h"
 

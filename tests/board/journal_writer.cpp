@@ -3,8 +3,8 @@
 // Draws a lesson without end and keeps its journal in FOLDER. Prints a line once a step is done, and is meant to be
 // killed.
 
-#include "Document.h"
 #include "PageProbe.h"
+#include "board/document/Document.h"
 
 #include <QtCore/QCoreApplication>
 

@@ -1,9 +1,9 @@
-#include "Canvas.h"
-#include "MainWindow.h"
-#include "NameDialog.h"
-#include "ScreenBar.h"
-#include "ShortcutDialog.h"
-#include "Tools.h"
+#include "board/canvas/Canvas.h"
+#include "board/commands/ShortcutDialog.h"
+#include "board/person/NameDialog.h"
+#include "board/screen/ScreenBar.h"
+#include "board/tools/Tools.h"
+#include "board/window/MainWindow.h"
 
 #include <QtGui/QAccessible>
 #include <QtTest/QtTest>

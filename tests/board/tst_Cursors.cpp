@@ -1,4 +1,4 @@
-#include "Cursors.h"
+#include "board/look/Cursors.h"
 
 #include <QtTest/QtTest>
 

@@ -1,7 +1,7 @@
 #include "CanvasProbe.h"
-#include "DashControl.h"
 #include "PageProbe.h"
-#include "Player.h"
+#include "board/controls/DashControl.h"
+#include "board/playing/Player.h"
 
 #include <QtCore/QTemporaryDir>
 #include <QtWidgets/QAction>

@@ -1,12 +1,12 @@
 // Run once for each of several scales of the screen, which QT_SCALE_FACTOR sets.
 
-#include "MainWindow.h"
+#include "board/window/MainWindow.h"
 
 #include "Paper.h"
-#include "TextEditor.h"
+#include "board/editors/TextEditor.h"
 #include "lesson/storage/LogReader.h"
 
-#include "Canvas.h"
+#include "board/canvas/Canvas.h"
 
 #include <QtCore/QTemporaryDir>
 #include <QtGui/QBackingStore>

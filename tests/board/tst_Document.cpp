@@ -1,5 +1,5 @@
-#include "Document.h"
 #include "PageProbe.h"
+#include "board/document/Document.h"
 
 #include <QtCore/QRegularExpression>
 #include <QtCore/QTemporaryDir>

@@ -1,6 +1,6 @@
-#include "Canvas.h"
-#include "MainWindow.h"
 #include "Paper.h"
+#include "board/canvas/Canvas.h"
+#include "board/window/MainWindow.h"
 
 #include "CInkGraph.h"
 

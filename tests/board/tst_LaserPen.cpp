@@ -1,6 +1,6 @@
 #include "CanvasProbe.h"
-#include "LaserPen.h"
 #include "Paper.h"
+#include "board/canvas/LaserPen.h"
 
 using namespace Board;
 

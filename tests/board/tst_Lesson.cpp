@@ -1,6 +1,6 @@
-#include "Canvas.h"
-#include "FileCommands.h"
-#include "MainWindow.h"
+#include "board/canvas/Canvas.h"
+#include "board/files/FileCommands.h"
+#include "board/window/MainWindow.h"
 
 #include <QtCore/QTemporaryDir>
 #include <QtCore/QTimer>

@@ -1,12 +1,12 @@
-#include "Canvas.h"
-#include "ColorRow.h"
-#include "MainWindow.h"
 #include "Paper.h"
-#include "Settings.h"
-#include "Shortcuts.h"
-#include "ToolRail.h"
-#include "Tools.h"
-#include "WidthControl.h"
+#include "board/canvas/Canvas.h"
+#include "board/commands/Shortcuts.h"
+#include "board/controls/ColorRow.h"
+#include "board/controls/WidthControl.h"
+#include "board/person/Settings.h"
+#include "board/rail/ToolRail.h"
+#include "board/tools/Tools.h"
+#include "board/window/MainWindow.h"
 
 #include <QtCore/QMimeData>
 #include <QtCore/QSet>

@@ -1,5 +1,5 @@
 #include "CanvasProbe.h"
-#include "Moves.h"
+#include "board/pointers/Moves.h"
 
 #include "PointerEvent.h"
 

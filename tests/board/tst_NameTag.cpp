@@ -1,8 +1,8 @@
 #include "CanvasProbe.h"
-#include "MainWindow.h"
-#include "NameDialog.h"
 #include "Paper.h"
-#include "Settings.h"
+#include "board/person/NameDialog.h"
+#include "board/person/Settings.h"
+#include "board/window/MainWindow.h"
 #include "lesson/log/RecordCode.h"
 
 #include "CInkGraph.h"

@@ -1,5 +1,5 @@
-#include "Canvas.h"
-#include "MainWindow.h"
+#include "board/canvas/Canvas.h"
+#include "board/window/MainWindow.h"
 
 #include "lesson/log/RecordCode.h"
 

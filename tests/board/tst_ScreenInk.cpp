@@ -1,6 +1,6 @@
-#include "Canvas.h"
-#include "MainWindow.h"
-#include "ScreenInk.h"
+#include "board/canvas/Canvas.h"
+#include "board/screen/ScreenInk.h"
+#include "board/window/MainWindow.h"
 
 #include <QtGui/QScreen>
 #include <QtGui/QWindow>

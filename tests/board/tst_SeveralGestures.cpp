@@ -1,6 +1,6 @@
 // Objects that take several gestures, drawn with the events that a window system gives.
 
-#include "Canvas.h"
+#include "board/canvas/Canvas.h"
 
 #include "CInkGraph.h"
 

@@ -1,10 +1,10 @@
-#include "CommandGroup.h"
-#include "MainWindow.h"
-#include "ScreenBar.h"
-#include "Settings.h"
-#include "ShortcutDialog.h"
-#include "Shortcuts.h"
-#include "Tools.h"
+#include "board/commands/CommandGroup.h"
+#include "board/commands/ShortcutDialog.h"
+#include "board/commands/Shortcuts.h"
+#include "board/person/Settings.h"
+#include "board/screen/ScreenBar.h"
+#include "board/tools/Tools.h"
+#include "board/window/MainWindow.h"
 
 #include <QtCore/QTemporaryDir>
 #include <QtTest/QtTest>

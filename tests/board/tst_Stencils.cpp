@@ -1,5 +1,5 @@
-#include "Canvas.h"
 #include "Paper.h"
+#include "board/canvas/Canvas.h"
 
 #include <QtGui/QMouseEvent>
 #include <QtTest/QtTest>

@@ -1,6 +1,6 @@
 #include "CanvasProbe.h"
 #include "Paper.h"
-#include "TextEditor.h"
+#include "board/editors/TextEditor.h"
 
 #include <QtWidgets/QSpinBox>
 #include <QtWidgets/QTextEdit>

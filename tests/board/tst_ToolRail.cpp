@@ -1,7 +1,7 @@
-#include "Canvas.h"
-#include "MainWindow.h"
-#include "ToolRail.h"
-#include "Tools.h"
+#include "board/canvas/Canvas.h"
+#include "board/rail/ToolRail.h"
+#include "board/tools/Tools.h"
+#include "board/window/MainWindow.h"
 
 #include <QtTest/QtTest>
 #include <QtWidgets/QAction>

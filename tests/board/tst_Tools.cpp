@@ -1,5 +1,5 @@
-#include "ToolIcon.h"
-#include "Tools.h"
+#include "board/rail/ToolIcon.h"
+#include "board/tools/Tools.h"
 
 #include <QtCore/QSet>
 #include <QtGui/QKeySequence>

@@ -1,9 +1,9 @@
-#include "ColorRow.h"
-#include "MainWindow.h"
-#include "ShortcutDialog.h"
-#include "Shortcuts.h"
-#include "Tools.h"
-#include "Translation.h"
+#include "board/commands/ShortcutDialog.h"
+#include "board/commands/Shortcuts.h"
+#include "board/controls/ColorRow.h"
+#include "board/program/Translation.h"
+#include "board/tools/Tools.h"
+#include "board/window/MainWindow.h"
 
 #include <QtCore/QSettings>
 #include <QtCore/QTemporaryDir>

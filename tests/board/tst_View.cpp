@@ -1,7 +1,7 @@
-#include "View.h"
+#include "board/view/View.h"
 
-#include "Style.h"
-#include "ViewPainter.h"
+#include "board/look/Style.h"
+#include "board/view/ViewPainter.h"
 
 #include <QtGui/QImage>
 #include <QtGui/QPainter>

@@ -1,8 +1,8 @@
 #include "CanvasProbe.h"
-#include "MainWindow.h"
 #include "Paper.h"
-#include "Style.h"
-#include "TextEditor.h"
+#include "board/editors/TextEditor.h"
+#include "board/look/Style.h"
+#include "board/window/MainWindow.h"
 
 #include <QtGui/QWheelEvent>
 #include <QtWidgets/QApplication>

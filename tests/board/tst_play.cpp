@@ -1,7 +1,7 @@
 // Runs the program itself, without a display.
 
 #include "Paper.h"
-#include "Tools.h"
+#include "board/tools/Tools.h"
 
 #include "lesson/strokes/StrokeFile.h"
 

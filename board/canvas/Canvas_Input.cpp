@@ -1,0 +1,194 @@
+#include "board/canvas/Canvas.h"
+
+#include "board/pictures/PictureFile.h"
+
+#include "PointerEvent.h"
+
+#include <QtCore/QMimeData>
+#include <QtGui/QDropEvent>
+#include <QtGui/QKeyEvent>
+#include <QtGui/QMouseEvent>
+#include <QtGui/QTabletEvent>
+#include <QtGui/QTouchDevice>
+#include <QtGui/QTouchEvent>
+#include <QtGui/QWheelEvent>
+
+// What the canvas makes of keys, mouse, pen and fingers.
+
+namespace Board {
+
+namespace {
+
+// A mouse event that the window system made up from a pen or a finger, which has come as itself already.
+bool isCopy(const QMouseEvent &event)
+{
+    return event.source() != Qt::MouseEventNotSynthesized;
+}
+
+} // namespace
+
+// Not while text is entered: there, it ends a line.
+void Canvas::keyPressEvent(QKeyEvent *event)
+{
+    const bool enters = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (enters && !m_editor)
+        finish();
+    else if (!m_navigator.pressKey(*event))
+        QWidget::keyPressEvent(event);
+    else if (m_device == Device::None)
+        showCursor();
+}
+
+void Canvas::keyReleaseEvent(QKeyEvent *event)
+{
+    if (!m_navigator.releaseKey(*event))
+        QWidget::keyReleaseEvent(event);
+    else if (m_device == Device::None)
+        showCursor();
+}
+
+// Only for the keyboard: whoever draws knows where the page is.
+void Canvas::focusInEvent(QFocusEvent *event)
+{
+    m_ringed = event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason;
+    QWidget::focusInEvent(event);
+    update();
+}
+
+// The key is released elsewhere.
+void Canvas::focusOutEvent(QFocusEvent *event)
+{
+    if (m_navigator.isKeyHeld()) {
+        m_navigator.forgetKey();
+        showCursor();
+    }
+    m_ringed = false;
+    QWidget::focusOutEvent(event);
+    update();
+}
+
+// Not under a pointer that draws: its point would leap.
+void Canvas::wheelEvent(QWheelEvent *event)
+{
+    if (m_device == Device::None)
+        m_navigator.turnWheel(*event);
+    event->accept();
+}
+
+void Canvas::mousePressEvent(QMouseEvent *event)
+{
+    if (isCopy(*event) || m_device != Device::None)
+        return;
+    m_button = event->button();
+    if (m_button == Qt::LeftButton)
+        press(Device::Mouse, event->localPos());
+    else if (m_button == Qt::MiddleButton)
+        beginPan(Device::Mouse, event->localPos());
+}
+
+// A fast second press comes as a double click instead of as a press. It is a press to every tool, or the second of
+// two fast strokes would be lost. Only an object whose drawing takes several gestures is told of the double click
+// as well: to all others it would be one more point of a stroke that has just begun.
+void Canvas::mouseDoubleClickEvent(QMouseEvent *event)
+{
+    if (event->button() != Qt::LeftButton || isCopy(*event))
+        return;
+    m_button = event->button();
+    const InkLesson::Hand *hand = author().hand();
+    const bool continues = hand && hand->isForming();
+    if (press(Device::Mouse, event->localPos()) && continues)
+        author().feed(PT_DBLCLK, m_last);
+}
+
+void Canvas::mouseMoveEvent(QMouseEvent *event)
+{
+    m_snaps = event->modifiers().testFlag(Qt::ShiftModifier);
+    if (!isCopy(*event))
+        move(Device::Mouse, event->localPos());
+}
+
+void Canvas::mouseReleaseEvent(QMouseEvent *event)
+{
+    m_snaps = event->modifiers().testFlag(Qt::ShiftModifier);
+    if (event->button() == m_button && !isCopy(*event))
+        release(Device::Mouse, event->localPos());
+}
+
+void Canvas::tabletEvent(QTabletEvent *event)
+{
+    event->accept(); // or Qt sends a mouse event after it
+    m_snaps = event->modifiers().testFlag(Qt::ShiftModifier);
+    if (event->type() == QEvent::TabletMove)
+        move(Device::Pen, event->posF());
+    else if (event->type() == QEvent::TabletPress && event->button() == Qt::LeftButton)
+        press(Device::Pen, event->posF());
+    else if (event->type() == QEvent::TabletRelease && event->button() == Qt::LeftButton)
+        release(Device::Pen, event->posF());
+}
+
+void Canvas::dragEnterEvent(QDragEnterEvent *event)
+{
+    if (mayHoldPicture(*event->mimeData()))
+        event->acceptProposedAction();
+}
+
+void Canvas::dropEvent(QDropEvent *event)
+{
+    event->acceptProposedAction();
+    QString problem;
+    if (const auto picture = readPicture(*event->mimeData(), problem))
+        insertPicture(*picture, pageAt(event->pos()));
+    else
+        emit pictureRefused(problem);
+}
+
+bool Canvas::event(QEvent *event)
+{
+    switch (event->type()) {
+    case QEvent::TouchBegin:
+    case QEvent::TouchUpdate:
+    case QEvent::TouchEnd:
+    case QEvent::TouchCancel: {
+        const auto &touchEvent = static_cast<const QTouchEvent &>(*event);
+        if (touchEvent.device()->type() != QTouchDevice::TouchScreen)
+            break; // the fingers on a touch pad move the mouse
+        event->accept();
+        touch(touchEvent);
+        return true;
+    }
+    case QEvent::ScreenChangeInternal:
+        showView();
+        break;
+    default:
+        break;
+    }
+    return QWidget::event(event);
+}
+
+void Canvas::touch(const QTouchEvent &event)
+{
+    if (m_pen.isNear())
+        m_fingers.ignore(event);
+    else
+        m_fingers.take(event);
+}
+
+// A hand that lies down before its pen comes has drawn by then.
+void Canvas::takePalm()
+{
+    m_fingers.ignore();
+    if (m_device != Device::Finger)
+        return;
+    if (m_navigator.isDragging())
+        endPan();
+    m_device = Device::None;
+    m_scattering.stop();
+    m_laser.release();
+    const InkLesson::Hand *hand = author().hand();
+    if (hand && hand->isForming())
+        author().discard();
+    else if (hand)
+        endGesture(m_last);
+}
+
+} // namespace Board

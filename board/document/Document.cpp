@@ -1,0 +1,227 @@
+#include "board/document/Document.h"
+
+#include "board/document/BackgroundFile.h"
+
+#include "lesson/storage/LessonFile.h"
+
+#include <QtCore/QDateTime>
+#include <QtCore/QUuid>
+
+#include <algorithm>
+#include <utility>
+
+namespace Board {
+
+using namespace InkLesson;
+
+namespace {
+
+constexpr int kOnlyAuthor = 1;
+constexpr int kSyncDelay = 500; // milliseconds
+
+// Sorts by time, and is like no other.
+QString freshJournalName()
+{
+    return QDateTime::currentDateTime().toString(QStringLiteral("yyyy-MM-dd_hh-mm-ss_")) +
+           QUuid::createUuid().toString(QUuid::Id128).left(8);
+}
+
+} // namespace
+
+Document::Document(const QSize &pageSize, double density, QObject *parent)
+    : QObject(parent)
+    , m_journal(std::make_unique<BackgroundFile>())
+{
+    m_syncing.setSingleShot(true);
+    m_syncing.setInterval(kSyncDelay);
+    connect(&m_syncing, &QTimer::timeout, this, [this] { m_journal.sync(); });
+    take(std::make_unique<Lesson>(Header{pageSize, density}));
+}
+
+Document::~Document() = default;
+
+void Document::take(std::unique_ptr<Lesson> lesson)
+{
+    m_author.reset();
+    m_lesson = std::move(lesson);
+    m_author = std::make_unique<Author>(
+        *m_lesson, kOnlyAuthor, [] { return QDateTime::currentMSecsSinceEpoch(); },
+        [this](const Record &record) { noted(record); });
+    m_author->turnTo(m_lesson->pageId(0));
+    m_lesson->pageChanged = [this](const PageId &page, const QRegion &area) {
+        if (page == m_author->page())
+            emit painted(area);
+    };
+    m_lesson->pagesChanged = [this] { emit pagesChanged(); };
+    m_journal.begin();
+    m_saved = {};
+    m_isChanged = false;
+    m_shown = 0;
+}
+
+void Document::noted(const Record &record)
+{
+    m_isChanged = m_isChanged || !std::holds_alternative<Grow>(record.deed);
+    follow();
+    emit stepsChanged();
+}
+
+void Document::follow()
+{
+    if (!m_journal.isKept())
+        return;
+    const bool written = m_journal.follow(*m_lesson, m_saved);
+    if (m_journal.isDue() && !m_syncing.isActive())
+        m_syncing.start();
+    if (!written && !m_journalFails)
+        emit journalFailed(
+            tr("%1: cannot be written: %2. Save the lesson elsewhere.").arg(m_journal.fileName(), m_journal.error()));
+    m_journalFails = !written;
+}
+
+QString Document::keepJournal(const QString &folder)
+{
+    QString problem;
+    if (m_journal.keep(folder, freshJournalName(), problem))
+        follow();
+    return problem;
+}
+
+void Document::turnTo(const PageId &page)
+{
+    m_author->turnTo(page);
+    m_shown = current();
+    emit currentChanged();
+}
+
+void Document::showPage(int index)
+{
+    if (index >= 0 && index < pageCount() && index != current())
+        turnTo(m_lesson->pageId(index));
+}
+
+// Where the page that was shown is gone, the next one comes in its place; it may have another place now.
+void Document::stayOnAPage()
+{
+    if (current() < 0)
+        turnTo(m_lesson->pageId(std::clamp(m_shown, 0, pageCount() - 1)));
+    else if (current() != m_shown)
+        turnTo(m_author->page());
+}
+
+void Document::addPage(int index)
+{
+    if (index >= 0 && index <= pageCount())
+        turnTo(m_author->addPage(index, page().rect().size()));
+}
+
+void Document::removePage(int index)
+{
+    if (index < 0 || index >= pageCount() || pageCount() == 1)
+        return;
+    m_shown = current() > index ? current() - 1 : current();
+    m_author->removePage(m_lesson->pageId(index));
+    turnTo(m_lesson->pageId(std::clamp(m_shown, 0, pageCount() - 1)));
+}
+
+void Document::movePage(int from, int to)
+{
+    if (from < 0 || from >= pageCount() || to < 0 || to >= pageCount() || from == to)
+        return;
+    m_author->movePage(m_lesson->pageId(from), to);
+    turnTo(m_author->page());
+}
+
+void Document::undo()
+{
+    m_author->finish();
+    takeBack(m_lesson->history().toUndo(kOnlyAuthor), &Author::undo);
+}
+
+void Document::redo()
+{
+    m_author->finish();
+    takeBack(m_lesson->history().toRedo(kOnlyAuthor), &Author::redo);
+}
+
+int Document::stepsToUndo() const
+{
+    return m_lesson->history().stepsToUndo(kOnlyAuthor);
+}
+
+void Document::takeBack(const std::optional<StepId> &step, bool (Author::*act)())
+{
+    if (!step)
+        return;
+    const PageId page = m_lesson->pageOf(*step);
+    if (m_lesson->indexOf(page) >= 0 && page != m_author->page())
+        turnTo(page);
+    (m_author.get()->*act)();
+    if (m_lesson->indexOf(page) >= 0 && page != m_author->page())
+        turnTo(page);
+    stayOnAPage();
+}
+
+void Document::remember(const QString &fileName)
+{
+    m_saved = SavedFile::at(fileName);
+    m_isChanged = false;
+    m_journal.rest(*m_lesson);
+}
+
+QString Document::save(const QString &fileName)
+{
+    m_author->finish();
+    if (fileName == m_saved.name && m_saved.isTouched())
+        return tr("%1: another program has changed it since. Save under another name.").arg(fileName);
+    QString problem = saveLesson(*m_lesson, fileName);
+    if (problem.isEmpty())
+        remember(fileName);
+    return problem;
+}
+
+bool Document::load(const QString &fileName, QString &problem)
+{
+    std::unique_ptr<Lesson> lesson = openLesson(fileName, problem);
+    if (!lesson)
+        return false;
+    m_author->finish();
+    take(std::move(lesson));
+    emit pagesChanged();
+    emit currentChanged();
+    emit stepsChanged();
+    return true;
+}
+
+QString Document::open(const QString &fileName)
+{
+    QString problem;
+    if (load(fileName, problem) && problem.isEmpty())
+        remember(fileName);
+    else
+        follow();
+    return problem;
+}
+
+QString Document::openCopy(const QString &fileName)
+{
+    QString problem;
+    if (load(fileName, problem) && problem.isEmpty())
+        m_journal.rest(*m_lesson);
+    else
+        follow();
+    return problem;
+}
+
+QString Document::recover(const QString &journal)
+{
+    QString problem;
+    if (!load(journal, problem))
+        return problem;
+    m_isChanged = true;
+    m_saved = Journal::savedFileOf(journal);
+    follow();
+    return problem;
+}
+
+} // namespace Board

@@ -1,0 +1,142 @@
+#include "board/files/FileCommands.h"
+
+#include "board/canvas/Canvas.h"
+#include "board/commands/CommandGroup.h"
+
+#include <QtWidgets/QAction>
+#include <QtWidgets/QFileDialog>
+#include <QtWidgets/QMessageBox>
+#include <QtWidgets/QPushButton>
+
+namespace Board {
+
+namespace {
+
+constexpr const char *kFilter = QT_TRANSLATE_NOOP("Board::FileCommands", "Lessons (*.inkboard)");
+
+} // namespace
+
+FileCommands::FileCommands(Document &document, Canvas &canvas, QWidget &window)
+    : m_document(document)
+    , m_canvas(canvas)
+    , m_window(window)
+    , m_recovery(document, window)
+{
+    const CommandGroup group(fileGroup(), window);
+    connect(group.add("open", tr("Open…"), QStringLiteral("Ctrl+O")), &QAction::triggered, this, &FileCommands::open);
+    connect(group.add("recover", tr("Unsaved lessons…"), QStringLiteral("Ctrl+Shift+O")), &QAction::triggered, this,
+            &FileCommands::recover);
+    connect(group.add("save", tr("Save"), QStringLiteral("Ctrl+S")), &QAction::triggered, this, &FileCommands::save);
+    connect(group.add("save-as", tr("Save as…"), QStringLiteral("Ctrl+Shift+S")), &QAction::triggered, this,
+            &FileCommands::saveAs);
+    connect(
+        &document, &Document::journalFailed, this,
+        [this](const QString &problem) { warn(tr("The lesson is not safe"), problem); }, Qt::QueuedConnection);
+}
+
+void FileCommands::warn(const QString &title, const QString &problem)
+{
+    QMessageBox::warning(&m_window, title, problem);
+}
+
+bool FileCommands::letGo()
+{
+    m_canvas.finish();
+    if (m_document.isSaved())
+        return true;
+    const auto answer =
+        QMessageBox::question(&m_window, tr("The lesson has changed"), tr("Save the lesson before?"),
+                              QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel, QMessageBox::Save);
+    if (answer == QMessageBox::Discard)
+        m_recovery.forget();
+    return answer == QMessageBox::Discard || (answer == QMessageBox::Save && save());
+}
+
+void FileCommands::open()
+{
+    if (!letGo())
+        return;
+    const QString fileName = QFileDialog::getOpenFileName(&m_window, tr("Open a lesson"), {}, tr(kFilter));
+    if (!fileName.isEmpty())
+        openFile(fileName);
+}
+
+void FileCommands::openFile(const QString &fileName)
+{
+    const bool isFree = m_claim.mayHave(fileName);
+    const QString problem = isFree ? m_document.open(fileName) : m_document.openCopy(fileName);
+    if (!problem.isEmpty())
+        warn(tr("The lesson could not be read to its end"), problem);
+    else if (!isFree)
+        warn(tr("The lesson is open in another window"),
+             tr("%1: it is open in another window of the board. This is a copy: save it under another name.")
+                 .arg(fileName));
+    claimFile();
+}
+
+// None for a document that was not saved yet.
+void FileCommands::claimFile()
+{
+    if (m_document.fileName().isEmpty())
+        m_claim.release();
+    else
+        m_claim.take(m_document.fileName());
+}
+
+void FileCommands::recover()
+{
+    const QString journal = m_recovery.choose();
+    if (journal.isEmpty() || !letGo())
+        return;
+    m_recovery.open(journal);
+    claimFile();
+}
+
+bool FileCommands::save()
+{
+    return m_document.fileName().isEmpty() ? saveAs() : saveTo(m_document.fileName());
+}
+
+bool FileCommands::saveAs()
+{
+    const QString fileName =
+        QFileDialog::getSaveFileName(&m_window, tr("Save the lesson"), tr("lesson.inkboard"), tr(kFilter));
+    return !fileName.isEmpty() && saveTo(fileName);
+}
+
+bool FileCommands::saveTo(const QString &fileName)
+{
+    m_canvas.finish();
+    const QString problem =
+        m_claim.mayHave(fileName)
+            ? m_document.save(fileName)
+            : tr("%1: it is open in another window of the board. Save under another name.").arg(fileName);
+    if (!problem.isEmpty())
+        return saveElsewhere(problem);
+    claimFile();
+    m_recovery.forget();
+    return true;
+}
+
+bool FileCommands::saveElsewhere(const QString &problem)
+{
+    QMessageBox box(QMessageBox::Warning, tr("The lesson was not saved"), problem,
+                    QMessageBox::Save | QMessageBox::Cancel, &m_window);
+    box.button(QMessageBox::Save)->setText(tr("Save elsewhere…"));
+    return box.exec() == QMessageBox::Save && saveAs();
+}
+
+void FileCommands::startJournal(const QString &folder, const QString &lessonFile)
+{
+    m_claim.setFolder(folder);
+    m_recovery.setFolder(folder);
+    if (!lessonFile.isEmpty())
+        openFile(lessonFile);
+    m_recovery.offer();
+    claimFile(); // of a lesson that was opened again there is none
+    const QString problem = m_document.keepJournal(folder);
+    if (!problem.isEmpty())
+        warn(tr("The lesson is not safe"), problem);
+}
+
+} // namespace Board

@@ -1,0 +1,51 @@
+#pragma once
+
+#include "board/files/Recovery.h"
+
+#include "lesson/storage/FileClaim.h"
+
+#include <QtCore/QObject>
+
+class QWidget;
+
+namespace Board {
+
+class Canvas;
+class Document;
+
+// Opens, saves and recovers the document of a window, and asks where it must.
+class FileCommands : public QObject
+{
+    Q_OBJECT
+
+public:
+    // All outlive this object.
+    FileCommands(Document &document, Canvas &canvas, QWidget &window);
+
+    void open();
+    void openFile(const QString &fileName); // in the place of the document, which is not asked about
+    void recover();                         // one of the unsaved lessons
+    bool save();                            // true once the document is written
+    bool saveAs();
+
+    // Asks what is to become of changes. False when the person wants to go on with them.
+    bool letGo();
+
+    // Opens the lesson, if one is named, offers what a board that ended by itself has left in `folder`, and keeps a
+    // journal there from now on.
+    void startJournal(const QString &folder, const QString &lessonFile = {});
+
+private:
+    bool saveTo(const QString &fileName);
+    bool saveElsewhere(const QString &problem);
+    void claimFile();
+    void warn(const QString &title, const QString &problem);
+
+    Document &m_document;
+    Canvas &m_canvas;
+    QWidget &m_window;
+    InkLesson::FileClaim m_claim; // to the file of the document
+    Recovery m_recovery;
+};
+
+} // namespace Board

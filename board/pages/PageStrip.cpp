@@ -1,0 +1,133 @@
+#include "board/pages/PageStrip.h"
+
+#include "board/canvas/Canvas.h"
+#include "board/commands/CommandGroup.h"
+#include "board/focus/ArrowKeys.h"
+
+#include <QtCore/QSignalBlocker>
+#include <QtWidgets/QAction>
+#include <QtWidgets/QHBoxLayout>
+#include <QtWidgets/QListWidget>
+#include <QtWidgets/QToolButton>
+#include <QtWidgets/QVBoxLayout>
+
+#include <functional>
+
+namespace Board {
+
+namespace {
+
+constexpr QSize kThumbnail{128, 80};
+constexpr int kStripWidth = 168;
+constexpr int kRefreshDelay = 300; // milliseconds
+
+QIcon thumbnail(const InkLesson::Page &page, double ratio)
+{
+    QPixmap pixmap =
+        QPixmap::fromImage(page.picture().scaled(kThumbnail * ratio, Qt::KeepAspectRatio, Qt::SmoothTransformation));
+    pixmap.setDevicePixelRatio(ratio);
+    QIcon icon(pixmap);
+    icon.addPixmap(pixmap, QIcon::Selected); // or the page that is shown would be tinted
+    return icon;
+}
+
+} // namespace
+
+PageStrip::PageStrip(Document &document, Canvas &canvas, QWidget *parent)
+    : QWidget(parent)
+    , m_document(document)
+    , m_canvas(canvas)
+    , m_keys(new ArrowKeys(this))
+    , m_list(new QListWidget(this))
+{
+    setObjectName(QStringLiteral("pages"));
+    setFixedWidth(kStripWidth);
+    m_list->setAccessibleName(tr("Pages"));
+    m_list->setIconSize(kThumbnail);
+    m_list->setViewMode(QListView::IconMode);
+    m_list->setFlow(QListView::TopToBottom);
+    m_list->setWrapping(false);
+    m_list->setMovement(QListView::Snap);
+    m_list->setDragDropMode(QAbstractItemView::InternalMove);
+    m_list->setFocusPolicy(Qt::TabFocus);
+    m_list->setFrameShape(QFrame::NoFrame);
+    auto *buttons = new QHBoxLayout;
+    buttons->setContentsMargins(6, 4, 6, 4);
+    addCommands(*buttons);
+    auto *column = new QVBoxLayout(this);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    column->addLayout(buttons);
+    column->addWidget(m_list, 1);
+
+    m_refreshing.setSingleShot(true);
+    m_refreshing.setInterval(kRefreshDelay);
+    connect(&m_refreshing, &QTimer::timeout, this, &PageStrip::refreshCurrent);
+    connect(&canvas, &Canvas::changed, &m_refreshing, QOverload<>::of(&QTimer::start));
+    connect(&document, &Document::pagesChanged, this, &PageStrip::showPages);
+    connect(&document, &Document::currentChanged, this, &PageStrip::showCurrent);
+    connect(m_list, &QListWidget::currentRowChanged, this, [this](int row) {
+        m_canvas.finish();
+        m_document.showPage(row);
+    });
+    connect(
+        m_list->model(), &QAbstractItemModel::rowsMoved, this,
+        [this](const QModelIndex & /*parent*/, int from, int /*last*/, const QModelIndex & /*target*/, int before) {
+            movePage(from, before > from ? before - 1 : before);
+        },
+        Qt::QueuedConnection); // the list itself is still moving
+    showPages();
+}
+
+void PageStrip::addCommands(QHBoxLayout &buttons)
+{
+    const CommandGroup group(tr("Pages"), *window());
+    const auto add = [&](const char *name, const QString &title, const char *icon, const char *keys,
+                         const std::function<void(int)> &act) {
+        QAction *action = group.add(name, title, QLatin1String(keys));
+        action->setIconText(QString::fromUtf8(icon));
+        connect(action, &QAction::triggered, this, [this, act] {
+            m_canvas.finish();
+            act(m_document.current());
+        });
+        auto *button = new QToolButton(this);
+        button->setDefaultAction(action);
+        m_keys->add(*button);
+        button->setAccessibleName(title);
+        buttons.addWidget(button);
+    };
+    add("add-page", tr("Add a page"), "+", "Ctrl+N", [this](int page) { m_document.addPage(page + 1); });
+    add("remove-page", tr("Remove the page"), "−", "Ctrl+Shift+N", [this](int page) { m_document.removePage(page); });
+    add("previous-page", tr("Previous page"), "↑", "PgUp", [this](int page) { m_document.showPage(page - 1); });
+    add("next-page", tr("Next page"), "↓", "PgDown", [this](int page) { m_document.showPage(page + 1); });
+}
+
+void PageStrip::movePage(int from, int to)
+{
+    m_canvas.finish();
+    m_document.movePage(from, to);
+}
+
+void PageStrip::showPages()
+{
+    const QSignalBlocker blocker(m_list);
+    m_list->clear();
+    for (int i = 0; i < m_document.pageCount(); ++i)
+        m_list->addItem(
+            new QListWidgetItem(thumbnail(m_document.page(i), devicePixelRatioF()), QString::number(i + 1)));
+    showCurrent();
+}
+
+void PageStrip::showCurrent()
+{
+    const QSignalBlocker blocker(m_list);
+    m_list->setCurrentRow(m_document.current());
+}
+
+void PageStrip::refreshCurrent()
+{
+    if (QListWidgetItem *item = m_list->item(m_document.current()))
+        item->setIcon(thumbnail(m_document.page(), devicePixelRatioF()));
+}
+
+} // namespace Board

@@ -1,0 +1,97 @@
+#include "board/canvas/Canvas.h"
+#include "board/files/FileCommands.h"
+#include "board/program/CommandLine.h"
+#include "board/program/Translation.h"
+#include "board/window/MainWindow.h"
+
+#include <QtCore/QFile>
+#include <QtCore/QLocale>
+#include <QtCore/QLoggingCategory>
+#include <QtCore/QStandardPaths>
+#include <QtCore/QTemporaryDir>
+#include <QtCore/QTextStream>
+#include <QtWidgets/QApplication>
+
+using namespace Board;
+
+namespace {
+
+constexpr int kFailed = 2;
+
+// Makes do without a display and without a desktop, for a script or a service.
+class Offscreen
+{
+public:
+    Offscreen()
+    {
+        if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+            qputenv("QT_QPA_PLATFORM", "offscreen");
+        // Qt asks for this directory and complains where there is none, although nothing is kept in it.
+        if (qEnvironmentVariableIsEmpty("XDG_RUNTIME_DIR") && m_runtime.isValid())
+            qputenv("XDG_RUNTIME_DIR", QFile::encodeName(m_runtime.path()));
+    }
+
+private:
+    const QTemporaryDir m_runtime;
+};
+
+int ended(const QString &problem)
+{
+    if (problem.isEmpty())
+        return EXIT_SUCCESS;
+    QTextStream(stderr) << problem << '\n';
+    return kFailed;
+}
+
+int showWindow(const CommandLine &line)
+{
+    MainWindow window(line.pageSize);
+    if (window.canvas().page().isNull())
+        return ended(QApplication::translate("Board", "not enough memory for the page"));
+    window.setAsksBeforeClosing(line.exportFile.isEmpty());
+    window.chooseTool(*line.tool);
+    window.show();
+    if (line.exportFile.isEmpty()) // or a script runs it
+        window.files().startJournal(QStandardPaths::writableLocation(QStandardPaths::AppDataLocation) +
+                                        QStringLiteral("/journals"),
+                                    line.lessonFile);
+    else if (!line.lessonFile.isEmpty())
+        window.files().openFile(line.lessonFile);
+    QApplication::exec();
+    return ended(line.exportFile.isEmpty() ? QString() : window.exportPage(line.exportFile));
+}
+
+int run(const CommandLine &line)
+{
+    switch (line.task) {
+    case CommandLine::Task::ShowText:
+        QTextStream(stdout) << line.text;
+        return EXIT_SUCCESS;
+    case CommandLine::Task::Play:
+        return ended(playFiles(line.play));
+    case CommandLine::Task::ShowWindow:
+        break;
+    }
+    return showWindow(line);
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    const std::optional<Offscreen> offscreen =
+        needsNoDisplay(argc, argv) ? std::make_optional<Offscreen>() : std::nullopt;
+    // The library writes a line for each rectangle that it paints.
+    QLoggingCategory::setFilterRules(QStringLiteral("default.debug=false"));
+
+    QApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
+    QApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
+    QApplication::setAttribute(Qt::AA_CompressHighFrequencyEvents, false); // no position is lost
+    QApplication application(argc, argv);
+    QApplication::setApplicationName(QStringLiteral("inkboard"));
+    translateInto(QLocale(), application);
+    QApplication::setApplicationVersion(QStringLiteral(INKBOARD_VERSION));
+    QString error;
+    const std::optional<CommandLine> line = parseCommandLine(QApplication::arguments(), error);
+    return line ? run(*line) : ended(error);
+}

@@ -1,0 +1,226 @@
+#include "board/window/MainWindow.h"
+
+#include "board/canvas/Canvas.h"
+#include "board/canvas/CanvasCommands.h"
+#include "board/commands/CommandGroup.h"
+#include "board/commands/CommandMenu.h"
+#include "board/commands/ShortcutDialog.h"
+#include "board/commands/Shortcuts.h"
+#include "board/controls/ColorRow.h"
+#include "board/controls/DashControl.h"
+#include "board/controls/OptionControl.h"
+#include "board/controls/WidthControl.h"
+#include "board/controls/ZoomControl.h"
+#include "board/files/FileCommands.h"
+#include "board/focus/FocusOrder.h"
+#include "board/look/Style.h"
+#include "board/pages/PageCommands.h"
+#include "board/pages/PageStrip.h"
+#include "board/person/NameDialog.h"
+#include "board/rail/ToolRail.h"
+#include "board/screen/ScreenInk.h"
+
+#include "lesson/paper/PageSize.h"
+
+#include <QtGui/QCloseEvent>
+#include <QtGui/QGuiApplication>
+#include <QtGui/QScreen>
+#include <QtWidgets/QAction>
+#include <QtWidgets/QFrame>
+#include <QtWidgets/QGridLayout>
+#include <QtWidgets/QLabel>
+#include <QtWidgets/QToolButton>
+
+namespace Board {
+
+namespace {
+
+constexpr int kHintHeight = 32;
+constexpr int kGap = 8; // around the divider
+
+QWidget *makeDivider(QWidget *parent)
+{
+    auto *divider = new QFrame(parent);
+    divider->setFixedSize(1, kBarHeight / 2);
+    divider->setStyleSheet(QStringLiteral("background: #d9dee6;"));
+    return divider;
+}
+
+// Of the pages that are made on this screen.
+double densityFor(const QSize &plainSize)
+{
+    const double ratio = QGuiApplication::primaryScreen()->devicePixelRatio();
+    return InkLesson::isDensity(ratio) && InkLesson::pageSizeProblem(InkLesson::pageSizeAt(plainSize, ratio)).isEmpty()
+               ? ratio
+               : 1;
+}
+
+} // namespace
+
+MainWindow::MainWindow(const QSize &plainSize)
+    : m_document(InkLesson::pageSizeAt(plainSize, densityFor(plainSize)), densityFor(plainSize))
+    , m_canvas(new Canvas(m_document, this))
+    , m_rail(new ToolRail(this))
+    , m_colors(new ColorRow(this))
+    , m_width(new WidthControl(this))
+    , m_dash(new DashControl(this))
+    , m_option(new OptionControl(this))
+    , m_hint(new QLabel(this))
+    , m_tool(&tools().front())
+{
+    setWindowTitle(tr("Inkboard"));
+    m_hint->setObjectName(QStringLiteral("hint"));
+    m_hint->setFixedHeight(kHintHeight);
+    auto *foot = new QHBoxLayout(m_hint); // the bar above has no room to spare in a small window
+    foot->setContentsMargins(0, 0, 16, 0);
+    foot->addStretch(1);
+    foot->addWidget(m_dash);
+    foot->addWidget(m_option);
+    setStyleSheet(windowStyle());
+    addCommands();
+    foot->addWidget(new ZoomControl(*m_canvas, *this));
+
+    auto *middle = new QWidget(this);
+    auto *grid = new QGridLayout(middle);
+    grid->setContentsMargins(0, 0, 0, 0);
+    grid->setSpacing(0);
+    QWidget *bar = makeBar(middle);
+    auto *pages = new PageStrip(m_document, *m_canvas, middle);
+    grid->addWidget(bar, 0, 0, 1, 3);
+    grid->addWidget(m_rail, 1, 0);
+    grid->addWidget(m_canvas, 1, 1);
+    grid->addWidget(pages, 1, 2);
+    grid->addWidget(m_hint, 2, 0, 1, 3);
+    grid->setColumnStretch(1, 1);
+    grid->setRowStretch(1, 1);
+    setCentralWidget(middle);
+    orderFocus({bar, m_rail, m_canvas, pages, m_hint});
+
+    restoreKeys(*this);
+    connectControls();
+    showState();
+    m_canvas->setFocus(); // so that no button starts with the ring of the keyboard around it
+    resize(sizeHint().boundedTo(screen()->availableSize())); // Qt alone takes two thirds of the screen at most
+}
+
+void MainWindow::addCommands()
+{
+    m_files = new FileCommands(m_document, *m_canvas, *this);
+    m_files->setParent(this);
+    m_pageCommands = new PageCommands(m_document, *m_canvas, *this);
+    m_pageCommands->setParent(this);
+    addCanvasCommands(*m_canvas, *this);
+    addZoomCommands(*m_canvas, *this);
+    m_undo = command("undo");
+    m_redo = command("redo");
+    m_rail->add(*command("picture"), groupTitle(*findTool(QStringLiteral("text"))));
+    const CommandGroup group(boardGroup(), *this);
+    connect(group.add("shortcuts", tr("Keys…"), QStringLiteral("F1")), &QAction::triggered, this,
+            [this] { ShortcutDialog(*this).exec(); });
+    connect(group.add("screen-ink", tr("Write on the screen"), QStringLiteral("F9")), &QAction::triggered, this,
+            [this] { writeOnScreen(*this); });
+    connect(group.add("name", tr("My name…"), QStringLiteral("F2")), &QAction::triggered, this,
+            &MainWindow::askForName);
+    connect(group.add("quit", tr("Quit"), QStringLiteral("Ctrl+Q")), &QAction::triggered, this, &MainWindow::close);
+}
+
+QAction *MainWindow::command(const char *name) const
+{
+    return findChild<QAction *>(QLatin1String(name));
+}
+
+QWidget *MainWindow::makeBar(QWidget *parent)
+{
+    auto *bar = new QFrame(parent);
+    bar->setObjectName(QStringLiteral("bar"));
+    bar->setFixedHeight(kBarHeight);
+    auto *row = new QHBoxLayout(bar);
+    row->setContentsMargins(14, 0, 10, 0);
+    row->setSpacing(4);
+    row->addWidget(m_colors);
+    row->addSpacing(kGap);
+    row->addWidget(makeDivider(bar));
+    row->addSpacing(kGap);
+    row->addWidget(m_width);
+    row->addStretch(1);
+    for (const char *name : {"undo", "redo", "clear"}) {
+        auto *button = new QToolButton(bar);
+        button->setDefaultAction(command(name));
+        button->setToolButtonStyle(Qt::ToolButtonTextOnly);
+        button->setFocusPolicy(Qt::TabFocus);
+        button->setAccessibleName(command(name)->text());
+        button->setProperty("sign", button->text().size() == 1); // for the style sheet
+        row->addWidget(button);
+    }
+    row->addWidget(new CommandMenu(*this, bar));
+    return bar;
+}
+
+void MainWindow::connectControls()
+{
+    connect(m_rail, &ToolRail::chosen, this, [this](const Tool &tool) {
+        m_tool = &tool;
+        m_canvas->setTool(tool); // which shows its state
+        m_option->setTool(tool);
+        m_canvas->setInkOption(m_option->value());
+    });
+    connect(m_rail, &ToolRail::searched, m_canvas, QOverload<>::of(&QWidget::setFocus));
+    connect(m_colors, &ColorRow::picked, this, [this](const QColor &color) {
+        m_canvas->setColor(color);
+        m_width->setColor(color);
+    });
+    connect(m_width, &WidthControl::picked, m_canvas, &Canvas::setInkWidth);
+    connect(m_dash, &DashControl::picked, m_canvas, &Canvas::setDash);
+    connect(m_option, &OptionControl::picked, m_canvas, &Canvas::setInkOption);
+    connect(m_canvas, &Canvas::changed, this, &MainWindow::showState);
+    connect(&m_document, &Document::stepsChanged, this, &MainWindow::showState);
+    connect(m_pageCommands, &PageCommands::exported, this,
+            [this](const QString &fileName) { m_hint->setText(tr("Saved as %1").arg(fileName)); });
+    m_canvas->setColor(m_colors->color());
+    m_canvas->setInkWidth(m_width->inkWidth());
+    m_width->setColor(m_colors->color());
+    m_canvas->setDrawer(readDrawer());
+}
+
+void MainWindow::askForName()
+{
+    NameDialog dialog(readDrawer(), this);
+    if (dialog.exec() != QDialog::Accepted)
+        return;
+    keepDrawer(dialog.drawer());
+    m_canvas->setDrawer(dialog.drawer());
+}
+
+void MainWindow::chooseTool(const Tool &tool)
+{
+    m_rail->choose(tool);
+}
+
+void MainWindow::showState()
+{
+    const InkLesson::Author &author = m_document.author();
+    const InkLesson::Hand *hand = author.hand();
+    m_undo->setEnabled(author.canUndo());
+    m_redo->setEnabled(author.canRedo());
+    m_dash->setVisible(hand && hand->tool ? hand->tool->takesDash : m_tool->takesDash());
+    const bool edited = hand && !hand->isForming();
+    m_hint->setText(edited ? tr("Drag a handle to change the object. Enter lets it go, %1 deletes it.")
+                                 .arg(keysText(*command("delete")))
+                           : tr("%1: %2.").arg(toolTitle(*m_tool), toolUsage(*m_tool)));
+}
+
+QString MainWindow::exportPage(const QString &fileName)
+{
+    return m_pageCommands->exportPage(fileName);
+}
+
+void MainWindow::closeEvent(QCloseEvent *event)
+{
+    m_canvas->finish();
+    const bool closes = !m_asks || m_files->letGo();
+    if (closes)
+        m_document.discardJournal();
+    event->setAccepted(closes);
+}
+
+} // namespace Board

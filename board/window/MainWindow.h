@@ -1,0 +1,69 @@
+#pragma once
+
+#include "board/document/Document.h"
+
+#include <QtWidgets/QMainWindow>
+
+class QAction;
+class QLabel;
+
+namespace Board {
+
+class Canvas;
+class ColorRow;
+class DashControl;
+class FileCommands;
+class OptionControl;
+class PageCommands;
+class ToolRail;
+class WidthControl;
+struct Tool;
+
+// The board: a rail of tools on the left, colours, width and actions above, the page, and all pages on the right.
+class MainWindow : public QMainWindow
+{
+    Q_OBJECT
+
+public:
+    // The size of the first page is in pixels of a plain screen; the page has those of the screen in their place.
+    explicit MainWindow(const QSize &plainSize);
+
+    Canvas &canvas() { return *m_canvas; }
+    Document &document() { return m_document; }
+    FileCommands &files() { return *m_files; }
+    void chooseTool(const Tool &tool);
+
+    // Finishes the object in progress and writes the page. Returns what went wrong, empty when nothing did.
+    QString exportPage(const QString &fileName);
+
+    // Whether closing asks about a lesson that was not saved; it does unless told otherwise.
+    void setAsksBeforeClosing(bool asks) { m_asks = asks; }
+
+protected:
+    void closeEvent(QCloseEvent *event) override;
+
+private:
+    QWidget *makeBar(QWidget *parent);
+    void addCommands();
+    QAction *command(const char *name) const;
+    void connectControls();
+    void askForName();
+    void showState();
+
+    Document m_document;
+    Canvas *m_canvas; // all owned by this window
+    FileCommands *m_files{};
+    PageCommands *m_pageCommands{};
+    ToolRail *m_rail;
+    ColorRow *m_colors;
+    WidthControl *m_width;
+    DashControl *m_dash;
+    OptionControl *m_option;
+    QLabel *m_hint; // what can be done next
+    QAction *m_undo{};
+    QAction *m_redo{};
+    const Tool *m_tool;
+    bool m_asks{true};
+};
+
+} // namespace Board
