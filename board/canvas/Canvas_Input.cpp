@@ -1,8 +1,8 @@
 #include "board/canvas/Canvas.h"
 
+#include "board/gestures/Gestures.h"
+#include "board/gestures/Panning.h"
 #include "board/pictures/PictureFile.h"
-
-#include "PointerEvent.h"
 
 #include <QtCore/QMimeData>
 #include <QtGui/QDropEvent>
@@ -13,7 +13,9 @@
 #include <QtGui/QTouchEvent>
 #include <QtGui/QWheelEvent>
 
-// What the canvas makes of keys, mouse, pen and fingers.
+#include <utility>
+
+// What the canvas makes of keys, mouse, pen and fingers: gestures.
 
 namespace Board {
 
@@ -27,13 +29,85 @@ bool isCopy(const QMouseEvent &event)
 
 } // namespace
 
+// The press that begins a gesture goes to it, and then all that the same device does until its release. Returns whether
+// one was begun.
+bool Canvas::press(Device device, const QPointF &pos)
+{
+    if (m_device != Device::None)
+        return false;
+    begin(device, nextGesture(m_desk), pos);
+    return true;
+}
+
+void Canvas::begin(Device device, std::unique_ptr<PointerGesture> gesture, const QPointF &pos)
+{
+    m_device = device;
+    m_gesture = std::move(gesture);
+    if (m_gesture->cursor())
+        showCursor();
+    m_gesture->press(spotAt(pos));
+}
+
+void Canvas::move(Device device, const QPointF &pos)
+{
+    if (m_device == Device::None)
+        showHandle(pageAt(pos));
+    else if (m_device == device)
+        m_gesture->move(spotAt(pos));
+}
+
+void Canvas::release(Device device, const QPointF &pos)
+{
+    if (m_device != device)
+        return;
+    const auto gesture = takeGesture();
+    gesture->release(spotAt(pos));
+    if (gesture->cursor())
+        showCursor();
+    else
+        showHandle(pageAt(pos));
+}
+
+std::unique_ptr<PointerGesture> Canvas::takeGesture()
+{
+    m_device = Device::None;
+    return std::move(m_gesture);
+}
+
+PointerSpot Canvas::spotAt(const QPointF &pos)
+{
+    return {pos, pageAt(pos), m_snaps};
+}
+
+QPoint Canvas::pageAt(const QPointF &pos)
+{
+    const QPointF pt = view().toPage(pos);
+    return {int(pt.x()), int(pt.y())};
+}
+
+// Lets go what is still being drawn as if the device did, for not every object can be finished without a release.
+void Canvas::endDrawing()
+{
+    if (m_gesture)
+        m_gesture->letGo();
+    m_desk.inHand.closeEditor();
+}
+
+void Canvas::showCursor()
+{
+    if (m_gesture && m_gesture->cursor())
+        setCursor(*m_gesture->cursor());
+    else
+        setCursor(m_desk.navigator.isKeyHeld() ? QCursor(Qt::OpenHandCursor) : m_cursor);
+}
+
 // Not while text is entered: there, it ends a line.
 void Canvas::keyPressEvent(QKeyEvent *event)
 {
     const bool enters = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-    if (enters && !m_editor)
+    if (enters && !m_desk.inHand.isEdited())
         finish();
-    else if (!m_navigator.pressKey(*event))
+    else if (!m_desk.navigator.pressKey(*event))
         QWidget::keyPressEvent(event);
     else if (m_device == Device::None)
         showCursor();
@@ -41,7 +115,7 @@ void Canvas::keyPressEvent(QKeyEvent *event)
 
 void Canvas::keyReleaseEvent(QKeyEvent *event)
 {
-    if (!m_navigator.releaseKey(*event))
+    if (!m_desk.navigator.releaseKey(*event))
         QWidget::keyReleaseEvent(event);
     else if (m_device == Device::None)
         showCursor();
@@ -58,8 +132,8 @@ void Canvas::focusInEvent(QFocusEvent *event)
 // The key is released elsewhere.
 void Canvas::focusOutEvent(QFocusEvent *event)
 {
-    if (m_navigator.isKeyHeld()) {
-        m_navigator.forgetKey();
+    if (m_desk.navigator.isKeyHeld()) {
+        m_desk.navigator.forgetKey();
         showCursor();
     }
     m_ringed = false;
@@ -71,7 +145,7 @@ void Canvas::focusOutEvent(QFocusEvent *event)
 void Canvas::wheelEvent(QWheelEvent *event)
 {
     if (m_device == Device::None)
-        m_navigator.turnWheel(*event);
+        m_desk.navigator.turnWheel(*event);
     event->accept();
 }
 
@@ -83,21 +157,18 @@ void Canvas::mousePressEvent(QMouseEvent *event)
     if (m_button == Qt::LeftButton)
         press(Device::Mouse, event->localPos());
     else if (m_button == Qt::MiddleButton)
-        beginPan(Device::Mouse, event->localPos());
+        begin(Device::Mouse, std::make_unique<Panning>(m_desk), event->localPos());
 }
 
 // A fast second press comes as a double click instead of as a press. It is a press to every tool, or the second of
-// two fast strokes would be lost. Only an object whose drawing takes several gestures is told of the double click
-// as well: to all others it would be one more point of a stroke that has just begun.
+// two fast strokes would be lost.
 void Canvas::mouseDoubleClickEvent(QMouseEvent *event)
 {
     if (event->button() != Qt::LeftButton || isCopy(*event))
         return;
     m_button = event->button();
-    const InkLesson::Hand *hand = author().hand();
-    const bool continues = hand && hand->isForming();
-    if (press(Device::Mouse, event->localPos()) && continues)
-        author().feed(PT_DBLCLK, m_last);
+    if (press(Device::Mouse, event->localPos()))
+        m_gesture->pressTwice(spotAt(event->localPos()));
 }
 
 void Canvas::mouseMoveEvent(QMouseEvent *event)
@@ -179,16 +250,10 @@ void Canvas::takePalm()
     m_fingers.ignore();
     if (m_device != Device::Finger)
         return;
-    if (m_navigator.isDragging())
-        endPan();
-    m_device = Device::None;
-    m_scattering.stop();
-    m_laser.release();
-    const InkLesson::Hand *hand = author().hand();
-    if (hand && hand->isForming())
-        author().discard();
-    else if (hand)
-        endGesture(m_last);
+    const auto gesture = takeGesture();
+    gesture->cancel();
+    if (gesture->cursor())
+        showCursor();
 }
 
 } // namespace Board

@@ -2,13 +2,11 @@
 
 #include "lesson/pages/Page.h"
 
-#include <QtCore/QLineF>
 #include <QtGui/QCursor>
 #include <QtGui/QKeyEvent>
 #include <QtGui/QWheelEvent>
 #include <QtWidgets/QWidget>
 
-#include <algorithm>
 #include <cmath>
 
 namespace Board {
@@ -18,8 +16,6 @@ namespace {
 constexpr double kNotch = 120.0;         // of a wheel
 constexpr double kNotchesToDouble = 4.0; // the zoom
 constexpr double kNotchMoves = 60.0;     // pixels
-constexpr double kMinDistance = 16.0;    // pixels between two fingers: nearer ones would make leaps
-constexpr double kSnapZoom = 0.04;       // around 1, where the page is sharpest
 
 } // namespace
 
@@ -87,30 +83,15 @@ bool Navigator::releaseKey(const QKeyEvent &event)
     return true;
 }
 
-void Navigator::beginDrag(const QPointF &pos)
+void Navigator::panBy(const QPointF &by)
 {
-    m_isDragging = true;
-    m_last = pos;
-}
-
-void Navigator::dragTo(const QPointF &pos)
-{
-    m_view.panBy(pos - m_last);
-    m_last = pos;
+    m_view.panBy(by);
     emit moved();
 }
 
-void Navigator::beginPinch(const QPointF &first, const QPointF &second)
+void Navigator::place(const QPointF &pt, const QPointF &pos, double zoom)
 {
-    m_pinched = m_view.toPage((first + second) / 2);
-    m_distance = std::max(QLineF(first, second).length(), kMinDistance);
-    m_zoom = m_view.zoom();
-}
-
-void Navigator::pinch(const QPointF &first, const QPointF &second)
-{
-    const double zoom = m_zoom * std::max(QLineF(first, second).length(), kMinDistance) / m_distance;
-    m_view.place(m_pinched, (first + second) / 2, std::abs(zoom - 1) < kSnapZoom ? 1 : zoom);
+    m_view.place(pt, pos, zoom);
     emit moved();
 }
 

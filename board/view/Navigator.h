@@ -14,7 +14,7 @@ class Page;
 
 namespace Board {
 
-// Moves and zooms what a widget shows of a page, as wheel, keys, drags and two fingers ask for.
+// Moves and zooms what a widget shows of a page, as wheel, keys and gestures ask for.
 class Navigator : public QObject
 {
     Q_OBJECT
@@ -25,6 +25,7 @@ public:
 
     // For the page as it is now, and the screen that the widget is on.
     const View &view(const InkLesson::Page &page);
+    const View &lastView() const { return m_view; } // as it was asked for last
 
     // About the pointer, or about the middle where the pointer is elsewhere.
     void zoomIn();
@@ -40,15 +41,10 @@ public:
     void forgetKey() { m_isKeyHeld = false; } // its release goes elsewhere
     bool isKeyHeld() const { return m_isKeyHeld; }
 
-    // A drag that moves the page.
-    void beginDrag(const QPointF &pos);
-    void dragTo(const QPointF &pos);
-    void endDrag() { m_isDragging = false; }
-    bool isDragging() const { return m_isDragging; }
+    void panBy(const QPointF &by);
 
-    // Two fingers keep to the points of the page that they were put on.
-    void beginPinch(const QPointF &first, const QPointF &second);
-    void pinch(const QPointF &first, const QPointF &second);
+    // Shows the page's point `pt` at `pos` of the widget.
+    void place(const QPointF &pt, const QPointF &pos, double zoom);
 
 signals:
     // Something else is seen now.
@@ -60,13 +56,6 @@ private:
     QWidget &m_widget;
     View m_view;
     bool m_isKeyHeld{};
-    bool m_isDragging{};
-    QPointF m_last; // of the drag
-
-    // Of the pinch: as it began.
-    QPointF m_pinched; // page pixels
-    double m_distance{1};
-    double m_zoom{1};
 };
 
 } // namespace Board

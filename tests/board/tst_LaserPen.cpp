@@ -1,6 +1,6 @@
 #include "CanvasProbe.h"
 #include "Paper.h"
-#include "board/canvas/LaserPen.h"
+#include "board/desk/LaserPen.h"
 
 using namespace Board;
 

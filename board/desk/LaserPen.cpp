@@ -1,4 +1,4 @@
-#include "board/canvas/LaserPen.h"
+#include "board/desk/LaserPen.h"
 
 #include "lesson/layers/StateMark.h"
 
