@@ -34,8 +34,10 @@ private slots:
     void duplicates();
     void bringsToTheFrontAndSendsToTheBack();
     void movesAStroke();
+    void keepsTheFrameWhileThePageIsMoved();
     void recoloursAStroke();
     void removesObjects();
+    void removesFromTheNextPressOn();
     void squaresWithShift();
     void turnsALineInStepsWithShift();
 
@@ -251,6 +253,21 @@ void tst_Pick::movesAStroke()
     QCOMPARE(picture().pixel(70, 250), 0xFFFF0000U);
 }
 
+// The frame of the stroke that was dragged before.
+void tst_Pick::keepsTheFrameWhileThePageIsMoved()
+{
+    stroke();
+    mouse(QEvent::MouseButtonPress, {70, 250});
+    const QImage picked = m_canvas->grab().toImage();
+    mouse(QEvent::MouseMove, {100, 230});
+    QVERIFY(m_canvas->grab().toImage() != picked); // it follows
+    mouse(QEvent::MouseButtonRelease, {100, 230});
+    const QImage moved = m_canvas->grab().toImage();
+    mouse(QEvent::MouseButtonPress, {300, 30}, Qt::MiddleButton);
+    QCOMPARE(m_canvas->grab().toImage(), moved);
+    mouse(QEvent::MouseButtonRelease, {300, 30}, Qt::MiddleButton);
+}
+
 void tst_Pick::recoloursAStroke()
 {
     stroke();
@@ -275,6 +292,20 @@ void tst_Pick::removesObjects()
     drag({300, 30}, {310, 40});
     QCOMPARE(picture(), page(blue));
     m_canvas->undo();
+    QCOMPARE(m_canvas->page().items().size(), std::size_t(2));
+}
+
+// Not when it was chosen in the middle of a stroke, which it ends.
+void tst_Pick::removesFromTheNextPressOn()
+{
+    choose("pencil");
+    mouse(QEvent::MouseButtonPress, {20, 100});
+    mouse(QEvent::MouseMove, {30, 100});
+    choose("remove");
+    mouse(QEvent::MouseMove, {60, 100}); // over the left side of the red box
+    mouse(QEvent::MouseButtonRelease, {60, 100});
+    QCOMPARE(m_canvas->page().items().size(), std::size_t(3));
+    drag({40, 100}, {60, 100});
     QCOMPARE(m_canvas->page().items().size(), std::size_t(2));
 }
 
