@@ -401,7 +401,11 @@ TEST(LogReader, numbersOfVersion1AreWhole)
     EXPECT_EQ(translated({R"({"do":"clear","page":1.5})"}).error, "line 2: there is no such page");
     EXPECT_EQ(translated({R"({"do":"clear","page":1e300})"}).error, "line 2: there is no such page");
     EXPECT_EQ(translated({R"({"at":0.5,"do":"remove-page"})"}).error, "line 2: there is no such page");
-    EXPECT_EQ(translated({stroke(1), R"({"do":"delete","id":1.5,"page":1})"}).error, "line 3: there is no such object");
+    EXPECT_EQ(translated({stroke(1), R"({"do":"delete","id":1,"page":1})"}).error, "");
+    for (const char *id : {"1.5", "\"1\"", "null", "4294967297", "1e10"})
+        EXPECT_EQ(translated({stroke(1), R"({"do":"delete","id":)" + QByteArray(id) + R"(,"page":1})"}).error,
+                  "line 3: there is no such object")
+            << id;
     EXPECT_EQ(translated({stroke(1), R"({"do":"order","id":1,"page":1,"place":0.5})"}).error,
               "line 3: there is no such place");
 }

@@ -295,6 +295,18 @@ TEST(RecordCode, picturesAreKeptBitForBit)
     }
 }
 
+// Every value at every alpha, as no premultiplied format could keep it.
+TEST(RecordCode, everyValueIsKeptAtEveryAlpha)
+{
+    QImage all(256, 256, QImage::Format_ARGB32);
+    for (int alpha = 0; alpha < 256; ++alpha) {
+        for (int value = 0; value < 256; ++value)
+            all.setPixel(value, alpha, qRgba(value, 255 - value, value / 2, alpha));
+    }
+    for (const Record &read : readBack(seventh(SetPaper{{Paper::Kind::Picture, all}})))
+        EXPECT_TRUE(isSame(std::get<SetPaper>(read.deed).paper.picture, all));
+}
+
 TEST(RecordCode, aPictureIsAPngFileInBothForms)
 {
     const Record record = seventh(SetPaper{{Paper::Kind::Picture, picture()}});

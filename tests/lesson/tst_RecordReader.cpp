@@ -210,6 +210,8 @@ TEST(RecordReader, aLifeNeedsAToolItsInkAndItsActs)
     const auto with = [](const char *life) { return errorWith(R"("do":"draw","life":)" + QByteArray(life)); };
     EXPECT_EQ(with(R"({"canvas":[1,1],"acts":[]})"), "tool: no tool of this board");
     EXPECT_EQ(with(R"({"canvas":[1,1],"acts":[],"tool":"chisel"})"), "tool: no tool of this board");
+    EXPECT_EQ(with(R"({"canvas":[1,1],"acts":[],"tool":"laser"})"), "tool: no tool of this board")
+        << "it leaves no ink";
     EXPECT_EQ(with(R"({"canvas":[1,1],"acts":[],"tool":7})"), "tool: no tool of this board");
     EXPECT_EQ(with(R"({"canvas":[1,1],"acts":[],"tool":"pencil"})"), "color: not a colour");
     EXPECT_EQ(with(R"({"canvas":[1,1],"acts":[],"tool":"pencil","color":"red"})"), noNumber("width"));
