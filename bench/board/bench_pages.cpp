@@ -17,7 +17,7 @@ using namespace Board;
 
 namespace {
 
-constexpr int kObjects = 1000;
+constexpr int kObjects = 10'000;
 constexpr int kChanges = 200;
 
 // Strokes, outlines, markers and textured pens in turn, of 24 to 300 pixels, all over the page.
@@ -96,7 +96,7 @@ public:
     Document &document() { return m_window->document(); }
     void choose(const char *tool) { canvas().setTool(*findTool(QLatin1String(tool))); }
 
-    // Somewhere on the ink of a shape, which the pick tool takes.
+    // Somewhere on the ink of a shape, where the pick tool takes that.
     QPoint somewhere()
     {
         for (;;) {
@@ -104,10 +104,11 @@ public:
             const auto &item = items[m_random() % items.size()];
             if (!item->tool || !item->tool->hasHandles)
                 continue;
-            const QPoint center = item->reach.center();
-            for (int x = item->reach.left(); x < center.x(); ++x) {
-                if (document().page().topmostAt({x, center.y()}) == item->id)
-                    return {x, center.y()};
+            const QRect reach = item->reach & document().page().rect();
+            for (int tries = 0; tries < 8; ++tries) {
+                const QPoint pt(reach.left() + int(m_random() % unsigned(reach.width())), reach.center().y());
+                if (document().page().topmostAt(pt) == item->id)
+                    return pt;
             }
         }
     }

@@ -36,10 +36,12 @@ private:
     QPainter m_painter;
 };
 
-// The same pixels, which nobody paints on: a painter on the image itself would copy all of it while others share it.
+// The same pixels. No object paints on them, but they read them through a painter, which would copy all of an image that
+// others share, or that may only be read.
 QImage viewOf(const QImage &image)
 {
-    return QImage(image.constBits(), image.width(), image.height(), image.bytesPerLine(), image.format());
+    return QImage(const_cast<uchar *>(image.constBits()), image.width(), image.height(), image.bytesPerLine(),
+                  image.format());
 }
 
 } // namespace
