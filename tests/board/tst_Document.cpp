@@ -156,7 +156,7 @@ private slots:
     void readsUpToTheFirstBadLine();
     void readsOnAfterWhatHasNoEffect_data();
     void readsOnAfterWhatHasNoEffect();
-    void readsNoRecordOfANumberWithoutNext();
+    void readsNoNumberFarBeyondTheLast();
     void readsObjectsOfAnyNumberOfVersion1();
     void joinsASuccessorToTheStepBefore_data();
     void joinsASuccessorToTheStepBefore();
@@ -762,13 +762,22 @@ void tst_Document::readsOnAfterWhatHasNoEffect()
     compareDocuments(again, opened);
 }
 
-// The next record needs a number, too.
-void tst_Document::readsNoRecordOfANumberWithoutNext()
+// Up to 2^30 an author may leave numbers out, so that whoever opens a lesson can go on writing it.
+void tst_Document::readsNoNumberFarBeyondTheLast()
 {
-    write(path("last.inkboard"), kSecondVersion + lineDrawn(INT_MAX - 1, 10) + lineDrawn(INT_MAX, 100));
+    constexpr int kFar = 1 << 30;
+    write(path("far.inkboard"), kSecondVersion + lineDrawn(kFar, 10) + lineDrawn(kFar + 1, 100));
     Document document(kSize);
-    QCOMPARE(document.open(path("last.inkboard")),
-             path("last.inkboard") + ": line 3: number: not a number that this can be");
+    QCOMPARE(document.open(path("far.inkboard")), QString());
+    draw(document, "line", {10, 150}, {80, 230});
+    QCOMPARE(document.save(path("far again.inkboard")), QString());
+    Document again(kSize);
+    QCOMPARE(again.open(path("far again.inkboard")), QString());
+    QCOMPARE(again.stepsToUndo(), 3);
+
+    write(path("too far.inkboard"), kSecondVersion + lineDrawn(kFar, 10) + lineDrawn(kFar + 2, 100));
+    QCOMPARE(document.open(path("too far.inkboard")),
+             path("too far.inkboard") + ": line 3: number: too far beyond the author's last one");
     QCOMPARE(document.stepsToUndo(), 1);
 }
 
