@@ -7,6 +7,9 @@ if(PROJECT_IS_TOP_LEVEL) # a project that adds this one is not stopped by a warn
 endif()
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
     target_compile_options(ink_warnings INTERFACE -Wsuggest-override)
+    if(INK_SANITIZE) # its code hides from the compiler what has been initialised
+        target_compile_options(ink_warnings INTERFACE -Wno-maybe-uninitialized)
+    endif()
 endif()
 
 add_library(ink_instrumented INTERFACE)
