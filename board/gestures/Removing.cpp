@@ -28,9 +28,10 @@ void Removing::move(const PointerSpot &at)
     m_last = at.pt;
 }
 
-// A fast pointer leaps over objects.
+// A fast pointer leaps over objects. The page is painted once for all of them.
 void Removing::removeAlong(const QPoint &from, const QPoint &to)
 {
+    const Lesson::Batch batch(m_desk.document.lesson());
     const QPoint by = to - from;
     const int steps = std::max(std::abs(by.x()), std::abs(by.y())) / (m_desk.reach() + 1) + 1;
     for (int i = 1; i <= steps; ++i) {
