@@ -21,6 +21,31 @@ bool isAlike(const CInkGraph &first, const CInkGraph &second)
            first.m_nWidth == second.m_nWidth;
 }
 
+// How far all points of an object were moved; nothing where they were not moved alike, or not by whole pixels.
+QPoint movedBy(const CInkGraph &from, const CInkGraph &to)
+{
+    const auto &before = from.m_graphData;
+    const auto &after = to.m_graphData;
+    if (before.isEmpty() || before.size() != after.size() || from.m_fRotateAngle != to.m_fRotateAngle)
+        return {};
+    const QPoint by = (after.front() - before.front()).toPoint();
+    const bool isMove = std::equal(before.begin(), before.end(), after.begin(),
+                                   [&](const QPointF &a, const QPointF &b) { return b - a == QPointF(by); });
+    return isMove ? by : QPoint();
+}
+
+// The smallest of the objects that reach all around an area.
+ObjectId innermostAround(const Page &page, const QRect &area)
+{
+    const auto size = [](const QRect &rect) { return qint64(rect.width()) * rect.height(); };
+    const Item *innermost = nullptr;
+    for (const auto &item : page.items()) {
+        if (item->reach.contains(area) && (!innermost || size(item->reach) <= size(innermost->reach)))
+            innermost = item.get();
+    }
+    return innermost ? innermost->id : kNothing;
+}
+
 constexpr qint64 kMostTime = 1LL << 53; // that every file keeps to the last digit
 
 } // namespace
@@ -187,8 +212,30 @@ void Author::emitChange(Hand &hand, LivedObject lived)
         hand.held = emitDeed(Draw{hand.life}, 0, std::move(lived));
         return;
     }
+    const Item *before = lessonPage().item(hand.held);
+    const QPoint by = before ? movedBy(*before->object, *hand.object) : QPoint();
+    const bool takesFill = takesFillAlong(hand.held);
     const auto first = hand.life.acts.begin() + std::ptrdiff_t(m_known);
-    emitDeed(Change{hand.held, {}, {}, {}, {}, {}, {first, hand.life.acts.end()}}, std::exchange(m_lifting, 0));
+    const int joined = std::exchange(m_lifting, 0);
+    const StepId id = emitDeed(Change{hand.held, {}, {}, {}, {}, {}, {first, hand.life.acts.end()}}, joined);
+    if (takesFill)
+        takeFillAlong(by, joined == 0 ? id.number : joined);
+}
+
+// Whoever fills a shape and moves it right after means both.
+bool Author::takesFillAlong(const ObjectId &shape) const
+{
+    const std::optional<StepId> last = m_lesson.history().toUndo(m_number);
+    return last && (last->number == m_poured.step || last->number == m_poured.moved) && shape == m_poured.shape &&
+           lessonPage().item(m_poured.fill);
+}
+
+void Author::takeFillAlong(const QPoint &by, int step)
+{
+    if (by.isNull())
+        return;
+    emitDeed(Change{m_poured.fill, {}, {}, {}, {}, by}, step);
+    m_poured.moved = step;
 }
 
 void Author::finish()
@@ -257,7 +304,9 @@ bool Author::pour(const QPoint &seed, const QColor &color)
     std::optional<Life> life = poured(lessonPage().picture(), seed, color);
     if (!life)
         return false;
-    emitDeed(Draw{*std::move(life)});
+    const ObjectId shape = innermostAround(lessonPage(), {life->position, life->picture.size()});
+    const ObjectId fill = emitDeed(Draw{*std::move(life)});
+    m_poured = {fill, shape, fill.number, fill.number};
     return true;
 }
 
@@ -273,8 +322,11 @@ void Author::change(const std::vector<Change> &changes)
     for (const Change &change : changes) {
         if (!m_lesson.life(change.object))
             continue;
+        const bool takesFill = takesFillAlong(change.object);
         const StepId id = emitDeed(change, step);
         step = step == 0 ? id.number : step;
+        if (takesFill && changes.size() == 1)
+            takeFillAlong(change.by, step);
     }
 }
 

@@ -59,6 +59,8 @@ public:
     CInkGraph *object() const { return hand() ? hand()->object.get() : nullptr; }
 
     // Fills the area of one colour around a point of the page, as it is seen now. False where there is nothing to fill.
+    // The fill belongs to the innermost object around it while the author does nothing but move that: it moves along,
+    // in the same step.
     bool pour(const QPoint &seed, const QColor &color);
 
     // Steps on committed objects; the one in hand is let go first. Nothing happens where they name none.
@@ -94,6 +96,8 @@ private:
     StepId emitDeed(Deed deed, int step = 0, LivedObject lived = {});
     StepId emitRecord(Record record, LivedObject lived);
     bool emitUndo(const std::optional<StepId> &step);
+    bool takesFillAlong(const ObjectId &shape) const;
+    void takeFillAlong(const QPoint &by, int step);
     void emitChange(Hand &hand, LivedObject lived = {});
     void show(const QRegion &area);
     void settle();
@@ -110,6 +114,16 @@ private:
     const Listener m_listener;
     PageId m_page{kFirstPage};
     QString m_problem;
+
+    // What was filled last, what lies around it, and the last step that has moved both, or has filled.
+    struct Poured
+    {
+        ObjectId fill;
+        ObjectId shape;
+        int step;
+        int moved;
+    };
+    Poured m_poured{};
     std::size_t m_known{};              // of the acts of the object in hand, those that are in the log
     int m_lifting{};                    // the step that has lifted the object in hand; its first change joins that
     Qt::PenStyle m_dash{Qt::SolidLine}; // of the object in hand, as the log has it

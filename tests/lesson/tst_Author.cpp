@@ -368,6 +368,122 @@ TEST_F(AuthorTest, aFillTakesAnotherColourAndPlace)
     EXPECT_FALSE(me.reopen(fill));
 }
 
+// Filled, then moved: both go, in one step, and again at the next move.
+TEST_F(AuthorTest, aFillGoesWithItsShapeThatIsMovedRightAfter)
+{
+    lesson.apply(record(2, 1, Draw{ring()}));
+    records.push_back({});
+    me.pour({70, 70}, QColor(kGreen));
+    Change move{{2, 1}};
+    move.by = {60, 10};
+    me.change(move);
+    EXPECT_EQ(records.size(), 4U);
+    EXPECT_EQ(records[3].step, records[2].id.number);
+    EXPECT_EQ(last<Change>().by, QPoint(60, 10));
+    EXPECT_EQ(at(130, 80), kGreen);
+    EXPECT_EQ(at(70, 70), kWhite);
+    me.change(move);
+    EXPECT_EQ(at(190, 90), kGreen);
+    me.undo();
+    EXPECT_EQ(at(130, 80), kGreen);
+    EXPECT_EQ(at(190, 90), kWhite);
+    me.undo();
+    EXPECT_EQ(at(70, 70), kGreen);
+    EXPECT_EQ(at(50, 50), kRed);
+    me.change(move); // it is right after the fill again
+    EXPECT_EQ(at(130, 80), kGreen);
+}
+
+TEST_F(AuthorTest, aFillGoesWithAShapeThatIsDragged)
+{
+    me.begin(fresh("rectangle"));
+    drag(me, {20, 20}, {60, 60});
+    me.finish();
+    const ObjectId box = records.back().id;
+    me.pour({40, 40}, QColor(kGreen));
+    me.reopen(box);
+    drag(me, {40, 40}, {100, 50});
+    me.finish();
+    ASSERT_EQ(records.size(), 4U);
+    EXPECT_EQ(records[3].step, records[2].id.number);
+    EXPECT_EQ(at(100, 50), kGreen);
+    EXPECT_EQ(at(40, 40), kWhite);
+    me.undo();
+    EXPECT_EQ(at(40, 40), kGreen);
+    EXPECT_EQ(at(100, 50), kWhite);
+}
+
+// Frame (10,10)-(70,70) around the box: its upper left corner goes to (20,20).
+TEST_F(AuthorTest, aFillStaysWhereItsShapeIsStretched)
+{
+    me.begin(fresh("rectangle"));
+    drag(me, {20, 20}, {60, 60});
+    me.finish();
+    const ObjectId box = records.back().id;
+    me.pour({40, 40}, QColor(kGreen));
+    me.reopen(box);
+    drag(me, {10, 10}, {20, 20});
+    me.finish();
+    EXPECT_EQ(std::get<Change>(records.back().deed).object, box);
+    EXPECT_EQ(records.size(), 3U);
+    EXPECT_EQ(at(40, 40), kGreen);
+}
+
+// A heart shows its frame and leaves no ink.
+TEST_F(AuthorTest, aShapeWithoutInkIsNoStep)
+{
+    me.begin(fresh("heart"));
+    drag(me, {20, 20}, {80, 80});
+    EXPECT_TRUE(me.hand());
+    EXPECT_EQ(at(50, 50), kWhite);
+    EXPECT_TRUE(records.empty());
+    drag(me, {50, 50}, {70, 60});
+    me.finish();
+    EXPECT_TRUE(records.empty());
+    EXPECT_FALSE(me.canUndo());
+}
+
+// Anything else in between, another shape, or a change that is no move, and it stays.
+TEST_F(AuthorTest, aFillStaysWhereTheShapeIsNotMovedRightAfter)
+{
+    lesson.apply(record(2, 1, Draw{ring()}));
+    lesson.apply(record(2, 2, Draw{blockLife({100, 100, 20, 20}, QColor(kBlue))}));
+    records.insert(records.end(), 2, {});
+    me.pour({70, 70}, QColor(kGreen));
+    Change move{{2, 2}};
+    move.by = {10, 0};
+    me.change(move);
+    EXPECT_EQ(at(70, 70), kGreen);
+    move.object = {2, 1};
+    move.by = {0, 50};
+    me.change(move);
+    EXPECT_EQ(at(70, 70), kGreen);
+    me.undo();
+    me.undo();
+    other.change(move); // of somebody else
+    EXPECT_EQ(at(70, 70), kGreen);
+}
+
+// The inner of two boxes is what was filled.
+TEST_F(AuthorTest, aFillGoesWithTheInnermostShape)
+{
+    for (const int inset : {0, 20}) {
+        me.begin(fresh("rectangle"));
+        drag(me, {20 + inset, 20 + inset}, {120 - inset, 120 - inset});
+        me.finish();
+    }
+    me.pour({70, 70}, QColor(kGreen));
+    Change move{records[0].id};
+    move.by = {0, 20};
+    me.change(move);
+    EXPECT_EQ(at(70, 45), kGreen);
+    me.undo();
+    move.object = records[1].id;
+    me.change(move);
+    EXPECT_EQ(at(70, 45), kWhite);
+    EXPECT_EQ(at(70, 95), kGreen);
+}
+
 TEST_F(AuthorTest, thereMayBeNothingToFill)
 {
     EXPECT_FALSE(me.pour({70, 70}, QColor(kWhite)));
