@@ -18,6 +18,7 @@ namespace {
 
 constexpr int kOnlyAuthor = 1;
 constexpr int kSyncDelay = 500; // milliseconds
+constexpr int kKeptPages = 3;   // that were shown last, and keep their pixels
 
 // Sorts by time, and is like no other.
 QString freshJournalName()
@@ -57,6 +58,7 @@ void Document::take(std::unique_ptr<Lesson> lesson)
     m_saved = {};
     m_isChanged = false;
     m_shown = 0;
+    m_kept = {m_author->page()};
 }
 
 void Document::noted(const Record &record)
@@ -91,7 +93,17 @@ void Document::turnTo(const PageId &page)
 {
     m_author->turnTo(page);
     m_shown = current();
+    keepPixels(page);
     emit currentChanged();
+}
+
+// Those of the page that was shown longest ago are painted again when somebody turns back to it.
+void Document::keepPixels(const PageId &page)
+{
+    m_kept.removeOne(page);
+    m_kept.prepend(page);
+    while (m_kept.size() > kKeptPages)
+        m_lesson->page(m_kept.takeLast()).release();
 }
 
 void Document::showPage(int index)
@@ -187,6 +199,7 @@ bool Document::load(const QString &fileName, QString &problem)
         return false;
     m_author->finish();
     take(std::move(lesson));
+    emit opened();
     emit pagesChanged();
     emit currentChanged();
     emit stepsChanged();

@@ -68,6 +68,9 @@ public:
     void discardJournal() { m_journal.discard(); }
 
 signals:
+    // Another lesson is there.
+    void opened();
+
     // `area` of the page that is shown was painted.
     void painted(const QRegion &area);
     void currentChanged();
@@ -83,6 +86,7 @@ private:
     void noted(const InkLesson::Record &record);
     void follow();
     void turnTo(const InkLesson::PageId &page);
+    void keepPixels(const InkLesson::PageId &page);
     void stayOnAPage();
     void takeBack(const std::optional<InkLesson::StepId> &step, bool (InkLesson::Author::*act)());
     void remember(const QString &fileName);
@@ -92,7 +96,8 @@ private:
     InkLesson::Journal m_journal;
     QTimer m_syncing;
     bool m_journalFails{};
-    int m_shown{}; // place of the page that is shown
+    int m_shown{};                   // place of the page that is shown
+    QList<InkLesson::PageId> m_kept; // pages that were shown last, the newest first
 
     InkLesson::SavedFile m_saved;
     bool m_isChanged{}; // since it was saved; that a page has grown is no change

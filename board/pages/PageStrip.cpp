@@ -62,8 +62,16 @@ PageStrip::PageStrip(Document &document, Canvas &canvas, QWidget *parent)
 
     m_refreshing.setSingleShot(true);
     m_refreshing.setInterval(kRefreshDelay);
-    connect(&m_refreshing, &QTimer::timeout, this, &PageStrip::refreshCurrent);
-    connect(&canvas, &Canvas::changed, &m_refreshing, QOverload<>::of(&QTimer::start));
+    connect(&m_refreshing, &QTimer::timeout, this, &PageStrip::refreshChanged);
+    connect(&canvas, &Canvas::changed, this, [this] {
+        refreshLeft();
+        m_changed = m_document.author().page();
+        m_refreshing.start();
+    });
+    connect(&document, &Document::opened, this, [this] {
+        m_refreshing.stop();
+        m_icons.clear();
+    });
     connect(&document, &Document::pagesChanged, this, &PageStrip::showPages);
     connect(&document, &Document::currentChanged, this, &PageStrip::showCurrent);
     connect(m_list, &QListWidget::currentRowChanged, this, [this](int row) {
@@ -113,21 +121,44 @@ void PageStrip::showPages()
     const QSignalBlocker blocker(m_list);
     m_list->clear();
     for (int i = 0; i < m_document.pageCount(); ++i)
-        m_list->addItem(
-            new QListWidgetItem(thumbnail(m_document.page(i), devicePixelRatioF()), QString::number(i + 1)));
+        m_list->addItem(new QListWidgetItem(icon(m_document.lesson().pageId(i)), QString::number(i + 1)));
     showCurrent();
+}
+
+// A page that nobody looks at is painted for its picture alone.
+QIcon PageStrip::icon(const InkLesson::PageId &id)
+{
+    QIcon &icon = m_icons[id];
+    if (!icon.isNull())
+        return icon;
+    InkLesson::Page &page = m_document.lesson().page(id);
+    const bool isKept = page.isPainted() || id == m_document.author().page();
+    icon = thumbnail(page, devicePixelRatioF());
+    if (!isKept)
+        page.release();
+    return icon;
+}
+
+// What was drawn on a page that is left may not be in its picture yet.
+void PageStrip::refreshLeft()
+{
+    if (m_refreshing.isActive() && m_changed != m_document.author().page())
+        refreshChanged();
 }
 
 void PageStrip::showCurrent()
 {
+    refreshLeft();
     const QSignalBlocker blocker(m_list);
     m_list->setCurrentRow(m_document.current());
 }
 
-void PageStrip::refreshCurrent()
+void PageStrip::refreshChanged()
 {
-    if (QListWidgetItem *item = m_list->item(m_document.current()))
-        item->setIcon(thumbnail(m_document.page(), devicePixelRatioF()));
+    m_refreshing.stop();
+    m_icons.erase(m_changed);
+    if (QListWidgetItem *item = m_list->item(m_document.lesson().indexOf(m_changed)))
+        item->setIcon(icon(m_changed));
 }
 
 } // namespace Board

@@ -1,7 +1,12 @@
 #pragma once
 
+#include "lesson/log/StepId.h"
+
 #include <QtCore/QTimer>
+#include <QtGui/QIcon>
 #include <QtWidgets/QWidget>
+
+#include <unordered_map>
 
 class QHBoxLayout;
 class QListWidget;
@@ -25,14 +30,18 @@ private:
     void addCommands(QHBoxLayout &buttons);
     void showPages();
     void showCurrent();
-    void refreshCurrent();
+    void refreshLeft();
+    void refreshChanged();
+    QIcon icon(const InkLesson::PageId &id);
     void movePage(int from, int to);
 
     Document &m_document;
     Canvas &m_canvas;
     ArrowKeys *m_keys; // both owned by this widget
     QListWidget *m_list;
-    QTimer m_refreshing; // once the drawing pauses
+    std::unordered_map<InkLesson::PageId, QIcon> m_icons; // also of pages that were taken away
+    InkLesson::PageId m_changed{};                        // the page that was drawn on last
+    QTimer m_refreshing;                                  // once the drawing pauses
 };
 
 } // namespace Board

@@ -13,6 +13,7 @@ private slots:
     void undoesAndRedoesEveryStep();
     void goesOnAfterOpening();
     void keepsTheLastPage();
+    void keepsThePixelsOfThePagesThatWereShownLast();
     void undoesOnAnotherPage();
     void tellsThatAnUndoMovesTheShownPage();
     void takesASuccessorBackWithItsObject();
@@ -101,6 +102,26 @@ void tst_Document::keepsTheLastPage()
     document.showPage(1);
     QCOMPARE(document.pageCount(), 1);
     QVERIFY(document.isSaved());
+}
+
+void tst_Document::keepsThePixelsOfThePagesThatWereShownLast()
+{
+    Document document(kSize);
+    draw(document, "line", {10, 10}, {80, 90});
+    const QImage first = document.page().picture().copy();
+    for (int page = 1; page < 4; ++page) {
+        document.addPage(page);
+        QVERIFY(isBlank(document.page()));
+    }
+    document.showPage(2);
+    document.showPage(1);
+    document.showPage(3);
+    for (int page = 0; page < 4; ++page)
+        QCOMPARE(document.page(page).isPainted(), page != 0);
+    document.showPage(0);
+    QCOMPARE(document.page().picture(), first);
+    QVERIFY(!document.page(2).isPainted());
+    QVERIFY(document.page(1).isPainted());
 }
 
 void tst_Document::undoesOnAnotherPage()

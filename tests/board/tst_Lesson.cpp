@@ -72,6 +72,8 @@ private slots:
     void saysWhyALessonCannotBeRead();
     void addsTurnsAndRemovesPages();
     void showsThePagesInTheStrip();
+    void picturesAPageThatIsLeftAtOnce();
+    void keepsNoPixelsOfPagesThatWereOnlyPictured();
     void changesThePaper();
     void exportsBySuffix();
     void offersALessonThatWasNotClosed();
@@ -211,6 +213,31 @@ void tst_Lesson::showsThePagesInTheStrip()
     const QImage before = strip().item(0)->icon().pixmap(128, 80).toImage();
     drawLine(200);
     QTRY_VERIFY(strip().item(0)->icon().pixmap(128, 80).toImage() != before);
+}
+
+void tst_Lesson::picturesAPageThatIsLeftAtOnce()
+{
+    const QImage blank = strip().item(0)->icon().pixmap(128, 80).toImage();
+    drawLine(60);
+    trigger("add-page");
+    QVERIFY(strip().item(0)->icon().pixmap(128, 80).toImage() != blank);
+    QCOMPARE(strip().item(1)->icon().pixmap(128, 80).toImage(), blank);
+}
+
+void tst_Lesson::keepsNoPixelsOfPagesThatWereOnlyPictured()
+{
+    drawLine(60);
+    trigger("add-page");
+    drawLine(200);
+    trigger("previous-page");
+    QCOMPARE(document().save(path("pages.inkboard")), QString());
+    QCOMPARE(document().open(path("pages.inkboard")), QString());
+    QCOMPARE(strip().count(), 2);
+    QVERIFY(document().page(0).isPainted());
+    QVERIFY(!document().page(1).isPainted());
+    QVERIFY(strip().item(1)->icon().pixmap(128, 80).toImage() != strip().item(0)->icon().pixmap(128, 80).toImage());
+    strip().setCurrentRow(1);
+    QVERIFY(hasLine(200));
 }
 
 void tst_Lesson::changesThePaper()
