@@ -10,6 +10,7 @@
 
 #include "PointerEvent.h"
 
+#include <limits>
 #include <memory>
 #include <vector>
 
@@ -28,7 +29,7 @@ public:
     {
         for (int number = 1; number <= people; ++number)
             m_people.push_back(std::make_unique<InkLesson::Author>(
-                m_lesson, number, [this] { return isOdd() ? m_time = -m_time * 1000 - 1 : ++m_time; },
+                m_lesson, number, [this] { return time(); },
                 [this](const InkLesson::Record &record) { m_records.push_back(record); }));
         look();
     }
@@ -254,6 +255,15 @@ private:
         life.picture = image();
         life.position = point() / 2;
         return life;
+    }
+
+    // An odd clock leaps as far as a number goes.
+    qint64 time()
+    {
+        using Limits = std::numeric_limits<qint64>;
+        if (!isOdd())
+            return ++m_time;
+        return isOdd() ? Limits::max() : Limits::min();
     }
 
     Random m_random;
