@@ -36,8 +36,8 @@ private:
     QPainter m_painter;
 };
 
-// The same pixels. No object paints on them, but they read them through a painter, which would copy all of an image that
-// others share, or that may only be read.
+// The same pixels. No object paints on them, but they read them through a painter, which would copy all of an image
+// that others share, or that may only be read.
 QImage viewOf(const QImage &image)
 {
     return QImage(const_cast<uchar *>(image.constBits()), image.width(), image.height(), image.bytesPerLine(),
