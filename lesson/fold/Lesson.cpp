@@ -39,10 +39,17 @@ Lesson::Lesson(const Header &header)
     , m_order{kFirstPage}
     , m_pixels(pixels(header.size))
 {
-    m_sheets[kFirstPage].page = std::make_unique<Page>(header.size, header.density);
+    m_sheets[kFirstPage].page = newPage(header.size);
 }
 
 Lesson::~Lesson() = default;
+
+std::unique_ptr<Page> Lesson::newPage(const QSize &size) const
+{
+    auto page = std::make_unique<Page>(size, m_header.density);
+    page->relive = [this](const ObjectId &id) { return live(*life(id)).object; };
+    return page;
+}
 
 QString Lesson::apply(const Record &record, LivedObject lived)
 {
@@ -173,7 +180,7 @@ void Lesson::note(int place, const Record &record, LivedObject lived)
 {
     if (isOneOf<AddPage, RemovePage, MovePage>(record.deed)) {
         if (const auto *added = std::get_if<AddPage>(&record.deed)) {
-            m_sheets[record.id].page = std::make_unique<Page>(added->size, m_header.density);
+            m_sheets[record.id].page = newPage(added->size);
         }
         m_pageRecords.push_back(place);
         refreshPages();

@@ -109,6 +109,7 @@ private:
         std::vector<int> papers{};
     };
 
+    std::unique_ptr<Page> newPage(const QSize &size) const;
     QString append(const Record &record, const QByteArray &code, LivedObject lived);
     QString problemOf(const Record &record) const;
     qint64 pixelsOf(const Record &record) const;

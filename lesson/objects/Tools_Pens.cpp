@@ -23,9 +23,16 @@ void setNibAngle(CInkGraph &object, int degrees)
     static_cast<CInkFlatBrush &>(object).m_fNibAngle = float(degrees);
 }
 
+Tool pen(const char *name, decltype(Tool::create) create)
+{
+    Tool tool{name, create};
+    tool.paintsOnce = true;
+    return tool;
+}
+
 Tool flatBrush()
 {
-    Tool tool{"flat-brush", plain<CInkFlatBrush>};
+    Tool tool = pen("flat-brush", plain<CInkFlatBrush>);
     tool.movesAsItGrows = true;
     tool.option = InkOption{0, 180, 45, setNibAngle}; // degrees
     return tool;
@@ -33,21 +40,28 @@ Tool flatBrush()
 
 Tool highlighter()
 {
-    Tool tool{"highlighter", plain<CInkHighLightPen>};
+    Tool tool = pen("highlighter", plain<CInkHighLightPen>);
     tool.option = InkOption{10, 90, 40, setOpacity}; // percent
+    return tool;
+}
+
+Tool texturedPen(const char *name, decltype(Tool::create) create)
+{
+    Tool tool = pen(name, create);
+    tool.keepsPixels = true;
     return tool;
 }
 
 Tool crayon()
 {
-    Tool tool{"crayon", onCanvas<CInkCrayon>};
+    Tool tool = texturedPen("crayon", onCanvas<CInkCrayon>);
     tool.rendersAsPainted = true;
     return tool;
 }
 
 Tool sprayGun()
 {
-    Tool tool{"spray-gun", onCanvas<CInkSprayGun>};
+    Tool tool = texturedPen("spray-gun", onCanvas<CInkSprayGun>);
     tool.scatters = true;
     return tool;
 }
@@ -57,13 +71,13 @@ Tool sprayGun()
 std::vector<Tool> pens()
 {
     return {
-        {"pencil", plain<CInkPencil>},
-        {"brush", plain<CInkBrush>},
+        pen("pencil", plain<CInkPencil>),
+        pen("brush", plain<CInkBrush>),
         flatBrush(),
         highlighter(),
-        {"color-brush", onCanvas<CInkColorBrush>},
+        texturedPen("color-brush", onCanvas<CInkColorBrush>),
         crayon(),
-        {"water-color-pen", onCanvas<CInkWaterColorPen>},
+        texturedPen("water-color-pen", onCanvas<CInkWaterColorPen>),
         sprayGun(),
     };
 }

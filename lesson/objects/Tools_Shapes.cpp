@@ -24,6 +24,7 @@ Tool shape(const char *name, decltype(Tool::create) create)
 {
     Tool tool{name, create};
     tool.hasHandles = true;
+    tool.paintsOnce = true;
     return tool;
 }
 

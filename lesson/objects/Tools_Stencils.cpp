@@ -24,11 +24,29 @@ namespace InkLesson {
 namespace {
 
 template <typename Stencil>
-Tool stencil(const char *name, bool takesDash = true)
+Tool stencil(const char *name)
 {
     Tool tool{name, plain<Stencil>};
     tool.hasHandles = true;
-    tool.takesDash = takesDash;
+    tool.takesDash = true;
+    tool.paintsOnce = true;
+    return tool;
+}
+
+template <typename Stencil>
+Tool solidStencil(const char *name)
+{
+    Tool tool = stencil<Stencil>(name);
+    tool.takesDash = false;
+    return tool;
+}
+
+// Its outline is painted in parts that lie over each other.
+template <typename Stencil>
+Tool label(const char *name)
+{
+    Tool tool = stencil<Stencil>(name);
+    tool.paintsOnce = false;
     return tool;
 }
 
@@ -36,7 +54,6 @@ Tool stencil(const char *name, bool takesDash = true)
 
 std::vector<Tool> stencils()
 {
-    constexpr bool kSolid = false; // always
     return {
         stencil<CInkRight>("check-mark"),
         stencil<CInkErro>("cross-mark"),
@@ -52,10 +69,10 @@ std::vector<Tool> stencils()
         stencil<CInkLighting>("lightning"),
         stencil<CInkBoom1>("burst-12"),
         stencil<CInkBoom2>("burst-14"),
-        stencil<CInkEllipseLabel>("ellipse-label"),
-        stencil<CInkRoundRectLabel>("rounded-label", kSolid),
-        stencil<CInkCloudLabel>("cloud-label"),
-        stencil<CInkLove>("heart", kSolid),
+        label<CInkEllipseLabel>("ellipse-label"),
+        solidStencil<CInkRoundRectLabel>("rounded-label"),
+        label<CInkCloudLabel>("cloud-label"),
+        solidStencil<CInkLove>("heart"),
     };
 }
 

@@ -20,15 +20,15 @@ namespace {
 
 constexpr int kDotsPerInch = 96; // of a plain screen, so that the page prints at its size there
 
-void paintItem(QPainter &painter, const Item &item, const Page &page)
+void paintItem(QPainter &painter, Item &item, const Page &page)
 {
     const StateMark mark(painter);
     QRect area = item.asked & page.rect();
     painter.setClipRect(area);
     if (item.tool && item.tool->paintFlat)
-        item.tool->paintFlat(painter, *item.object, page.background());
+        item.tool->paintFlat(painter, page.whole(item), page.background());
     else
-        item.object->Draw(painter, area);
+        page.whole(item).Draw(painter, area);
 }
 
 QImage painted(const Page &page, double scale)

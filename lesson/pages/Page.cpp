@@ -22,7 +22,14 @@ QRect reachOf(CInkGraph &object, const QRect &asked)
 // Qt cuts outlines that go farther, at the edge of what it may paint just then.
 const QRect kUncut(QPoint(-16384, -16384), QPoint(16384, 16384));
 
-constexpr std::size_t kMostParts = 4; // of what has changed
+constexpr std::size_t kMostParts = 4;             // of what has changed
+constexpr std::size_t kMostSpriteBytes = 3 << 24; // of one page
+
+// Where it paints.
+QRect extentOf(const Item &item)
+{
+    return item.sprite ? item.sprite->rect() : item.reach;
+}
 
 qint64 pixels(const QRect &area)
 {
@@ -57,9 +64,34 @@ void Page::paintAnew()
     show(rect());
 }
 
+void Page::prepare(const std::function<void(double)> &tell)
+{
+    double done = 0;
+    for (const auto &item : m_items) {
+        makeSprite(*item);
+        tell(++done / double(m_items.size()));
+    }
+}
+
 void Page::release()
 {
     m_layers.reset();
+    forgetSprites();
+}
+
+void Page::keepSprites(bool keeps)
+{
+    m_keepsSprites = keeps;
+    forgetSprites();
+}
+
+void Page::forgetSprites()
+{
+    for (const auto &item : m_items)
+        item->sprite.reset();
+    m_spriteBytes = 0;
+    m_sketch.release();
+    m_ahead = {};
 }
 
 std::size_t Page::indexOf(const ObjectId &id) const
@@ -80,10 +112,16 @@ ObjectId Page::topmostAt(const QPoint &pt, int reach) const
     if (m_flooding != 0)
         layers(); // such a fill has no pixels before
     for (auto item = m_items.rbegin(); item != m_items.rend(); ++item) {
-        if ((*item)->reach.intersects(near) && !isHeld((*item)->id) && paintsNear(*(*item)->object, pt, reach))
+        if ((*item)->reach.intersects(near) && !isHeld((*item)->id) && isSeenNear(**item, pt, reach))
             return (*item)->id;
     }
     return kNothing;
+}
+
+bool Page::isSeenNear(Item &item, const QPoint &pt, int reach) const
+{
+    const QPoint corner(reach, reach);
+    return item.sprite ? item.sprite->paintsIn(QRect(pt - corner, pt + corner)) : paintsNear(whole(item), pt, reach);
 }
 
 bool Page::isHeld(const ObjectId &id) const
@@ -114,6 +152,9 @@ void Page::touch(const QRect &reach)
 void Page::count(const Item &item, int by)
 {
     m_flooding += item.tool && item.tool->floods ? by : 0;
+    m_whole += item.isWhole ? by : 0;
+    if (by < 0 && item.sprite)
+        m_spriteBytes -= item.sprite->bytes();
 }
 
 void Page::put(std::shared_ptr<Item> item, std::size_t place, bool isPainted)
@@ -121,14 +162,19 @@ void Page::put(std::shared_ptr<Item> item, std::size_t place, bool isPainted)
     item->reach = reachOf(*item->object, item->asked);
     item->isWhole = item->isWhole || !kUncut.contains(item->reach);
     item->background = isPainted ? m_backgrounds : 0;
+    const Ahead ahead = std::exchange(m_ahead, {});
+    if (isPainted && ahead.object == item->object.get() && ahead.sprite)
+        keepSprite(*item, ahead.sprite);
     const bool isFirst = m_changed.empty();
     const std::size_t now = m_byName.count(item->id) != 0 ? indexOf(item->id) : m_items.size();
     const bool appends = now == m_items.size() && place >= m_items.size();
-    touch(item->reach);
+    if (this->isPainted() && !appends)
+        makeSprite(*item);
+    touch(extentOf(*item));
     count(*item, 1);
     m_byName[item->id] = item.get();
     if (now < m_items.size()) {
-        touch(m_items[now]->reach);
+        touch(extentOf(*m_items[now]));
         count(*m_items[now], -1);
         m_items[now] = std::move(item);
         return;
@@ -143,7 +189,7 @@ void Page::remove(const ObjectId &id)
     const std::size_t index = indexOf(id);
     if (index == m_items.size())
         return;
-    touch(m_items[index]->reach);
+    touch(extentOf(*m_items[index]));
     count(*m_items[index], -1);
     m_byName.erase(id);
     m_items.erase(m_items.begin() + std::ptrdiff_t(index));
@@ -158,7 +204,7 @@ void Page::reorder(const std::vector<ObjectId> &order, const std::vector<ObjectI
               [&](const auto &a, const auto &b) { return places.at(a->id) < places.at(b->id); });
     for (const ObjectId &id : moved) {
         if (const Item *one = item(id))
-            touch(one->reach);
+            touch(extentOf(*one));
     }
 }
 
@@ -182,9 +228,10 @@ bool Page::grow(const QSize &size)
         *m_layers = std::move(layers);
     }
     m_rect = QRect(QPoint(), grown);
+    forgetSprites(); // objects reach farther now
     if (isPainted())
         layPaper();
-    touch(rect()); // objects reach farther now
+    touch(rect());
     return true;
 }
 
@@ -199,7 +246,7 @@ QRect Page::closed(QRect area) const
 {
     if (m_flooding > 0)
         return rect();
-    for (bool isClosed = false; !isClosed;) {
+    for (bool isClosed = m_whole == 0; !isClosed;) {
         isClosed = true;
         for (const auto &item : m_items) {
             const QRect reach = onPage(item->reach);
@@ -220,10 +267,48 @@ CInkGraph &Page::prepared(CInkGraph &object, const Tool *tool, int &background) 
     return object;
 }
 
-// Each in the area of its commit, so that its clip, and with it every pixel, is the same again.
-void Page::paint(LayerPainting &painting, Item &item) const
+// Qt paints lines of one pixel piece by piece, and where two meet, one over the other.
+bool Page::canHaveSprite(const CInkGraph &object, const Tool *tool) const
 {
-    painting.paint(prepared(*item.object, item.tool, item.background), onPage(item.asked));
+    return m_keepsSprites && m_spriteBytes < kMostSpriteBytes && tool && tool->paintsOnce && object.m_nWidth > 1;
+}
+
+void Page::makeSprite(Item &item)
+{
+    if (!item.sprite && !item.isTooRich && canHaveSprite(*item.object, item.tool))
+        keepSprite(item, m_sketch.spriteOf(whole(item), onPage(item.asked), onPage(item.reach), rect().size()));
+}
+
+// What the object has rendered for itself alone is given back then.
+void Page::keepSprite(Item &item, std::shared_ptr<const Sprite> sprite)
+{
+    item.isTooRich = !sprite;
+    item.sprite = std::move(sprite);
+    if (!item.sprite)
+        return;
+    m_spriteBytes += item.sprite->bytes();
+    if (!item.tool->keepsPixels || !relive)
+        return;
+    delete std::exchange(item.object->m_pImage, nullptr);
+    item.isBare = true;
+}
+
+CInkGraph &Page::whole(Item &item) const
+{
+    if (item.isBare)
+        item.object = relive(item.id);
+    item.isBare = false;
+    return *item.object;
+}
+
+// Each in the area of its commit, so that its clip, and with it every pixel, is the same again.
+void Page::paint(LayerPainting &painting, Item &item)
+{
+    makeSprite(item);
+    if (item.sprite)
+        painting.paint(*item.sprite);
+    else
+        painting.paint(prepared(whole(item), item.tool, item.background), onPage(item.asked));
 }
 
 bool Page::paintOnTop(CInkGraph &object, const QRect &asked, const Tool *tool)
@@ -246,7 +331,15 @@ bool Page::leavesMark(CInkGraph &object, const QRect &asked, const Tool *tool, b
     int background = 0;
     prepared(object, tool, background);
     const QImage page = picture().copy(area), inked = ink().copy(area);
-    LayerPainting(*m_layers, LayerPainting::On::PageAndInk, rect()).paint(object, onPage(asked));
+    m_ahead = {&object,
+               canHaveSprite(object, tool) ? m_sketch.spriteOf(object, onPage(asked), area, rect().size()) : nullptr};
+    {
+        LayerPainting painting(*m_layers, LayerPainting::On::PageAndInk, rect());
+        if (m_ahead.sprite)
+            painting.paint(*m_ahead.sprite);
+        else
+            painting.paint(object, onPage(asked));
+    }
     const bool isSeen = page != picture().copy(area) || inked != ink().copy(area);
     if (!stays)
         m_layers->restore(area.topLeft(), page, inked);
@@ -277,7 +370,7 @@ QRect Page::repaint(const QRect &part)
     m_layers->clear(area);
     LayerPainting painting(*m_layers, LayerPainting::On::PageAndInk, area);
     for (const auto &item : m_items) {
-        if (area.intersects(item->reach) && !isHeld(item->id))
+        if (area.intersects(extentOf(*item)) && !isHeld(item->id))
             paint(painting, *item);
     }
     return area;
@@ -309,7 +402,7 @@ QRegion Page::take(Hand hand)
 {
     QRegion shown = drop(hand.author);
     if (const Item *held = item(hand.held))
-        touch(held->reach);
+        touch(extentOf(*held));
     hand.tool = findTool(hand.life.tool);
     hand.asked = hand.object->GetUpdateRect();
     hand.touched = onPage(hand.asked);
@@ -364,8 +457,12 @@ QRegion Page::drop(int author, Hand *dropped)
     if (found == m_hands.end())
         return {};
     const QRect touched = found->touched;
-    if (const Item *held = item(found->held))
-        touch(held->reach);
+    if (const Item *held = item(found->held)) {
+        const bool isOnTop = m_changed.empty() && m_items.back().get() == held;
+        touch(extentOf(*held));
+        if (isOnTop)
+            m_change = Change::Append;
+    }
     if (dropped)
         *dropped = std::move(*found);
     m_hands.erase(found);

@@ -5,10 +5,12 @@
 #include "lesson/objects/Life.h"
 #include "lesson/pages/Hand.h"
 #include "lesson/pages/PageLayers.h"
+#include "lesson/pages/Sketch.h"
 #include "lesson/paper/Paper.h"
 
 #include "CInkGraph.h"
 
+#include <functional>
 #include <memory>
 #include <unordered_map>
 #include <vector>
@@ -21,10 +23,13 @@ struct Item
     ObjectId id;
     const Tool *tool; // null for a placed picture
     std::unique_ptr<CInkGraph> object;
-    QRect asked;      // to be repainted by each Draw
-    bool isWhole{};   // a part of it, painted alone, may differ in a pixel
-    QRect reach{};    // that it may paint in
-    int background{}; // that it was last painted over, one of those that there have been
+    QRect asked;                            // to be repainted by each Draw
+    bool isWhole{};                         // a part of it, painted alone, may differ in a pixel
+    QRect reach{};                          // that it may paint in
+    int background{};                       // that it was last painted over, one of those that there have been
+    std::shared_ptr<const Sprite> sprite{}; // what it has painted, where that can be painted again
+    bool isTooRich{};                       // for a sprite
+    bool isBare{};                          // the object has no pixels of its own any more
 };
 
 // What a page shows: its paper, its committed objects, and over them those that its authors have in hand.
@@ -56,6 +61,20 @@ public:
     // again.
     bool isPainted() const { return m_layers && !m_layers->isNull(); }
     void release();
+
+    // Gives an object of the page anew, as it was put there. Where there is such a function, objects whose sprites are
+    // kept give back what they have rendered for themselves.
+    std::function<std::unique_ptr<CInkGraph>(const ObjectId &id)> relive;
+
+    // The object of an item, whole.
+    CInkGraph &whole(Item &item) const;
+
+    // Does ahead what takes longest of the first painting. `tell` hears now and then how much of that is done, up to 1.
+    void prepare(const std::function<void(double share)> &tell);
+
+    // Whether objects are painted again by what they have painted, which takes memory for each; they are from the
+    // start.
+    void keepSprites(bool keeps);
 
     // The committed objects, the lowest first.
     using Items = std::vector<std::shared_ptr<Item>>;
@@ -110,7 +129,12 @@ private:
     QRect repaint(const QRect &part);
     bool leavesMark(CInkGraph &object, const QRect &asked, const Tool *tool, bool stays);
     CInkGraph &prepared(CInkGraph &object, const Tool *tool, int &background) const;
-    void paint(LayerPainting &painting, Item &item) const;
+    void paint(LayerPainting &painting, Item &item);
+    bool canHaveSprite(const CInkGraph &object, const Tool *tool) const;
+    void makeSprite(Item &item);
+    void keepSprite(Item &item, std::shared_ptr<const Sprite> sprite);
+    bool isSeenNear(Item &item, const QPoint &pt, int reach) const;
+    void forgetSprites();
     QRegion reached(Hand &hand, const QRect &reach);
     void layPaper();
 
@@ -121,6 +145,16 @@ private:
     int m_backgrounds{1}; // that there have been
     Items m_items;
     std::unordered_map<ObjectId, const Item *> m_byName;
+    bool m_keepsSprites{true};
+    std::size_t m_spriteBytes{}; // of all items
+    Sketch m_sketch;
+    struct Ahead
+    {
+        const CInkGraph *object;
+        std::shared_ptr<const Sprite> sprite;
+    };
+    Ahead m_ahead{};              // what has been painted ahead of its put()
+    int m_whole{};                // of the items, those of which no part can be painted alone
     int m_flooding{};             // of the items, those that depend on the pixels below them
     std::vector<QRect> m_changed; // of page and ink, since the last repaint
     enum class Change { Any, Append, Painted };

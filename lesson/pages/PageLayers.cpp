@@ -1,6 +1,7 @@
 #include "lesson/pages/PageLayers.h"
 
 #include "lesson/layers/StateMark.h"
+#include "lesson/pages/Sprite.h"
 
 #include "CInkGraph.h"
 
@@ -111,14 +112,38 @@ struct LayerPainting::Painters
 };
 
 LayerPainting::LayerPainting(PageLayers &layers, On on, const QRect &area)
-    : m_painters(std::make_unique<Painters>(layers, on, area))
+    : m_layers(layers)
+    , m_on(on)
+    , m_area(area)
 {
 }
 
-LayerPainting::~LayerPainting() = default;
+LayerPainting::~LayerPainting()
+{
+    paintSprites();
+}
+
+// A tile after the other, so that its pixels stay near the processor.
+void LayerPainting::paintSprites()
+{
+    constexpr QSize kTile(512, 256);
+    for (int top = m_area.top(); top <= m_area.bottom() && !m_sprites.empty(); top += kTile.height()) {
+        for (int left = m_area.left(); left <= m_area.right(); left += kTile.width()) {
+            const QRect tile = QRect(QPoint(left, top), kTile) & m_area;
+            for (const Sprite *sprite : m_sprites) {
+                if (sprite->rect().intersects(tile))
+                    sprite->paint(m_layers.m_page, m_layers.m_ink, tile);
+            }
+        }
+    }
+    m_sprites.clear();
+}
 
 void LayerPainting::paint(CInkGraph &object, const QRect &reach)
 {
+    paintSprites();
+    if (!m_painters)
+        m_painters = std::make_unique<Painters>(m_layers, m_on, m_area);
     Painters &on = *m_painters;
     const StateMark page(on.page.painter()), surface(on.surface.painter()), under(on.under.painter()),
         ink(on.ink.painter());

@@ -8,10 +8,13 @@
 
 #include <memory>
 #include <utility>
+#include <vector>
 
 class CInkGraph;
 
 namespace InkLesson {
+
+class Sprite;
 
 // The four images that an object paints on, all of one size and in page pixels.
 class INKLESSON_EXPORT PageLayers
@@ -63,11 +66,20 @@ public:
     // `reach` is what the object is asked to repaint.
     void paint(CInkGraph &object, const QRect &reach);
 
+    // On page and ink, what a committed object has painted. It outlives this.
+    void paint(const Sprite &sprite) { m_sprites.push_back(&sprite); }
+
 private:
     Q_DISABLE_COPY(LayerPainting)
 
+    void paintSprites();
+
+    PageLayers &m_layers;
+    const On m_on;
+    const QRect m_area;
+    std::vector<const Sprite *> m_sprites; // not painted yet
     struct Painters;
-    std::unique_ptr<Painters> m_painters;
+    std::unique_ptr<Painters> m_painters; // null until an object paints itself
 };
 
 } // namespace InkLesson

@@ -38,7 +38,8 @@ QString saveLesson(const Lesson &lesson, const QString &fileName)
         .arg(fileName, problem.isEmpty() ? file.errorString() : problem);
 }
 
-std::unique_ptr<Lesson> openLesson(const QString &fileName, QString &problem)
+std::unique_ptr<Lesson> openLesson(const QString &fileName, QString &problem,
+                                   const std::function<void(double share)> &tell)
 {
     QFile file(fileName);
     if (!file.open(QIODevice::ReadOnly)) {
@@ -59,8 +60,11 @@ std::unique_ptr<Lesson> openLesson(const QString &fileName, QString &problem)
     const Lesson::Batch batch(*lesson);
     Record record;
     QString refusal;
-    while (refusal.isEmpty() && reader.read(*lesson, record))
+    while (refusal.isEmpty() && reader.read(*lesson, record)) {
         refusal = lesson->apply(record);
+        if (tell)
+            tell(double(file.pos()) / double(file.size()));
+    }
     problem = named(refusal.isEmpty() ? reader.error() : reader.named(refusal));
     return lesson;
 }

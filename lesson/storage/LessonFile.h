@@ -5,6 +5,7 @@
 
 #include <QtCore/QString>
 
+#include <functional>
 #include <memory>
 
 namespace InkLesson {
@@ -14,7 +15,8 @@ namespace InkLesson {
 INKLESSON_EXPORT QString saveLesson(const Lesson &lesson, const QString &fileName);
 
 // Reads a lesson up to the first line that is wrong or was cut off; `problem` then names file and line. Null where none
-// of it can be read. The file is not touched.
-INKLESSON_EXPORT std::unique_ptr<Lesson> openLesson(const QString &fileName, QString &problem);
+// of it can be read. The file is not touched. `tell` hears after each record how much of the file was read, up to 1.
+INKLESSON_EXPORT std::unique_ptr<Lesson> openLesson(const QString &fileName, QString &problem,
+                                                    const std::function<void(double share)> &tell = {});
 
 } // namespace InkLesson

@@ -8,6 +8,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <sys/syscall.h>
 #include <unistd.h>
@@ -71,6 +72,19 @@ protected:
     Lesson lesson{{{200, 150}, 1.5}};
     std::unique_ptr<Lesson> opened;
 };
+
+// Four records: what was read of the file rises with each, and is all of it in the end.
+TEST_F(LessonFileTest, openingTellsHowFarItIs)
+{
+    ASSERT_EQ(saveLesson(lesson, name), QString());
+    std::vector<double> told;
+    QString problem;
+    opened = openLesson(name, problem, [&told](double share) { told.push_back(share); });
+    ASSERT_EQ(told.size(), 4U);
+    EXPECT_GT(told.front(), 0);
+    EXPECT_TRUE(std::is_sorted(told.begin(), told.end()));
+    EXPECT_EQ(told.back(), 1);
+}
 
 TEST_F(LessonFileTest, opensWhatItSaved)
 {
