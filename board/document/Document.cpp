@@ -192,11 +192,19 @@ QString Document::save(const QString &fileName)
     return problem;
 }
 
-bool Document::load(const QString &fileName, QString &problem)
+bool Document::load(const QString &fileName, QString &problem, const Progress &tell)
 {
-    std::unique_ptr<Lesson> lesson = openLesson(fileName, problem);
+    constexpr double kReading = 0.3; // of the time that it takes
+    const auto toldOf = [&tell](double from, double share) {
+        return [&tell, from, share](double done) {
+            if (tell)
+                tell(from + share * done);
+        };
+    };
+    std::unique_ptr<Lesson> lesson = openLesson(fileName, problem, toldOf(0, kReading));
     if (!lesson)
         return false;
+    lesson->page(lesson->pageId(0)).prepare(toldOf(kReading, 1 - kReading));
     m_author->finish();
     take(std::move(lesson));
     emit opened();
@@ -206,30 +214,30 @@ bool Document::load(const QString &fileName, QString &problem)
     return true;
 }
 
-QString Document::open(const QString &fileName)
+QString Document::open(const QString &fileName, const Progress &tell)
 {
     QString problem;
-    if (load(fileName, problem) && problem.isEmpty())
+    if (load(fileName, problem, tell) && problem.isEmpty())
         remember(fileName);
     else
         follow();
     return problem;
 }
 
-QString Document::openCopy(const QString &fileName)
+QString Document::openCopy(const QString &fileName, const Progress &tell)
 {
     QString problem;
-    if (load(fileName, problem) && problem.isEmpty())
+    if (load(fileName, problem, tell) && problem.isEmpty())
         m_journal.rest(*m_lesson);
     else
         follow();
     return problem;
 }
 
-QString Document::recover(const QString &journal)
+QString Document::recover(const QString &journal, const Progress &tell)
 {
     QString problem;
-    if (!load(journal, problem))
+    if (!load(journal, problem, tell))
         return problem;
     m_isChanged = true;
     m_saved = Journal::savedFileOf(journal);

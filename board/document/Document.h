@@ -6,6 +6,7 @@
 #include <QtCore/QObject>
 #include <QtCore/QTimer>
 
+#include <functional>
 #include <memory>
 
 namespace Board {
@@ -53,17 +54,20 @@ public:
     const QString &fileName() const { return m_saved.name; }
     bool isSaved() const { return !m_isChanged; }
 
+    // Hears how much of opening a lesson is done, up to 1.
+    using Progress = std::function<void(double share)>;
+
     // Makes this the lesson in the file. On an error in a line, or in a file that was cut off, the lesson is what
     // stands before that, and the error, which names file and line, is returned; with none of it readable the lesson
     // stays as it is. The file is not touched.
-    QString open(const QString &fileName);
+    QString open(const QString &fileName, const Progress &tell = {});
 
     // The same, but for a lesson that was never saved.
-    QString openCopy(const QString &fileName);
+    QString openCopy(const QString &fileName, const Progress &tell = {});
 
     // The same for a journal that was left behind; there is then something to save, where the lesson was saved before.
     // A file that was changed since then is not touched.
-    QString recover(const QString &journal);
+    QString recover(const QString &journal, const Progress &tell = {});
 
     void discardJournal() { m_journal.discard(); }
 
@@ -82,7 +86,7 @@ signals:
 
 private:
     void take(std::unique_ptr<InkLesson::Lesson> lesson);
-    bool load(const QString &fileName, QString &problem);
+    bool load(const QString &fileName, QString &problem, const Progress &tell);
     void noted(const InkLesson::Record &record);
     void follow();
     void turnTo(const InkLesson::PageId &page);

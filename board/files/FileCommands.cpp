@@ -2,6 +2,7 @@
 
 #include "board/canvas/Canvas.h"
 #include "board/commands/CommandGroup.h"
+#include "board/files/OpeningBar.h"
 
 #include <QtWidgets/QAction>
 #include <QtWidgets/QFileDialog>
@@ -64,7 +65,9 @@ void FileCommands::open()
 void FileCommands::openFile(const QString &fileName)
 {
     const bool isFree = m_claim.mayHave(fileName);
-    const QString problem = isFree ? m_document.open(fileName) : m_document.openCopy(fileName);
+    const QString problem = withOpeningBar(m_window, [&](const Document::Progress &tell) {
+        return isFree ? m_document.open(fileName, tell) : m_document.openCopy(fileName, tell);
+    });
     if (!problem.isEmpty())
         warn(tr("The lesson could not be read to its end"), problem);
     else if (!isFree)

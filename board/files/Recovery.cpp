@@ -1,6 +1,7 @@
 #include "board/files/Recovery.h"
 
 #include "board/document/Document.h"
+#include "board/files/OpeningBar.h"
 
 #include <QtCore/QCoreApplication>
 #include <QtCore/QDateTime>
@@ -147,7 +148,8 @@ QString Recovery::choose()
 // A last line that was cut off is what recovery is for.
 void Recovery::open(const QString &journal)
 {
-    const QString problem = m_document.recover(journal);
+    const QString problem =
+        withOpeningBar(m_window, [&](const Document::Progress &tell) { return m_document.recover(journal, tell); });
     if (!problem.isEmpty() && !endsWithinALine(journal))
         QMessageBox::warning(&m_window, tr("The lesson could not be read to its end"), problem);
     m_opened = journal.endsWith(QLatin1String(kKeptSuffix)) ? journal : keepForLater(journal);

@@ -10,6 +10,7 @@
 #include <QtCore/QStandardPaths>
 #include <QtCore/QTemporaryDir>
 #include <QtCore/QTextStream>
+#include <QtCore/QTimer>
 #include <QtWidgets/QApplication>
 
 using namespace Board;
@@ -51,12 +52,15 @@ int showWindow(const CommandLine &line)
     window.setAsksBeforeClosing(line.exportFile.isEmpty());
     window.chooseTool(*line.tool);
     window.show();
-    if (line.exportFile.isEmpty()) // or a script runs it
-        window.files().startJournal(QStandardPaths::writableLocation(QStandardPaths::AppDataLocation) +
-                                        QStringLiteral("/journals"),
-                                    line.lessonFile);
-    else if (!line.lessonFile.isEmpty())
-        window.files().openFile(line.lessonFile);
+    // The window is seen before a lesson is read.
+    QTimer::singleShot(0, &window, [&] {
+        if (line.exportFile.isEmpty()) // or a script runs it
+            window.files().startJournal(QStandardPaths::writableLocation(QStandardPaths::AppDataLocation) +
+                                            QStringLiteral("/journals"),
+                                        line.lessonFile);
+        else if (!line.lessonFile.isEmpty())
+            window.files().openFile(line.lessonFile);
+    });
     QApplication::exec();
     return ended(line.exportFile.isEmpty() ? QString() : window.exportPage(line.exportFile));
 }

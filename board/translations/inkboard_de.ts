@@ -410,6 +410,13 @@
     </message>
 </context>
 <context>
+    <name>Board::OpeningBar</name>
+    <message>
+        <source>Opening the lesson …</source>
+        <translation>Die Stunde wird geöffnet …</translation>
+    </message>
+</context>
+<context>
     <name>Board::OptionControl</name>
     <message>
         <source>Less of the tool&apos;s option</source>

@@ -1,6 +1,7 @@
 #include "DocumentProbe.h"
 
 #include <QtCore/QTemporaryDir>
+#include <algorithm>
 
 using namespace Board;
 
@@ -38,6 +39,7 @@ private slots:
     void keepsItsDensity();
     void writesALineForEachRecord();
     void opensAFileOfVersion1();
+    void openingTellsHowFarItIs();
     void savesOnlyChanges();
     void refusesAFile_data();
     void refusesAFile();
@@ -158,6 +160,23 @@ void tst_DocumentFile::opensAFileOfVersion1()
     QCOMPARE(again.stepsToUndo(), 2);
     QCOMPARE(again.pageCount(), 1);
     QVERIFY(isRed(again.page(), {45, 50}));
+}
+
+// Two objects are read, and then made ready to be painted.
+void tst_DocumentFile::openingTellsHowFarItIs()
+{
+    Document document(kSize);
+    draw(document, "line", {10, 150}, {80, 230});
+    draw(document, "line", {10, 50}, {80, 30});
+    QCOMPARE(document.save(path("far.inkboard")), QString());
+    std::vector<double> told;
+    Document opened(kSize);
+    QCOMPARE(opened.open(path("far.inkboard"), [&told](double share) { told.push_back(share); }), QString());
+    QCOMPARE(told.size(), std::size_t(4));
+    QVERIFY(std::is_sorted(told.begin(), told.end()));
+    QCOMPARE(told[1], 0.3);
+    QCOMPARE(told[2], 0.65);
+    QCOMPARE(told[3], 1.0);
 }
 
 void tst_DocumentFile::savesOnlyChanges()
