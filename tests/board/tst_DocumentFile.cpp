@@ -1,6 +1,7 @@
 #include "DocumentProbe.h"
 
 #include <QtCore/QTemporaryDir>
+
 #include <algorithm>
 
 using namespace Board;
