@@ -39,12 +39,23 @@ wait_at_most() {
 }
 
 has_ended() { ! kill -0 "$board_pid" 2>/dev/null; }
-# is_shown TITLE: its window is then $window, the topmost of those with that title
+# titled TITLE: its windows, the topmost last. A look during which any window goes ends with an error, and is repeated.
+titled() {
+    while :; do
+        found=$(xdotool search --onlyvisible --name "^$1\$" 2>&1) || true
+        case $found in
+        *"X Error"*) ;;
+        *) break ;;
+        esac
+    done
+    [ -z "$found" ] || echo "$found"
+}
+# is_shown TITLE: its window is then $window
 is_shown() {
-    window=$(xdotool search --onlyvisible --name "^$1\$" 2>/dev/null | tail -n 1)
+    window=$(titled "$1" | tail -n 1)
     [ -n "$window" ]
 }
-is_hidden() { ! is_shown "$1"; }
+is_hidden() { [ -z "$(titled "$1")" ]; }
 gets_keys() {
     is_shown "$1" && xdotool windowfocus "$window" 2>/dev/null && [ "$(xdotool getwindowfocus 2>/dev/null)" = "$window" ]
 }

@@ -21,6 +21,7 @@ click() { xdotool mousemove "$1" "$2" click 1; }
 # lies_at X Y TITLE: a click there goes to that window
 lies_at() {
     is_shown "$3" || return 1
+    WINDOW=
     eval "$(xdotool mousemove "$1" "$2" getmouselocation --shell)"
     [ "$WINDOW" = "$window" ]
 }

@@ -30,7 +30,7 @@ drag() {
     xdotool mouseup 1
 }
 # is_refused TITLE: the dialog tells, under its own title, that there is no such file
-is_refused() { [ "$(xdotool search --onlyvisible --name "^$1\$" 2>/dev/null | wc -l)" -gt 1 ]; }
+is_refused() { [ "$(titled "$1" | wc -l)" -gt 1 ]; }
 is_accepted() { ! is_refused "$1"; }
 # is_answered TITLE: has gone, or refuses
 is_answered() { is_hidden "$1" || is_refused "$1"; }
