@@ -2,6 +2,7 @@
 
 // A canvas of 400 x 300 pixels on the screen, and a mouse over it.
 
+#include "Patience.h"
 #include "board/canvas/Canvas.h"
 
 #include <QtGui/QMouseEvent>
@@ -42,7 +43,7 @@ protected:
         m_canvas->setInkWidth(4);
         m_canvas->resize(kSize);
         m_canvas->show();
-        QVERIFY(QTest::qWaitForWindowExposed(m_canvas.get()));
+        QVERIFY(QTest::qWaitForWindowExposed(m_canvas.get(), kPatience));
     }
 
     // There is an object in hand; it is still being drawn; something can be undone.

@@ -51,8 +51,8 @@ int main(int argc, char **argv)
     Probe probe;
     probe.setTitle(QStringLiteral("Click probe"));
     probe.setGeometry(QGuiApplication::primaryScreen()->geometry());
-    probe.show();
     if (argc > 1)
-        claimComposition(xcb_window_t(probe.winId()));
+        claimComposition(xcb_window_t(probe.winId())); // before anyone sees it
+    probe.show();
     return QGuiApplication::exec();
 }

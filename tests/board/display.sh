@@ -1,5 +1,10 @@
 # A display of its own, for tests that work on the real window with a real pointer. Source it. Needs Xvfb and xdotool, but
 # no window manager.
+#
+# What is typed and clicked reaches a window in its order however late it looks, but only once that window is there: so wait for
+# what is seen, and for nothing by the clock.
+
+patience=120 # seconds at least, for a machine that is busy with other things
 
 folder=$(mktemp -d)
 board_pid=
@@ -20,8 +25,10 @@ fail() {
     exit 1
 }
 
-# wait_for SECONDS COMMAND...: until the command succeeds
-wait_for() {
+# wait_for COMMAND...: until the command succeeds
+wait_for() { wait_at_most $patience "$@"; }
+# wait_at_most SECONDS COMMAND...
+wait_at_most() {
     tries=$(($1 * 20))
     shift
     until "$@"; do
@@ -32,17 +39,28 @@ wait_for() {
 }
 
 has_ended() { ! kill -0 "$board_pid" 2>/dev/null; }
+# titled TITLE: its windows, the topmost last. A look during which any window goes ends with an error, and is repeated.
+titled() {
+    while :; do
+        found=$(xdotool search --onlyvisible --name "^$1\$" 2>&1) || true
+        case $found in
+        *"X Error"*) ;;
+        *) break ;;
+        esac
+    done
+    [ -z "$found" ] || echo "$found"
+}
 # is_shown TITLE: its window is then $window
 is_shown() {
-    window=$(xdotool search --onlyvisible --name "^$1\$" 2>/dev/null | head -n 1)
+    window=$(titled "$1" | tail -n 1)
     [ -n "$window" ]
 }
-is_hidden() { ! is_shown "$1"; }
-# focus TITLE: waits for the window, which then gets the keys
-focus() {
-    wait_for 30 is_shown "$1" || fail "no window \"$1\""
-    xdotool windowfocus --sync "$window"
+is_hidden() { [ -z "$(titled "$1")" ]; }
+gets_keys() {
+    is_shown "$1" && xdotool windowfocus "$window" 2>/dev/null && [ "$(xdotool getwindowfocus 2>/dev/null)" = "$window" ]
 }
+# focus TITLE: waits for the window, which then gets the keys
+focus() { wait_for gets_keys "$1" || fail "no window \"$1\" that takes keys"; }
 
 # start_board WIDTH HEIGHT ARGUMENT...: with a page of that size, whose corner is then at $page_left, $page_top
 start_board() {
@@ -62,11 +80,12 @@ start_board() {
 # point X Y: to a pixel of the page
 point() { xdotool mousemove $((page_left + $1)) $((page_top + $2)); }
 
-# Without -noreset the server starts anew, and is deaf for a moment, whenever its last client leaves.
+# Without -noreset the server starts anew, and is deaf for a moment, whenever its last client leaves. Without -r it repeats a
+# key whose release comes two thirds of a second late.
 has_display() { [ -s "$folder/display" ]; }
-Xvfb -displayfd 3 -noreset -screen 0 1400x900x24 -nolisten tcp 3>"$folder/display" 2>"$folder/server.log" &
+Xvfb -displayfd 3 -noreset -r -screen 0 1400x900x24 -nolisten tcp 3>"$folder/display" 2>"$folder/server.log" &
 server_pid=$!
-wait_for 20 has_display || fail "no display: $(cat "$folder/server.log")"
+wait_for has_display || fail "no display: $(cat "$folder/server.log")"
 DISPLAY=:$(cat "$folder/display")
 QT_QPA_PLATFORM=xcb
 LC_ALL=C.UTF-8

@@ -19,31 +19,36 @@ trap 'leave_pages; clean_up' EXIT
 
 # The object that was deleted before it was let go is none of them.
 has_steps() { [ "$(grep -c '"do":' "$folder"/data/inkboard/journals/*.inkboard)" -eq 26 ]; }
-has_file() { [ -s "$folder/$1" ]; }
-keys() {
-    for key in "$@"; do
-        xdotool key "$key"
-        sleep 0.1
-    done
-}
+# has_file NAME: to its last line or chunk
+has_file() { tail -c 20 "$folder/$1" 2>/dev/null | grep -aqE 'IEND|</svg>|%%EOF'; }
+keys() { xdotool key "$@"; }
 # drag FROM_X FROM_Y TO_X TO_Y: with a single move, for the window system may join several to one
 drag() {
     point "$1" "$2"
     xdotool mousedown 1
-    sleep 0.05
     point "$3" "$4"
-    sleep 0.05
     xdotool mouseup 1
-    sleep 0.05
 }
-# in_dialog TITLE TEXT: enters a file name
+# is_refused TITLE: the dialog tells, under its own title, that there is no such file
+is_refused() { [ "$(titled "$1" | wc -l)" -gt 1 ]; }
+is_accepted() { ! is_refused "$1"; }
+# is_answered TITLE: has gone, or refuses
+is_answered() { is_hidden "$1" || is_refused "$1"; }
+# in_dialog TITLE TEXT: enters a file name. The list of completions, which comes when it has read the folder, may take a Return
+# for itself. Text is typed anew only while nothing can be under way that closes the dialog: its letters would be commands.
 in_dialog() {
     focus "$1"
-    sleep 0.2
     xdotool type --delay 5 "$2"
-    for try in 1 2 3 4 5; do # the list of completions may take one for itself
-        xdotool key Return
-        wait_for 4 is_hidden "$1" && break
+    for seconds in 3 6 12 24 48 96; do
+        keys Return
+        wait_at_most $seconds is_answered "$1" || continue
+        is_refused "$1" || break
+        focus "$1"
+        keys Return
+        wait_for is_accepted "$1" || fail "the refusal of \"$1\" stays"
+        focus "$1"
+        keys ctrl+a
+        xdotool type --delay 50 "$2"
     done
     is_hidden "$1" || fail "the dialog \"$1\" stays"
     focus Inkboard
@@ -53,7 +58,7 @@ in_dialog() {
 start_board 1020 700
 keys shift+a
 drag 40 30 420 110
-xdotool type --delay 20 "Our house"
+xdotool type "Our house"
 keys Escape 8 r
 drag 120 320 420 600
 keys Escape
@@ -98,21 +103,21 @@ drag 544 96 800 256
 keys Escape ctrl+z ctrl+y
 drag 600 400 700 500
 keys Delete
-wait_for 30 has_steps || fail "not every step is in the journal: $(cut -c 1-60 "$folder"/data/inkboard/journals/*.inkboard)"
+wait_for has_steps || fail "not every step is in the journal: $(cut -c 1-60 "$folder"/data/inkboard/journals/*.inkboard)"
 
 kill -9 $board_pid
 wait $board_pid 2>/dev/null || true
 start_board 1020 700
 focus "A lesson was not closed"
 keys Return
-wait_for 20 is_hidden "A lesson was not closed" || fail "the question stays"
+wait_for is_hidden "A lesson was not closed" || fail "the question stays"
 focus Inkboard
 keys Prior Prior Prior
 for page in 1 2 3; do
     for kind in png svg pdf; do
         keys ctrl+e
         in_dialog "Export the page" "$folder/page-$page.$kind"
-        wait_for 20 has_file "page-$page.$kind" || fail "no page-$page.$kind"
+        wait_for has_file "page-$page.$kind" || fail "no page-$page.$kind"
     done
     keys Next
 done

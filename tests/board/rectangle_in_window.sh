@@ -38,7 +38,7 @@ drag 410 310 560 360
 # Beside it: the frame now spans (440,140)-(680,580) and the knob lies at (710,360).
 drag 1000 60 1000 60
 xdotool key ctrl+q
-wait_for 20 has_ended || fail "the board did not quit"
+wait_for has_ended || fail "the board did not quit"
 status=0
 wait "$board_pid" || status=$?
 board_pid=

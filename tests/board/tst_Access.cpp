@@ -1,3 +1,4 @@
+#include "Patience.h"
 #include "board/canvas/Canvas.h"
 #include "board/commands/ShortcutDialog.h"
 #include "board/person/NameDialog.h"
@@ -73,7 +74,7 @@ void tst_Access::init()
     m_window = std::make_unique<MainWindow>(QSize(800, 600));
     m_window->show();
     QApplication::setActiveWindow(m_window.get());
-    QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
+    QVERIFY(QTest::qWaitForWindowActive(m_window.get(), kPatience));
 }
 
 void tst_Access::noticesAControlWithoutAName()
@@ -135,7 +136,8 @@ void tst_Access::showsWhereTheFocusIs()
     const QImage bare = m_window->grab().toImage();
     for (int i = 0; i < 20 && (i == 0 || !canvas.hasFocus()); ++i) {
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
-        QTRY_VERIFY2(m_window->grab().toImage() != bare, qPrintable(nameOf(QApplication::focusWidget())));
+        QTRY_VERIFY2_WITH_TIMEOUT(m_window->grab().toImage() != bare, qPrintable(nameOf(QApplication::focusWidget())),
+                                  kPatience);
     }
     QVERIFY(canvas.hasFocus());
     QCOMPARE(corner(), 0xFF2563C9U);
@@ -149,7 +151,7 @@ void tst_Access::opensTheMenuByKey()
 {
     QStringList texts;
     QTimer::singleShot(0, this, [&] {
-        QTRY_VERIFY(QApplication::activePopupWidget());
+        QTRY_VERIFY_WITH_TIMEOUT(QApplication::activePopupWidget(), kPatience);
         for (const QAction *action : QApplication::activePopupWidget()->actions())
             texts.append(action->text());
         QApplication::activePopupWidget()->close();

@@ -3,6 +3,7 @@
 #include "board/window/MainWindow.h"
 
 #include "Paper.h"
+#include "Patience.h"
 #include "board/editors/TextEditor.h"
 #include "lesson/storage/LogReader.h"
 
@@ -77,7 +78,7 @@ void tst_Density::show(double density)
     m_canvas->setInkWidth(4);
     m_canvas->resize(kSize);
     m_canvas->show();
-    QVERIFY(QTest::qWaitForWindowExposed(m_canvas.get()));
+    QVERIFY(QTest::qWaitForWindowExposed(m_canvas.get(), kPatience));
 }
 
 void tst_Density::drag(const QPointF &from, const QPointF &to)
@@ -205,7 +206,7 @@ void tst_Density::growsWithTheWindow()
 {
     m_canvas->resize(501, 333);
     const QSize grown = ratio() == 1 ? QSize(501, 333) : ratio() == 1.5 ? QSize(752, 500) : QSize(1002, 666);
-    QTRY_COMPARE(page().rect().size(), grown);
+    QTRY_COMPARE_WITH_TIMEOUT(page().rect().size(), grown, kPatience);
     QCOMPARE(m_canvas->view().corner(), QPoint(0, 0));
 }
 

@@ -3,6 +3,7 @@
 #include "board/window/MainWindow.h"
 
 #include "CInkGraph.h"
+#include "Patience.h"
 
 #include <QtTest/QtTest>
 #include <QtWidgets/QAction>
@@ -43,7 +44,7 @@ void tst_EveryTool::init()
     m_window = std::make_unique<MainWindow>(QSize(600, 400));
     m_window->setAsksBeforeClosing(false);
     m_window->show();
-    QVERIFY(QTest::qWaitForWindowExposed(m_window.get()));
+    QVERIFY(QTest::qWaitForWindowExposed(m_window.get(), kPatience));
     canvas().setColor(Qt::red);
     canvas().setInkWidth(10);
 }

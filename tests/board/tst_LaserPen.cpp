@@ -1,5 +1,6 @@
 #include "CanvasProbe.h"
 #include "Paper.h"
+#include "Patience.h"
 #include "board/desk/LaserPen.h"
 
 using namespace Board;
@@ -111,7 +112,7 @@ void tst_LaserPen::marksTheScreenAndNotThePage()
     choose("laser");
     mouse(QEvent::MouseButtonPress, {100, 100});
     mouse(QEvent::MouseMove, {200, 100});
-    QCOMPARE(m_canvas->grab().toImage().pixel(200, 100), kInk);
+    QTRY_COMPARE_WITH_TIMEOUT(m_canvas->grab().toImage().pixel(200, 100), kInk, kPatience);
     QCOMPARE(m_canvas->page().surface(), blankPaper({400, 300}));
     QVERIFY(!isBusy());
     mouse(QEvent::MouseButtonRelease, {200, 100});
@@ -127,7 +128,8 @@ void tst_LaserPen::disappears()
     choose("laser");
     drag({100, 100}, {200, 100});
     choose("pencil"); // another tool does not keep it
-    QTRY_COMPARE(m_canvas->grab().toImage().convertToFormat(QImage::Format_RGB32), blankPaper({400, 300}));
+    QTRY_COMPARE_WITH_TIMEOUT(m_canvas->grab().toImage().convertToFormat(QImage::Format_RGB32), blankPaper({400, 300}),
+                              kPatience);
 }
 
 QTEST_MAIN(tst_LaserPen)

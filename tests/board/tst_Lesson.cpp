@@ -1,3 +1,4 @@
+#include "Patience.h"
 #include "board/canvas/Canvas.h"
 #include "board/files/FileCommands.h"
 #include "board/window/MainWindow.h"
@@ -111,7 +112,7 @@ void tst_Lesson::init()
     QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
     m_window = std::make_unique<MainWindow>(QSize(600, 400));
     m_window->show();
-    QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
+    QVERIFY(QTest::qWaitForWindowActive(m_window.get(), kPatience));
 }
 
 void tst_Lesson::undoesAndRedoesByKey()
@@ -212,7 +213,7 @@ void tst_Lesson::showsThePagesInTheStrip()
     QVERIFY(hasLine(60));
     const QImage before = strip().item(0)->icon().pixmap(128, 80).toImage();
     drawLine(200);
-    QTRY_VERIFY(strip().item(0)->icon().pixmap(128, 80).toImage() != before);
+    QTRY_VERIFY_WITH_TIMEOUT(strip().item(0)->icon().pixmap(128, 80).toImage() != before, kPatience);
 }
 
 void tst_Lesson::picturesAPageThatIsLeftAtOnce()

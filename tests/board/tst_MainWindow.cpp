@@ -1,4 +1,5 @@
 #include "Paper.h"
+#include "Patience.h"
 #include "board/canvas/Canvas.h"
 #include "board/commands/Shortcuts.h"
 #include "board/controls/ColorRow.h"
@@ -116,7 +117,7 @@ void tst_MainWindow::init()
     m_window = std::make_unique<MainWindow>(kSize);
     m_window->show();
     QApplication::setActiveWindow(m_window.get());
-    QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
+    QVERIFY(QTest::qWaitForWindowActive(m_window.get(), kPatience));
 }
 
 void tst_MainWindow::cleanup()
@@ -444,7 +445,7 @@ void tst_MainWindow::keepsTheColourWhenTheDialogIsLeft()
 void tst_MainWindow::closesABlankPageByKey()
 {
     key(Qt::Key_Q, Qt::ControlModifier);
-    QTRY_VERIFY(!m_window->isVisible());
+    QTRY_VERIFY_WITH_TIMEOUT(!m_window->isVisible(), kPatience);
 }
 
 void tst_MainWindow::asksBeforeInkIsLost()
@@ -547,7 +548,7 @@ void tst_MainWindow::typesLettersInsteadOfChoosingTools()
     drag(QPoint(100, 100), QPoint(400, 300));
     auto *edit = m_window->findChild<QTextEdit *>();
     QVERIFY(edit);
-    QTRY_VERIFY(edit->hasFocus());
+    QTRY_VERIFY_WITH_TIMEOUT(edit->hasFocus(), kPatience);
     QTest::keyClicks(edit, QStringLiteral("Rope 1"));
     QCOMPARE(edit->toPlainText(), QStringLiteral("Rope 1"));
     QVERIFY(action("text")->isChecked());

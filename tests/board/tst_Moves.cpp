@@ -1,4 +1,5 @@
 #include "CanvasProbe.h"
+#include "Patience.h"
 #include "board/pointers/Moves.h"
 
 #include "PointerEvent.h"
@@ -54,16 +55,16 @@ void tst_Moves::collectsThoseOfAFrame()
 void tst_Moves::neverWaitsLongerThanItsPause()
 {
     Moves moves;
-    moves.setPauses(30, 30);
+    moves.setPauses(500, 500);
     moves.add({{1, 2}});
     moves.take();
     QSignalSpy due(&moves, &Moves::due);
     moves.add({{3, 4}});
     moves.add({{5, 6}});
-    QTRY_COMPARE(due.count(), 1);
+    QTRY_COMPARE_WITH_TIMEOUT(due.count(), 1, kPatience);
     QCOMPARE(moves.take().size(), std::size_t(2));
     moves.take();
-    QTest::qWait(60);
+    QTest::qWait(600);
     QCOMPARE(due.count(), 1); // nothing is left
 }
 
@@ -79,7 +80,7 @@ void tst_Moves::waitsAsLongAsPaintingIsDear()
     moves.painted();
     QSignalSpy due(&moves, &Moves::due);
     moves.add({{1, 2}});
-    QTRY_COMPARE(due.count(), 1);
+    QTRY_COMPARE_WITH_TIMEOUT(due.count(), 1, kPatience);
     QVERIFY(clock.elapsed() >= 100);
 }
 

@@ -6,6 +6,7 @@
 #include "lesson/log/RecordCode.h"
 
 #include "CInkGraph.h"
+#include "Patience.h"
 
 #include <QtCore/QJsonDocument>
 #include <QtCore/QJsonObject>
@@ -62,7 +63,7 @@ private:
     void moveTo(const QPoint &pt)
     {
         mouse(QEvent::MouseMove, pt);
-        QTRY_COMPARE(object()->m_graphData.constLast(), QPointF(pt));
+        QTRY_COMPARE_WITH_TIMEOUT(object()->m_graphData.constLast(), QPointF(pt), kPatience);
     }
 
     const QTemporaryDir m_folder;

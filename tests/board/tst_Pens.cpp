@@ -1,4 +1,5 @@
 #include "Paper.h"
+#include "Patience.h"
 #include "board/canvas/Canvas.h"
 
 #include <QtGui/QMouseEvent>
@@ -71,7 +72,7 @@ void tst_Pens::init()
     m_canvas->setInkWidth(10);
     m_canvas->resize(kSize);
     m_canvas->show();
-    QVERIFY(QTest::qWaitForWindowExposed(m_canvas.get()));
+    QVERIFY(QTest::qWaitForWindowExposed(m_canvas.get(), kPatience));
 }
 
 void tst_Pens::eachPen()
@@ -163,11 +164,12 @@ void tst_Pens::leavesNothingOfAFlatBrushBehind()
     press({200, 100});
     for (int x = 210; x <= 300; x += 10)
         move({x, 110});
-    move({100, 110});                                                   // moves the corner by 100
-    QTRY_COMPARE(object()->m_graphData.constLast(), QPointF(100, 110)); // it is told a little later
+    move({100, 110}); // moves the corner by 100
+    QTRY_COMPARE_WITH_TIMEOUT(object()->m_graphData.constLast(), QPointF(100, 110),
+                              kPatience); // it is told a little later
     const QImage shown = page().surface().copy();
     m_canvas->resize(kSize + QSize(1, 0)); // paints all anew
-    QTRY_COMPARE(page().rect().width(), 401);
+    QTRY_COMPARE_WITH_TIMEOUT(page().rect().width(), 401, kPatience);
     QCOMPARE(page().surface().copy(QRect(QPoint(), kSize)), shown);
     release({100, 110});
 }
@@ -177,7 +179,7 @@ void tst_Pens::spraysWhileThePointerIsHeld()
     choose(QStringLiteral("spray-gun"));
     press({200, 150});
     const QRect disc(170, 120, 61, 61);
-    QTRY_VERIFY(coloredPixels(page().surface(), disc) > 100);
+    QTRY_VERIFY_WITH_TIMEOUT(coloredPixels(page().surface(), disc) > 100, kPatience);
     QCOMPARE(page().picture(), blankPaper(kSize));
     release({200, 150});
     QVERIFY(!isBusy());
@@ -278,7 +280,7 @@ void tst_Pens::erasesOnAPageThatHasGrown()
     stroke({200, 60}, {200, 140});
     const QImage picture = page().picture().copy();
     m_canvas->resize(600, 500);
-    QTRY_COMPARE(page().rect(), QRect(0, 0, 600, 500));
+    QTRY_COMPARE_WITH_TIMEOUT(page().rect(), QRect(0, 0, 600, 500), kPatience);
     QCOMPARE(page().picture().copy(0, 0, 400, 300), picture);
     QCOMPARE(page().ink().pixel(200, 100), 0u);
 }

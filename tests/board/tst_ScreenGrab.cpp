@@ -1,3 +1,4 @@
+#include "Patience.h"
 #include "board/canvas/Canvas.h"
 #include "board/window/MainWindow.h"
 
@@ -32,15 +33,15 @@ void tst_ScreenGrab::takesTheScreenWithoutTheBoardAsPaper()
     halves.setBrush(QPalette::Window, QBrush(picture));
     desktop.setPalette(halves);
     desktop.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&desktop));
+    QVERIFY(QTest::qWaitForWindowExposed(&desktop, kPatience));
 
     MainWindow board(QSize(600, 400));
     board.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&board));
+    QVERIFY(QTest::qWaitForWindowExposed(&board, kPatience));
     const InkLesson::Page &page = board.canvas().page();
     board.findChild<QAction *>(QStringLiteral("screen-paper"))->trigger();
     QVERIFY(!board.isVisible());
-    QTRY_VERIFY(board.isVisible());
+    QTRY_VERIFY_WITH_TIMEOUT(board.isVisible(), kPatience);
     QCOMPARE(page.paper().kind, InkLesson::Paper::Kind::Picture);
     const int width = page.paper().picture.width();
     const int middle = page.paper().picture.height() / 2;

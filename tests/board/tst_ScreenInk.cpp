@@ -1,3 +1,4 @@
+#include "Patience.h"
 #include "board/canvas/Canvas.h"
 #include "board/screen/ScreenInk.h"
 #include "board/window/MainWindow.h"
@@ -76,7 +77,7 @@ void tst_ScreenInk::cleanup()
 void tst_ScreenInk::start(ScreenInk::Backdrop backdrop)
 {
     m_ink = std::make_unique<ScreenInk>(*QGuiApplication::primaryScreen(), backdrop);
-    QTRY_VERIFY(m_ink->canvas().isVisible() && m_ink->bar().isVisible());
+    QTRY_VERIFY_WITH_TIMEOUT(m_ink->canvas().isVisible() && m_ink->bar().isVisible(), kPatience);
 }
 
 // Something as large as the screen below.
@@ -176,7 +177,7 @@ void tst_ScreenInk::showsAGrabWhereNothingIsComposed()
     QVERIFY(m_ink->bar().isVisible());
     desktop->setPalette(QColor(Qt::blue));
     trigger("pencil");
-    QTRY_VERIFY(m_ink->canvas().isVisible());
+    QTRY_VERIFY_WITH_TIMEOUT(m_ink->canvas().isVisible(), kPatience);
     QCOMPARE(shown(150, 250), kBlue);
     QCOMPARE(shown(120, 300), kInk);
 }
@@ -208,15 +209,15 @@ void tst_ScreenInk::bringsTheBoardBack()
 {
     MainWindow board(QSize(300, 200));
     board.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&board));
+    QVERIFY(QTest::qWaitForWindowExposed(&board, kPatience));
     board.findChild<QAction *>(QStringLiteral("screen-ink"))->trigger();
     QVERIFY(!board.isVisible());
     auto *ink = board.findChild<ScreenInk *>();
     QVERIFY(ink);
-    QTRY_VERIFY(ink->canvas().isVisible());
+    QTRY_VERIFY_WITH_TIMEOUT(ink->canvas().isVisible(), kPatience);
     QVERIFY(!ink->canvas().close()); // neither window ends the program
     QVERIFY(board.isVisible());
-    QTRY_VERIFY(!board.findChild<ScreenInk *>());
+    QTRY_VERIFY_WITH_TIMEOUT(!board.findChild<ScreenInk *>(), kPatience);
     QVERIFY(board.document().isSaved()); // nothing has come onto the board's page
 }
 

@@ -1,5 +1,6 @@
 #include "CanvasProbe.h"
 #include "Paper.h"
+#include "Patience.h"
 
 using namespace Board;
 
@@ -261,7 +262,7 @@ void tst_Selection::keepsTheMoveWhenThePageGrows()
     drag({100, 110}, {100, 210});
     m_canvas->finish();
     m_canvas->resize(500, 400);
-    QTRY_COMPARE(m_canvas->page().rect(), QRect(0, 0, 500, 400));
+    QTRY_COMPARE_WITH_TIMEOUT(m_canvas->page().rect(), QRect(0, 0, 500, 400), kPatience);
     QCOMPARE(picture().copy(0, 0, 400, 300), lineAt(200));
 }
 

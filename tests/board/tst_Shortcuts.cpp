@@ -1,3 +1,4 @@
+#include "Patience.h"
 #include "board/commands/CommandGroup.h"
 #include "board/commands/ShortcutDialog.h"
 #include "board/commands/Shortcuts.h"
@@ -101,7 +102,7 @@ void tst_Shortcuts::edit(const char *name)
 {
     m_dialog = std::make_unique<ShortcutDialog>(*m_window);
     m_dialog->show();
-    QVERIFY(QTest::qWaitForWindowExposed(m_dialog.get()));
+    QVERIFY(QTest::qWaitForWindowExposed(m_dialog.get(), kPatience));
     m_dialog->findChild<QTreeWidget *>()->setCurrentItem(row(command(name).text()));
 }
 
@@ -131,7 +132,7 @@ void tst_Shortcuts::keepsChosenKeysForTheNextWindow()
     QCOMPARE(standardKeys(command("line")).toString(), QStringLiteral("L"));
     m_window->show();
     QApplication::setActiveWindow(m_window.get());
-    QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
+    QVERIFY(QTest::qWaitForWindowActive(m_window.get(), kPatience));
     QTest::keyClick(m_window.get(), Qt::Key_L);
     QVERIFY(!command("line").isChecked());
     QTest::keyClick(m_window.get(), Qt::Key_L, Qt::AltModifier);
@@ -264,7 +265,7 @@ void tst_Shortcuts::takesKeysThatAreTyped()
     auto *edit = m_dialog->findChild<QKeySequenceEdit *>();
     edit->setFocus();
     QTest::keyClick(edit, Qt::Key_F12, Qt::ControlModifier);
-    QTRY_COMPARE(keys("line"), QStringLiteral("Ctrl+F12"));
+    QTRY_COMPARE_WITH_TIMEOUT(keys("line"), QStringLiteral("Ctrl+F12"), kPatience);
     QCOMPARE(row(QStringLiteral("Line"))->text(1), QStringLiteral("Ctrl+F12"));
     QCOMPARE(problem(), QString());
 }
@@ -346,12 +347,12 @@ void tst_Shortcuts::searches()
     QVERIFY(row(QStringLiteral("Undo"))->isHidden());
     QVERIFY(!row(QStringLiteral("Redo"))->isHidden());
     const auto *fading = search->findChild<QAbstractButton *>();
-    QTRY_COMPARE(fading->property("opacity").toReal(), 1.0);
+    QTRY_COMPARE_WITH_TIMEOUT(fading->property("opacity").toReal(), 1.0, kPatience);
     search->clear();
     QVERIFY(!row(QStringLiteral("Line"))->isHidden());
     QVERIFY(!row(QStringLiteral("Line"))->parent()->isHidden());
     // Qt leaks what fades the field's button unless that has come to its end.
-    QTRY_COMPARE(fading->property("opacity").toReal(), 0.0);
+    QTRY_COMPARE_WITH_TIMEOUT(fading->property("opacity").toReal(), 0.0, kPatience);
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
 

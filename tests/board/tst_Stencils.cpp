@@ -1,4 +1,5 @@
 #include "Paper.h"
+#include "Patience.h"
 #include "board/canvas/Canvas.h"
 
 #include <QtGui/QMouseEvent>
@@ -72,7 +73,7 @@ void tst_Stencils::init()
     m_canvas->setInkWidth(3);
     m_canvas->resize(kSize);
     m_canvas->show();
-    QVERIFY(QTest::qWaitForWindowExposed(m_canvas.get()));
+    QVERIFY(QTest::qWaitForWindowExposed(m_canvas.get(), kPatience));
 }
 
 void tst_Stencils::eachStencil()

@@ -1,3 +1,4 @@
+#include "Patience.h"
 #include "board/canvas/Canvas.h"
 #include "board/rail/ToolRail.h"
 #include "board/tools/Tools.h"
@@ -54,7 +55,7 @@ void tst_ToolRail::init()
     m_window = std::make_unique<MainWindow>(QSize(800, 700));
     m_window->show();
     QApplication::setActiveWindow(m_window.get());
-    QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
+    QVERIFY(QTest::qWaitForWindowActive(m_window.get(), kPatience));
 }
 
 void tst_ToolRail::cleanup()

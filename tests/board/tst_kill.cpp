@@ -1,4 +1,5 @@
 #include "PageProbe.h"
+#include "Patience.h"
 #include "board/document/Document.h"
 
 #include <QtCore/QProcess>
@@ -28,10 +29,10 @@ void tst_kill::losesNoCommittedObject()
         const QTemporaryDir folder;
         QProcess writer;
         writer.start(QStringLiteral(JOURNAL_WRITER), {folder.path()});
-        QVERIFY(writer.waitForReadyRead(20000)); // it draws
+        QVERIFY(writer.waitForReadyRead(kPatience)); // it draws
         QThread::usleep(random.bounded(20000));
         writer.kill();
-        QVERIFY(writer.waitForFinished(20000));
+        QVERIFY(writer.waitForFinished(kPatience));
         const QByteArray printed = writer.readAllStandardOutput();
         const int done = int(printed.count('\n'));
         QVERIFY(done > 0);

@@ -1,6 +1,7 @@
 // The example's page, drawn on with the mouse as a reader of the example would.
 
 #include "Host.h"
+#include "Patience.h"
 
 #include <QtGui/QWindow>
 #include <QtTest/QtTest>
@@ -14,7 +15,7 @@ private slots:
     {
         m_host = std::make_unique<Host>();
         m_host->show();
-        QVERIFY(QTest::qWaitForWindowExposed(m_host.get()));
+        QVERIFY(QTest::qWaitForWindowExposed(m_host.get(), kPatience));
     }
 
     void freshPageIsWhite()

@@ -1,6 +1,8 @@
 // The lesson in Qt Quick as it is started, driven as a person would: its own main() runs, and these cases in its event
 // loop.
 
+#include "Patience.h"
+
 #include <QtGui/QScreen>
 #include <QtQuick/QQuickItem>
 #include <QtQuick/QQuickWindow>
@@ -16,7 +18,7 @@ private slots:
         QCOMPARE(QGuiApplication::topLevelWindows().size(), 1);
         m_window = qobject_cast<QQuickWindow *>(QGuiApplication::topLevelWindows().constFirst());
         QVERIFY(m_window);
-        QVERIFY(QTest::qWaitForWindowExposed(m_window));
+        QVERIFY(QTest::qWaitForWindowExposed(m_window, kPatience));
     }
 
     void showsABarAboveTheWhitePage()
@@ -84,7 +86,7 @@ private:
     {
         QSignalSpy drawn(m_window, &QQuickWindow::frameSwapped);
         m_window->update();
-        drawn.wait();
+        drawn.wait(kPatience);
         return m_window->screen()->grabWindow(m_window->winId()).toImage();
     }
 

@@ -1,5 +1,7 @@
 // The whiteboard as it is started, driven as a person would: its own main() runs, and these cases in its event loop.
 
+#include "Patience.h"
+
 #include <QtTest/QtTest>
 #include <QtWidgets/QtWidgets>
 
@@ -15,7 +17,7 @@ private slots:
                 m_window = window;
         }
         QVERIFY(m_window);
-        QVERIFY(QTest::qWaitForWindowExposed(m_window));
+        QVERIFY(QTest::qWaitForWindowExposed(m_window, kPatience));
     }
 
     void offersEveryToolThatDrawsToday()
@@ -69,7 +71,7 @@ private slots:
         QTest::mousePress(canvas(), Qt::LeftButton, Qt::NoModifier, {500, 140});
         const int before = inked({480, 120, 40, 40});
         QVERIFY(before > 0);
-        QTRY_VERIFY(inked({480, 120, 40, 40}) > 2 * before); // while the mouse rests
+        QTRY_VERIFY_WITH_TIMEOUT(inked({480, 120, 40, 40}) > 2 * before, kPatience); // while the mouse rests
         QTest::mouseRelease(canvas(), Qt::LeftButton, Qt::NoModifier, {500, 140});
         trigger("Undo");
         QCOMPARE(inked({480, 120, 40, 40}), 0);

@@ -9,6 +9,7 @@
 #include "CInkPolygon.h"
 #include "CInkRectangle.h"
 #include "CInkText.h"
+#include "Patience.h"
 
 #include <QtGui/QWindow>
 #include <QtTest/QtTest>
@@ -96,7 +97,7 @@ private:
     {
         m_pad = std::make_unique<Guide::Pad>(kPage, tool);
         m_pad->show();
-        QVERIFY(QTest::qWaitForWindowExposed(m_pad.get()));
+        QVERIFY(QTest::qWaitForWindowExposed(m_pad.get(), kPatience));
     }
 
     // As the window system tells of it, so that Qt makes double clicks of what is quick enough.
@@ -185,7 +186,7 @@ void tst_guide_widgets::plainWindowIsSentThePressAndTheDoubleClick()
     Heard window;
     window.resize(100, 100);
     window.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&window));
+    QVERIFY(QTest::qWaitForWindowExposed(&window, kPatience));
     for (const int time : {300000, 300080}) {
         send(&window, QEvent::MouseButtonPress, {50, 50}, time);
         send(&window, QEvent::MouseButtonRelease, {50, 50}, time + 20);
