@@ -138,15 +138,16 @@ void Page::put(std::shared_ptr<Item> item, std::size_t place, bool isPainted)
         m_change = isPainted ? Change::Painted : Change::Append;
 }
 
-void Page::remove(const ObjectId &id)
+std::shared_ptr<Item> Page::remove(const ObjectId &id)
 {
-    const std::size_t index = indexOf(id);
-    if (index == m_items.size())
-        return;
-    touch(m_items[index]->reach);
-    count(*m_items[index], -1);
-    m_byName.erase(id);
-    m_items.erase(m_items.begin() + std::ptrdiff_t(index));
+    if (m_byName.erase(id) == 0)
+        return nullptr;
+    const auto at = m_items.begin() + std::ptrdiff_t(indexOf(id));
+    std::shared_ptr<Item> item = std::move(*at);
+    m_items.erase(at);
+    touch(item->reach);
+    count(*item, -1);
+    return item;
 }
 
 void Page::reorder(const std::vector<ObjectId> &order, const std::vector<ObjectId> &moved)
@@ -172,19 +173,24 @@ void Page::setPaper(const Paper &paper)
 
 bool Page::grow(const QSize &size)
 {
-    const QSize grown = size.expandedTo(rect().size());
-    if (grown == rect().size())
+    return resize(size.expandedTo(rect().size()));
+}
+
+bool Page::resize(const QSize &size)
+{
+    if (size == rect().size())
         return true;
     if (isPainted()) {
-        PageLayers layers(grown);
+        PageLayers layers(size);
         if (layers.isNull())
             return false; // a smaller page is better than none
         *m_layers = std::move(layers);
     }
-    m_rect = QRect(QPoint(), grown);
+    m_rect = QRect(QPoint(), size);
     if (isPainted())
         layPaper();
-    touch(rect()); // objects reach farther now
+    m_changed.clear();
+    touch(rect()); // objects reach farther, or less far
     return true;
 }
 

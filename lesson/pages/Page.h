@@ -68,7 +68,7 @@ public:
 
     // Puts an object at a place in the order, or in the stead of the one that has its name.
     void put(std::shared_ptr<Item> item, std::size_t place, bool isPainted = false);
-    void remove(const ObjectId &id);
+    std::shared_ptr<Item> remove(const ObjectId &id); // null where there is none
 
     // Gives the objects the order of their names in `order`, which may hold others as well. `moved` are those that may
     // have come to lie above or below others.
@@ -78,6 +78,7 @@ public:
 
     // Makes the page at least as large as `size`. False where there is not enough memory.
     bool grow(const QSize &size);
+    bool resize(const QSize &size);
 
     // Paints a committed object on top of all others, ahead of its put(). Tells whether it leaves a mark.
     bool paintOnTop(CInkGraph &object, const QRect &asked, const Tool *tool);
