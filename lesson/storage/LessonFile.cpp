@@ -17,6 +17,35 @@ QString translated(const char *text)
     return QCoreApplication::translate("InkLesson::LessonFile", text);
 }
 
+// Does what a line of a journal tells. Returns what is wrong with it.
+QString repeat(const LogReader::Line &line, const LogReader &reader, Lesson &lesson)
+{
+    using Kind = Lesson::LogChange::Kind;
+    switch (line.kind) {
+    case Kind::Added:
+        return lesson.apply(line.record);
+    case Kind::CameBefore: {
+        const QByteArray code = toCbor(line.record);
+        for (const Lesson::Refusal &refusal : lesson.settle({code})) {
+            if (refusal.id == line.record.id)
+                return refusal.problem;
+        }
+        return {};
+    }
+    case Kind::Settled:
+        return lesson.settleFirst(line.count)
+                   ? QString()
+                   : translated(QT_TRANSLATE_NOOP("InkLesson::LessonFile", "there are fewer steps"));
+    case Kind::SetBack:
+        lesson.setBack(line.count, [&](int author) { return reader.isMine(author); });
+        return {};
+    case Kind::Dropped:
+        lesson.drop(line.record.id);
+        return {};
+    }
+    return {};
+}
+
 } // namespace
 
 QString saveLesson(const Lesson &lesson, const QString &fileName)
@@ -57,10 +86,10 @@ std::unique_ptr<Lesson> openLesson(const QString &fileName, QString &problem)
     }
     auto lesson = std::make_unique<Lesson>(header);
     const Lesson::Batch batch(*lesson);
-    Record record;
+    LogReader::Line line;
     QString refusal;
-    while (refusal.isEmpty() && reader.read(*lesson, record))
-        refusal = lesson->apply(record);
+    while (refusal.isEmpty() && reader.readLine(*lesson, line))
+        refusal = repeat(line, reader, *lesson);
     problem = named(refusal.isEmpty() ? reader.error() : reader.named(refusal));
     return lesson;
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "sharing/door/DoorOutlet.h"
 #include "sharing/engine/Engine.h"
 
 #include <map>
@@ -7,28 +8,6 @@
 namespace InkSharing {
 
 class DoorLesson;
-
-// What a door needs of those who carry its connections. None of these calls comes back into the door.
-class DoorWires
-{
-public:
-    virtual ~DoorWires();
-    virtual void send(int connection, const QByteArray &message) = 0; // one binary message
-    virtual void close(int connection) = 0;                           // once all that was sent is written
-    virtual qint64 unsent(int connection) const = 0;                  // bytes that are not written yet
-};
-
-// What a door has done since it began, for those who watch over it.
-struct DoorCounts
-{
-    quint64 records{}; // put into streams
-    quint64 bytesIn{}; // of messages
-    quint64 bytesOut{};
-    quint64 refusals{};      // of records
-    quint64 wrongMessages{}; // that nobody could read; their connections were closed
-    quint64 liveDropped{};   // for readers that were too slow
-    quint64 lostStreams{};
-};
 
 // The only one that boards speak to: knows who each connection is, refuses what cannot count, puts the rest into the
 // lessons' streams, and hands streams and live acts to everybody. Holds no truth of its own.
@@ -55,19 +34,30 @@ public:
     // is under way any more.
     bool drain();
 
-    const DoorCounts &counts() const { return m_counts; }
+    const DoorCounts &counts() const { return m_outlet.counts(); }
     int connections() const { return int(m_connections.size()); }
     int lessons() const { return int(m_lessons.size()); }
 
 private:
-    struct Connection;
+    struct Connection
+    {
+        DoorLesson *lesson{}; // null before the first hello
+        QString name{};       // of the lesson
+        qint64 heard{};       // when it told something last
+    };
+
+    void greet(int id, Connection &connection, const Hello &hello);
+    void turnAway(int id, Connection &connection, Reason reason);
+    void forgetLessons(qint64 now);
 
     Engine &m_engine;
-    DoorWires &m_wires;
     const Clock m_clock;
-    DoorCounts m_counts;
-    std::map<int, std::unique_ptr<Connection>> m_connections;
+    DoorOutlet m_outlet;
+    std::map<int, Connection> m_connections;
     std::map<QString, std::unique_ptr<DoorLesson>> m_lessons;
+    std::map<QString, qint64> m_used; // when somebody was in a lesson last
+    qint64 m_told{};                  // when all were told last that this door is alive
+    bool m_isDraining{};
 };
 
 } // namespace InkSharing

@@ -13,7 +13,7 @@ namespace InkSharing {
 enum class Appended { Stored, Unknown };
 
 // Hears one stream. Every call comes from the event loop of the one who listens, never from inside a call to the
-// engine, and none after the stream was let go.
+// engine, and none after the stream was let go, which may be done from inside of each of these.
 class StreamListener
 {
 public:

@@ -6,6 +6,10 @@
 
 #include "lesson/log/RecordCode.h"
 #include "lesson/log/RecordReader.h"
+#include "lesson/storage/Journal.h"
+#include "lesson/storage/LessonFile.h"
+
+#include <QtCore/QTemporaryDir>
 
 #include <gtest/gtest.h>
 
@@ -72,7 +76,10 @@ struct Board
         , author(lesson, me, [this] { return ++time; })
         , acts(random, lesson)
     {
-        lesson.logChanged = [this](const Lesson::LogChange &change) { changes.push_back(change); };
+        QString problem;
+        EXPECT_TRUE(journal.keep(folder.path(), QStringLiteral("journal"), problem)) << problem.toStdString();
+        EXPECT_TRUE(journal.share(lesson, {}, {{me}, QStringLiteral("address"), "token"}));
+        lesson.logChanged = [this](const Lesson::LogChange &change) { journal.note(change); };
         look();
     }
 
@@ -88,36 +95,13 @@ struct Board
     Lesson lesson;
     Author author;
     RandomActs acts;
-    std::vector<Lesson::LogChange> changes;
+    const QTemporaryDir folder;
+    Journal journal;
 };
-
-void repeat(const Lesson::LogChange &change, Lesson &copy, int me)
-{
-    using Kind = Lesson::LogChange::Kind;
-    Record record;
-    RecordReader reader;
-    switch (change.kind) {
-    case Kind::Added:
-        ASSERT_TRUE(reader.readCbor(change.code, record));
-        copy.apply(record);
-        break;
-    case Kind::Settled:
-        ASSERT_TRUE(copy.settleFirst(change.count));
-        break;
-    case Kind::CameBefore:
-        copy.settle({change.code});
-        break;
-    case Kind::SetBack:
-        copy.setBack(change.count, [=](int author) { return author == me; });
-        break;
-    case Kind::Dropped:
-        copy.drop(change.record);
-    }
-}
 
 } // namespace
 
-TEST(SharedLesson, isTheReplayOfItsLogWhateverSettlesAndIsTakenBack)
+TEST(SharedLesson, isTheReplayOfItsLogAndOpensFromItsJournal)
 {
     const unsigned first = caseCount("INK_LESSON_SEED", 1);
     for (unsigned seed = first; seed < first + caseCount("INK_LESSON_CASES", 30); ++seed) {
@@ -172,12 +156,13 @@ TEST(SharedLesson, isTheReplayOfItsLogWhateverSettlesAndIsTakenBack)
         }
         for (Board *board : boards) {
             board->author.finish();
-            Lesson copy(board->lesson.header());
-            for (const Lesson::LogChange &change : board->changes)
-                repeat(change, copy, board->author.number());
-            EXPECT_EQ(copy.log(), board->lesson.log());
-            EXPECT_EQ(copy.settled(), board->lesson.settled());
-            ASSERT_TRUE(samePages(board->lesson, copy)) << "as it was told";
+            ASSERT_TRUE(board->journal.follow(board->lesson, {}));
+            QString problem;
+            const auto opened = openLesson(board->journal.fileName(), problem);
+            ASSERT_EQ(problem, QString());
+            EXPECT_EQ(opened->log(), board->lesson.log());
+            EXPECT_EQ(opened->settled(), board->lesson.settled());
+            ASSERT_TRUE(samePages(*opened, board->lesson)) << "from its journal";
         }
     }
 }
