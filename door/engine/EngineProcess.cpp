@@ -66,6 +66,7 @@ bool writeSecret(const QString &path, const QByteArray &text)
 
 void EngineProcess::Process::setupChildProcess()
 {
+    m_lock->keepInChild();
     ::prctl(PR_SET_PDEATHSIG, SIGTERM);
     if (::getppid() != m_parent) // which has ended before it was asked
         ::_exit(EXIT_FAILURE);

@@ -46,10 +46,17 @@ private:
     // Tells the engine to end when this process does.
     class Process : public QProcess
     {
+    public:
+        explicit Process(const std::unique_ptr<FolderLock> &lock)
+            : m_lock(lock)
+        {
+        }
+
     protected:
         void setupChildProcess() override;
 
     private:
+        const std::unique_ptr<FolderLock> &m_lock;
         const qint64 m_parent{QCoreApplication::applicationPid()};
     };
 
@@ -66,7 +73,7 @@ private:
     QString m_program;
     const QByteArray m_password;
     std::unique_ptr<FolderLock> m_lock;
-    Process m_process;
+    Process m_process{m_lock};
     QTimer m_retry;   // for the folder, and for the next launch
     QTimer m_looking; // for the port that it announces
     QElapsedTimer m_since;

@@ -9,9 +9,8 @@
 namespace InkDoor {
 
 FolderLock::FolderLock(const QString &folder)
-    // Not closed in children, which hold it that way.
-    : m_handle{::open(QFile::encodeName(folder + QStringLiteral("/lock")).constData(), O_RDWR | O_CREAT | O_NOFOLLOW,
-                      S_IRUSR | S_IWUSR)}
+    : m_handle{::open(QFile::encodeName(folder + QStringLiteral("/lock")).constData(),
+                      O_RDWR | O_CREAT | O_NOFOLLOW | O_CLOEXEC, S_IRUSR | S_IWUSR)}
 {
 }
 
@@ -24,6 +23,11 @@ FolderLock::~FolderLock()
 bool FolderLock::take()
 {
     return m_handle >= 0 && ::flock(m_handle, LOCK_EX | LOCK_NB) == 0;
+}
+
+void FolderLock::keepInChild() const
+{
+    ::fcntl(m_handle, F_SETFD, 0);
 }
 
 } // namespace InkDoor

@@ -4,8 +4,8 @@
 
 namespace InkDoor {
 
-// Holds a folder for one engine. Children that are started meanwhile hold it too, until the last of them has ended: a
-// new engine does not touch the store of one that outlives its door for a moment.
+// Holds a folder for one engine. The engine itself holds it too, until it has ended: a new one does not touch the store
+// of one that outlives its door for a moment.
 class FolderLock
 {
 public:
@@ -15,6 +15,9 @@ public:
     FolderLock &operator=(const FolderLock &) = delete;
 
     bool take(); // false while another holds it
+
+    // In a child that is about to become the engine.
+    void keepInChild() const;
 
 private:
     int m_handle{-1};

@@ -4,6 +4,7 @@
 #include <QtCore/QDir>
 #include <QtCore/QElapsedTimer>
 #include <QtCore/QEventLoop>
+#include <QtCore/QTimer>
 #include <QtCore/QtEndian>
 
 #include <gtest/gtest.h>
@@ -16,6 +17,8 @@ bool runUntil(const std::function<bool()> &isSo, int milliseconds)
 {
     QElapsedTimer clock;
     clock.start();
+    QTimer look; // also where nothing happens
+    look.start(10);
     while (!isSo() && clock.elapsed() < milliseconds)
         QCoreApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents);
     return isSo();
