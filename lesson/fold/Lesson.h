@@ -84,8 +84,8 @@ public:
     std::size_t settled() const { return m_settled; }
 
     // The next records, encoded, of the order that everybody has: those that are pending here settle, others come in
-    // before all that are pending.
-    Refusals settle(const std::vector<QByteArray> &codes);
+    // before all that are pending. For each of them settled() after it is put into `places`.
+    Refusals settle(const std::vector<QByteArray> &codes, std::vector<std::size_t> *places = nullptr);
 
     // The same for so many of those that are pending. False where there are fewer.
     bool settleFirst(std::size_t count);
@@ -121,6 +121,7 @@ public:
 
     // Every record that was applied, encoded, in their order.
     const std::vector<QByteArray> &log() const { return m_log; }
+    const std::vector<StepId> &ids() const { return m_ids; } // their names
 
     int pageCount() const { return int(m_order.size()); }
     PageId pageId(int index) const { return m_order[std::size_t(index)]; }

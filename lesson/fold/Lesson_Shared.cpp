@@ -214,7 +214,7 @@ void Lesson::putBackAll(std::deque<Shelved> &pending, Refusals &refusals)
     }
 }
 
-Lesson::Refusals Lesson::settle(const std::vector<QByteArray> &codes)
+Lesson::Refusals Lesson::settle(const std::vector<QByteArray> &codes, std::vector<std::size_t> *places)
 {
     const Rearranging rearranging(*this);
     Refusals refusals;
@@ -222,16 +222,18 @@ Lesson::Refusals Lesson::settle(const std::vector<QByteArray> &codes)
     for (const QByteArray &code : codes) {
         if (pending.empty() && m_settled < m_log.size() && m_log[m_settled] == code) {
             settleFirst(1);
-            continue;
+        } else {
+            if (pending.empty())
+                pending = takeBackTo(m_settled);
+            StepId id;
+            const QString problem = settleOne(code, pending, id);
+            if (!problem.isEmpty()) {
+                leaveOut(id.author, id.number);
+                refusals.push_back({id, problem});
+            }
         }
-        if (pending.empty())
-            pending = takeBackTo(m_settled);
-        StepId id;
-        const QString problem = settleOne(code, pending, id);
-        if (problem.isEmpty())
-            continue;
-        leaveOut(id.author, id.number);
-        refusals.push_back({id, problem});
+        if (places)
+            places->push_back(m_settled);
     }
     putBackAll(pending, refusals);
     return refusals;

@@ -75,13 +75,18 @@ std::unique_ptr<Lesson> openLesson(const QString &fileName, QString &problem)
                       .arg(fileName, file.errorString());
         return nullptr;
     }
-    const auto named = [&](const QString &what) {
-        return what.isEmpty() ? QString() : QStringLiteral("%1: %2").arg(fileName, what);
-    };
-    LogReader reader(file);
+    auto lesson = openLesson(file, problem);
+    if (!problem.isEmpty())
+        problem = QStringLiteral("%1: %2").arg(fileName, problem);
+    return lesson;
+}
+
+std::unique_ptr<Lesson> openLesson(QIODevice &device, QString &problem)
+{
+    LogReader reader(device);
     Header header;
     if (!reader.readHeader(header)) {
-        problem = named(reader.error());
+        problem = reader.error();
         return nullptr;
     }
     auto lesson = std::make_unique<Lesson>(header);
@@ -90,7 +95,7 @@ std::unique_ptr<Lesson> openLesson(const QString &fileName, QString &problem)
     QString refusal;
     while (refusal.isEmpty() && reader.readLine(*lesson, line))
         refusal = repeat(line, reader, *lesson);
-    problem = named(refusal.isEmpty() ? reader.error() : reader.named(refusal));
+    problem = refusal.isEmpty() ? reader.error() : reader.named(refusal);
     return lesson;
 }
 

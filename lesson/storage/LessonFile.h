@@ -7,6 +7,8 @@
 
 #include <memory>
 
+class QIODevice;
+
 namespace InkLesson {
 
 // Writes a lesson, whole or not at all: a file of that name stays as it was when the writing fails, and what is written
@@ -16,5 +18,8 @@ INKLESSON_EXPORT QString saveLesson(const Lesson &lesson, const QString &fileNam
 // Reads a lesson up to the first line that is wrong or was cut off; `problem` then names file and line. Null where none
 // of it can be read. The file is not touched.
 INKLESSON_EXPORT std::unique_ptr<Lesson> openLesson(const QString &fileName, QString &problem);
+
+// The same from a device that is open; `problem` names the line alone.
+INKLESSON_EXPORT std::unique_ptr<Lesson> openLesson(QIODevice &device, QString &problem);
 
 } // namespace InkLesson
