@@ -58,6 +58,7 @@ private:
     void takeOfInbox(const NatsMessage &message);
     void takeDelivered(const NatsMessage &message);
     void takeLive(const NatsMessage &message);
+    QByteArray appendName() { return m_name + '-' + QByteArray::number(++m_lastAppend); }
     QByteArray deliveryName(quint64 stream, quint64 turn) const;
     QByteArray deliverySubject(quint64 stream, quint64 turn) const;
     JetStreamStream *find(quint64 stream) const;
@@ -72,6 +73,7 @@ private:
     std::set<quint64> m_touched;                         // streams with entries that have to be told
     quint64 m_lastStream{};
     quint64 m_lastQuestion{};
+    quint64 m_lastAppend{};
     QElapsedTimer m_clock;
     QTimer m_ticks;
     QTimer m_soon; // for answers that are none, which nobody hears from inside a call

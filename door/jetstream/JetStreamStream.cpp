@@ -37,13 +37,15 @@ qint64 JetStreamStream::now() const
     return m_engine.m_clock.elapsed();
 }
 
-void JetStreamStream::append(const QByteArray &bytes, const QByteArray &id, std::function<void(Appended)> done)
+// Each append has a name of its own, which the engine stores once, whatever the way there doubles. The one that is
+// given would not do: a record that is sent again, since one before it was lost, has to come into the stream once more.
+void JetStreamStream::append(const QByteArray &bytes, const QByteArray & /*id*/, std::function<void(Appended)> done)
 {
     NatsMessage message;
     if (bytes.size() <= Engine::kMostEntryBytes) // otherwise it cannot be sent
         message.subject = logSubject(m_lesson);
     message.data = bytes;
-    message.headers = {{"Nats-Msg-Id", id.toHex()}, {"Nats-Expected-Stream", streamName(m_lesson)}};
+    message.headers = {{"Nats-Msg-Id", m_engine.appendName()}, {"Nats-Expected-Stream", streamName(m_lesson)}};
     m_engine.ask(m_number, std::move(message), [done = std::move(done)](const NatsMessage *answer) {
         done(answer && readAnswer(*answer).isDone ? Appended::Stored : Appended::Unknown);
     });

@@ -190,6 +190,17 @@ TEST_F(JetStream, oneThatIsRemovedWhileTheServerIsAwayIsLost)
     EXPECT_EQ(first.absences, 0);
 }
 
+TEST_F(JetStream, whatIsAppendedAgainIsStoredAgain)
+{
+    const auto one = engine();
+    NotingListener listener;
+    const auto stream = one->open(kLesson, Engine::Open::Create, listener);
+    for (const char *entry : {"1", "2", "1"})
+        ASSERT_TRUE(append(*stream, entry));
+    ASSERT_TRUE(runUntil([&] { return listener.told.size() == 3; }));
+    EXPECT_EQ(listener.told, Entries({"1", "2", "1"}));
+}
+
 TEST_F(JetStream, aLongStreamComesWholeAndInOrder)
 {
     const auto one = engine(), two = engine();
