@@ -1,9 +1,10 @@
 #include "Board.h"
 
-#include "lesson/log/RecordReader.h"
 #include "lesson/storage/LessonFile.h"
 
 #include <QtCore/QBuffer>
+#include <QtCore/QCborArray>
+#include <QtCore/QCborMap>
 
 #include <algorithm>
 
@@ -25,19 +26,27 @@ QByteArray drawn(Random &random, int size)
     return bytes;
 }
 
-Record recordOf(const QByteArray &code)
+std::set<StepId> namesIn(const Lesson *lesson)
 {
-    RecordReader reader;
-    Record record;
-    reader.readCbor(code, record);
-    return record;
+    return lesson ? std::set<StepId>(lesson->ids().begin(), lesson->ids().end()) : std::set<StepId>();
 }
 
-ObjectId objectOf(const Record &record)
+// What a record says, without its pictures.
+struct Said
 {
-    const auto *change = std::get_if<Change>(&record.deed);
-    return change ? change->object : kNothing;
-}
+    explicit Said(const QByteArray &code)
+        : map(QCborValue::fromCbor(code).toMap())
+    {
+    }
+    bool does(const char *deed) const { return map.value(QLatin1String("do")).toString() == QLatin1String(deed); }
+    StepId id(const char *key) const
+    {
+        const QCborArray pair = map.value(QLatin1String(key)).toArray();
+        return {int(pair.at(0).toInteger()), int(pair.at(1).toInteger())};
+    }
+
+    const QCborMap map;
+};
 
 } // namespace
 
@@ -50,8 +59,8 @@ Board::Board(World &world, int name, std::vector<std::unique_ptr<DoorProcess>> &
     , m_creates(creates)
     , m_token(drawn(world.random, InkSharing::kLeastTokenBytes))
     , m_slowness(world.random.of({1, 20, 150, 1200}))
-    , m_bytesPerSecond(world.random.of({1000000000, 2000000, 60000}))
-    , m_pace(world.random.of({300, 900, 2500}))
+    , m_bytesPerSecond(world.random.of({1000000000, 2000000, 100000}))
+    , m_pace(world.random.of({500, 1200, 3000}))
 {
 }
 
@@ -63,7 +72,7 @@ void Board::start()
     ++m_life;
     const bool isFromJournal = m_disk != nullptr;
     if (isFromJournal)
-        recover();
+        m_lesson = std::move(m_recovered);
     else if (m_creates)
         makeBase();
     InkSharing::Client::Settings settings{kLesson, m_token, {}};
@@ -89,13 +98,13 @@ void Board::makeBase()
         author->finish();
 }
 
-void Board::recover()
+std::unique_ptr<Lesson> Board::recovered() const
 {
     QByteArray bytes = m_disk->all();
     QBuffer buffer(&bytes);
     buffer.open(QIODevice::ReadOnly);
     QString problem;
-    m_lesson = openLesson(buffer, problem);
+    return openLesson(buffer, problem);
 }
 
 // The lesson is there: it is drawn on, and its journal is kept.
@@ -112,6 +121,10 @@ void Board::settleDown(bool isFromJournal)
     m_journal->keep(m_folder, QStringLiteral("%1-%2").arg(m_name).arg(m_life), problem);
     m_journal->share(*m_lesson, {}, {m_creates ? kBaseAuthors : std::vector<int>{m_client->author()}, {}, m_token});
     m_journal->sync();
+    const auto sendLive = [this](const QByteArray &payload) { m_client->sendLive(payload, m_world.now()); };
+    m_live = std::make_unique<InkSharing::LiveSender>(*m_author, sendLive);
+    m_others = std::make_unique<InkSharing::Others>(*m_lesson, m_client->author(), sendLive);
+    m_others->missed = [this] { m_world.saw(Sight::LiveLost); };
     m_lesson->logChanged = [this](const Lesson::LogChange &change) { noted(change); };
 }
 
@@ -119,12 +132,14 @@ void Board::kill(Death death)
 {
     m_world.saw(Sight::BoardKilled);
     disconnectFromDoor();
-    const std::set<StepId> before = known();
+    const std::set<StepId> before = namesIn(m_lesson.get());
     if (m_disk && death == Death::Machine)
         *m_disk = {m_disk->afterPowerCut(m_world.random), {}};
     else if (m_disk)
         *m_disk = {m_disk->all(), {}};
     m_client.reset(); // what it holds of the lesson goes first
+    m_others.reset();
+    m_live.reset();
     m_acts.reset();
     m_author.reset();
     m_journal.reset();
@@ -132,20 +147,14 @@ void Board::kill(Death death)
     m_uploads.clear();
     if (!m_disk)
         return;
-    recover();
-    const std::set<StepId> after = known();
+    m_recovered = recovered();
+    const std::set<StepId> after = namesIn(m_recovered.get());
     if (std::any_of(before.begin(), before.end(), [&](const StepId &id) { return after.count(id) == 0; }))
         m_world.saw(Sight::StepsForgotten);
     std::set<StepId> left;
     std::set_intersection(m_acknowledged.begin(), m_acknowledged.end(), after.begin(), after.end(),
                           std::inserter(left, left.begin()));
     m_acknowledged = left;
-    m_lesson.reset();
-}
-
-std::set<StepId> Board::known() const
-{
-    return m_lesson ? std::set<StepId>(m_lesson->ids().begin(), m_lesson->ids().end()) : std::set<StepId>();
 }
 
 QByteArray Board::journal()
@@ -160,6 +169,10 @@ void Board::tick(int life)
         return;
     const qint64 now = m_world.now();
     m_client->tick(now);
+    if (m_live) {
+        m_live->tick(now);
+        m_others->tick(now);
+    }
     if (m_wasSetBack != 0 && m_client->pending() + 1 > m_wasSetBack)
         m_world.saw(Sight::PendingAgain);
     m_wasSetBack = 0;
@@ -184,8 +197,10 @@ void Board::actNowAndThen()
 
 void Board::act()
 {
-    if (m_world.random.oneIn(80))
+    if (m_world.random.oneIn(100))
         insertPicture();
+    else if (m_world.random.oneIn(60))
+        m_author->removePage(m_author->page());
     else
         m_acts->actOnce(*m_author);
     if (m_lesson->indexOf(m_author->page()) >= 0)
@@ -243,20 +258,19 @@ void Board::look(const Lesson::LogChange &change)
     const auto pending = ids.begin() + std::ptrdiff_t(m_lesson->settled());
     if (change.kind == Kind::Added) {
         ++m_pending;
-        const Record record = recordOf(change.code);
-        const auto *undo = std::get_if<Undo>(&record.deed);
-        if (undo && std::find(pending, ids.end(), undo->step) != ids.end())
+        const Said said(change.code);
+        if (said.does("undo") && std::find(pending, ids.end(), said.id("of")) != ids.end())
             m_world.saw(Sight::UndoWhilePending);
     } else if (change.kind == Kind::CameBefore) {
-        const Record record = recordOf(change.code);
-        if (record.id.author == m_client->author())
+        const Said said(change.code);
+        if (said.map.value(QLatin1String("author")).toInteger() == m_client->author())
             m_world.saw(Sight::OwnStepReturned);
         if (m_pending > 0)
             m_world.saw(Sight::CameBefore);
-        if (std::holds_alternative<RemovePage>(record.deed) && record.page == m_author->page() && m_author->hand())
+        const Hand *hand = m_author ? m_author->hand() : nullptr;
+        if (hand && said.does("remove-page") && said.id("page") == m_author->page())
             m_world.saw(Sight::PageGone);
-        const ObjectId object = objectOf(record);
-        if (object != kNothing && m_author->hand() && m_author->hand()->held == object)
+        if (hand && said.does("change") && said.id("object") == hand->held)
             m_world.saw(Sight::OneObjectTwoHands);
     } else if (change.kind == Kind::SetBack) {
         m_world.saw(Sight::TakenBack);
@@ -304,6 +318,8 @@ void Board::send(const QByteArray &message)
             InkSharing::readMessage(message, read, problem) ? std::get_if<InkSharing::SendPiece>(&read) : nullptr;
         if (piece && m_uploads.insert(piece->piece.hash).second && piece->piece.index > 0)
             m_world.saw(Sight::ContentsAnew);
+        if (piece && !m_rests && m_world.random.oneIn(2)) // what takes long is cut more often
+            m_world.after(m_world.random.below(3000), [this] { cut(false); });
     }
     if (m_door)
         m_door->fromBoard(m_connection, message);
@@ -328,6 +344,30 @@ Lesson &Board::begin(const Header &header)
 
 void Board::lostStep(const Lesson::Refusal & /*refusal*/) {}
 
-void Board::heard(int /*author*/, const QByteArray & /*payload*/) {}
+void Board::heard(int author, const QByteArray &payload)
+{
+    if (!m_others)
+        return;
+    if (m_others->heard(author, payload, m_world.now()))
+        m_live->asked();
+    const auto found = m_others->all().find(author);
+    if (found != m_others->all().end() && found->second.acts > 0)
+        m_world.saw(Sight::Lived);
+}
+
+QString Board::misses(const Board &other) const
+{
+    const auto found = m_others->all().find(other.m_client->author());
+    const Hand *hand = other.m_author->hand();
+    if (found == m_others->all().end())
+        return QStringLiteral("somebody is not known to be there");
+    if (!hand)
+        return found->second.taken == 0 ? QString() : QStringLiteral("something is in no hand any more");
+    const quint64 acts = hand->life.acts.size() - other.m_author->actsBefore();
+    const bool isTold = other.m_author->actsBefore() != 0 || hand->life.picture.isNull();
+    if (isTold && (found->second.taken != other.m_author->taken() || found->second.acts != acts))
+        return QStringLiteral("acts in progress are missing");
+    return {};
+}
 
 } // namespace Simulator

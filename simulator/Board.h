@@ -5,6 +5,8 @@
 #include "RandomActs.h"
 
 #include "sharing/client/Client.h"
+#include "sharing/live/LiveSender.h"
+#include "sharing/live/Others.h"
 
 #include "lesson/storage/Journal.h"
 
@@ -27,7 +29,8 @@ public:
     bool isUp() const { return m_client != nullptr; }
 
     void actNowAndThen(); // until it is told to rest
-    void rest();          // lets go what it has in hand
+    void pause() { m_rests = true; }
+    void rest(); // lets go what it has in hand
     void cut(bool isSilent);
     void fillDisk(bool isFull) { m_disk->isFull = isFull; }
 
@@ -36,6 +39,9 @@ public:
 
     // Steps that have settled here, and that no loss of a disk has made this board forget.
     const std::set<InkLesson::StepId> &acknowledged() const { return m_acknowledged; }
+
+    // Whether it knows all that has been done to what another has in hand. Empty, or what is missing.
+    QString misses(const Board &other) const;
 
     // What would be found after a kill.
     QByteArray journal();
@@ -53,14 +59,13 @@ public:
 
 private:
     void makeBase();
-    void recover();
+    std::unique_ptr<InkLesson::Lesson> recovered() const;
     void settleDown(bool isFromJournal);
     void tick(int life);
     void act();
     void insertPicture();
     void noted(const InkLesson::Lesson::LogChange &change);
     void look(const InkLesson::Lesson::LogChange &change);
-    std::set<InkLesson::StepId> known() const;
 
     World &m_world;
     const int m_name;
@@ -73,10 +78,13 @@ private:
     int m_life{}; // that it is in, from 1 on
     std::unique_ptr<Disk> m_disk;
     std::unique_ptr<InkLesson::Lesson> m_lesson;
+    std::unique_ptr<InkLesson::Lesson> m_recovered; // while it is down: what its journal has
     std::unique_ptr<InkLesson::Journal> m_journal;
     std::unique_ptr<InkLesson::Author> m_author;
     std::unique_ptr<RandomActs> m_acts;
     std::unique_ptr<InkSharing::Client> m_client;
+    std::unique_ptr<InkSharing::LiveSender> m_live;
+    std::unique_ptr<InkSharing::Others> m_others;
     DoorProcess *m_door{};
     int m_connection{};
     qint64 m_syncAt{};

@@ -9,6 +9,7 @@ namespace Simulator {
 namespace {
 
 constexpr qint64 kLateCopies = 12500; // milliseconds after which none of an append comes any more
+constexpr qint64 kLiveIsKnown = 8000; // milliseconds after which everybody has what others have in hand
 constexpr qint64 kStep = 500;         // milliseconds
 constexpr qint64 kQuiet = 180000;     // milliseconds in which all must have come to rest
 
@@ -32,18 +33,24 @@ public:
     Outcome run()
     {
         Random &random = m_world.random;
-        const qint64 end = random.from(15000, 45000);
+        const qint64 end = random.from(10000, 28000);
         for (const auto &board : m_boards)
             m_world.at(board == m_boards.front() ? 0 : random.below(int(end) * 2 / 3),
                        [this, b = board.get()] { come(*b); });
-        m_world.after(2000, [this, end] { goWrong(end); });
+        m_world.after(1500, [this, end] { goWrong(end); });
         m_world.runUntil(end);
         calmDown();
         m_world.runUntil(m_world.now() + kLateCopies);
-        const qint64 latest = m_world.now() + kQuiet;
-        while (m_world.now() < latest && !isQuiet())
-            m_world.runUntil(m_world.now() + kStep);
-        return outcome();
+        waitUntilQuiet();
+        m_world.runUntil(m_world.now() + kLiveIsKnown);
+        const QString missing = isQuiet() ? liveIsMissing() : QString();
+        for (const auto &board : m_boards)
+            board->rest();
+        m_world.runUntil(m_world.now() + kLiveIsKnown);
+        waitUntilQuiet();
+        Outcome outcome = this->outcome();
+        outcome.problem = outcome.problem.isEmpty() ? missing : outcome.problem;
+        return outcome;
     }
 
 private:
@@ -83,7 +90,7 @@ private:
         default:
             break;
         }
-        m_world.after(random.from(300, 5000), [this, end] { goWrong(end); });
+        m_world.after(random.from(200, 3500), [this, end] { goWrong(end); });
     }
 
     void killBoard(Board &board)
@@ -147,10 +154,29 @@ private:
         for (const auto &board : m_boards) {
             if (!board->isUp())
                 board->start();
-            board->rest();
+            board->pause();
             if (board->lesson())
                 board->fillDisk(false);
         }
+    }
+
+    void waitUntilQuiet()
+    {
+        const qint64 latest = m_world.now() + kQuiet;
+        while (m_world.now() < latest && !isQuiet())
+            m_world.runUntil(m_world.now() + kStep);
+    }
+
+    QString liveIsMissing() const
+    {
+        for (const auto &board : m_boards) {
+            for (const auto &other : m_boards) {
+                const QString missing = board == other ? QString() : board->misses(*other);
+                if (!missing.isEmpty())
+                    return missing;
+            }
+        }
+        return {};
     }
 
     bool isQuiet() const
