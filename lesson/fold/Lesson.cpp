@@ -10,6 +10,8 @@ namespace InkLesson {
 
 namespace {
 
+const auto kDraw = quint8(Deed(Draw()).index());
+
 template <typename... Deeds>
 bool isOneOf(const Deed &deed)
 {
@@ -239,12 +241,14 @@ void Lesson::note(int place, const Record &record, LivedObject lived)
 void Lesson::toggle(const StepId &step)
 {
     for (const int place : m_places[step]) {
+        if (m_deeds[std::size_t(place)] == kDraw) { // whose picture need not be read
+            refresh(m_ids[std::size_t(place)]);
+            continue;
+        }
         const Record record = recordAt(place);
         Sheet *sheet = this->sheet(record.page);
         if (isOneOf<AddPage, RemovePage, MovePage>(record.deed))
             refreshPages();
-        else if (isOneOf<Draw>(record.deed))
-            refresh(record.id);
         else if (const auto *changed = std::get_if<Change>(&record.deed))
             refresh(changed->object);
         else if (const auto *replaced = std::get_if<Replace>(&record.deed))

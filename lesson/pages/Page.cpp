@@ -363,6 +363,20 @@ QRegion Page::act(int author, const Act &act)
     return hand->object->m_bFinished ? QRegion() : reached(*hand, before | hand->asked);
 }
 
+QRegion Page::act(int author, const std::vector<Act> &acts)
+{
+    Hand *hand = this->hand(author);
+    if (!hand)
+        return {};
+    QRect reach = hand->object->GetUpdateRect();
+    for (const Act &act : acts) {
+        hand->life.acts.push_back(act);
+        hand->asked = perform(act, *hand->object);
+        reach |= hand->asked;
+    }
+    return reached(*hand, reach);
+}
+
 QRegion Page::drop(int author, Hand *dropped)
 {
     const auto found =

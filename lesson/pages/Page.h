@@ -94,6 +94,7 @@ public:
     QRegion take(Hand hand);
     QRegion feed(int author, int code, const std::vector<QPoint> &pts);
     QRegion act(int author, const Act &act);
+    QRegion act(int author, const std::vector<Act> &acts);     // painted once
     QRegion drop(int author, Hand *dropped = nullptr);         // which is handed over
     QRegion show(const QRegion &area);                         // as it is now
     Hand *hand(int author);                                    // null where the author holds nothing
