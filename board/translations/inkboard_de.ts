@@ -1046,6 +1046,10 @@
         <source>it is longer than any board writes</source>
         <translation>sie ist länger, als eine Tafel je schreibt</translation>
     </message>
+    <message>
+        <source>another record has this number</source>
+        <translation>ein anderer Eintrag hat diese Nummer</translation>
+    </message>
 </context>
 <context>
     <name>InkLesson::LessonFile</name>
@@ -1056,6 +1060,10 @@
     <message>
         <source>%1: cannot be read: %2</source>
         <translation>%1: nicht lesbar: %2</translation>
+    </message>
+    <message>
+        <source>there are fewer steps</source>
+        <translation>es gibt weniger Schritte</translation>
     </message>
 </context>
 <context>

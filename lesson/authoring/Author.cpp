@@ -95,7 +95,8 @@ void Author::begin(Life life, std::unique_ptr<CInkGraph> object)
     m_problem = pageSizeProblem(life.canvas);
     if (!object || !m_problem.isEmpty())
         return;
-    m_known = 0;
+    m_known = m_actsBefore = 0;
+    ++m_taken;
     Hand hand{m_number, exactLife(std::move(life)), std::move(object)};
     if (hand.object->m_color != hand.life.ink.color)
         hand.object->SetColor(hand.life.ink.color);
@@ -136,7 +137,8 @@ void Author::hold(Hand hand, const ObjectId &object)
 {
     hand.held = object;
     m_dash = dashOf(hand.life);
-    m_known = hand.life.acts.size();
+    m_known = m_actsBefore = hand.life.acts.size();
+    ++m_taken;
     m_lifting = 0;
     hand.life.acts.emplace_back(ReopenAct());
     perform(hand.life.acts.back(), *hand.object);

@@ -23,6 +23,7 @@ public:
     Author(Lesson &lesson, int number, Clock clock, Listener listener = {});
 
     int number() const { return m_number; }
+    int lastNumber() const { return m_lesson.history().lastNumber(m_number); } // of a record, 0 before the first
 
     // What was wrong with what was to be done last, and was not done for that; empty where nothing was.
     const QString &problem() const { return m_problem; }
@@ -57,6 +58,11 @@ public:
 
     const Hand *hand() const { return const_cast<Author *>(this)->lessonPage().hand(m_number); }
     CInkGraph *object() const { return hand() ? hand()->object.get() : nullptr; }
+
+    // For who tells others of what is in the hand: which of the objects that were taken it is, from 1 on, and how many
+    // acts of its life were done before it was taken. Those after them only become more.
+    int taken() const { return m_taken; }
+    std::size_t actsBefore() const { return m_actsBefore; }
 
     // Fills the area of one colour around a point of the page, as it is seen now. False where there is nothing to fill.
     // The fill belongs to the innermost object around it while the author does nothing but move that: it moves along,
@@ -124,6 +130,8 @@ private:
         int moved;
     };
     Poured m_poured{};
+    int m_taken{};                      // objects so far
+    std::size_t m_actsBefore{};         // of the object in hand, when it was taken
     std::size_t m_known{};              // of the acts of the object in hand, those that are in the log
     int m_lifting{};                    // the step that has lifted the object in hand; its first change joins that
     Qt::PenStyle m_dash{Qt::SolidLine}; // of the object in hand, as the log has it

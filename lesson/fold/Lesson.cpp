@@ -10,6 +10,8 @@ namespace InkLesson {
 
 namespace {
 
+const auto kDraw = quint8(Deed(Draw()).index());
+
 template <typename... Deeds>
 bool isOneOf(const Deed &deed)
 {
@@ -37,9 +39,12 @@ bool isBounded(const QByteArray &code)
 Lesson::Lesson(const Header &header)
     : m_header(header)
     , m_order{kFirstPage}
+    , m_toldOrder{kFirstPage}
     , m_pixels(pixels(header.size))
 {
-    m_sheets[kFirstPage].page = newPage(header.size);
+    Sheet &first = m_sheets[kFirstPage];
+    first.page = newPage(header.size);
+    first.sizes = {header.size};
 }
 
 Lesson::~Lesson() = default;
@@ -53,7 +58,7 @@ std::unique_ptr<Page> Lesson::newPage(const QSize &size) const
 
 QString Lesson::apply(const Record &record, LivedObject lived)
 {
-    return isKnown(record) ? QString() : append(record, toCbor(record), std::move(lived));
+    return isKnown(record) ? QString() : add(record, toCbor(record), std::move(lived));
 }
 
 QString Lesson::applyMade(Record &record, LivedObject lived)
@@ -64,13 +69,22 @@ QString Lesson::applyMade(Record &record, LivedObject lived)
     if (!reader.readCbor(code, read))
         return reader.error();
     record = std::move(read);
-    return append(record, code, std::move(lived));
+    return add(record, code, std::move(lived));
+}
+
+QString Lesson::add(const Record &record, const QByteArray &code, LivedObject lived)
+{
+    const Batch batch(*this);
+    const QString problem = append(record, code, std::move(lived));
+    if (problem.isEmpty())
+        tell({LogChange::Kind::Added, code});
+    return problem;
 }
 
 // A number that is passed over never comes: so that none who goes on runs out of them, all beyond a place are taken.
 QString Lesson::problemOf(const Record &record) const
 {
-    if (record.id.number > std::max(kMostLeftOut, m_history.nextNumber(record.id.author)))
+    if (record.id.number > std::max(kMostLeftOut, m_history.lastNumber(record.id.author) + 1))
         return tr("number: too far beyond the author's last one");
     if (m_pixels + pixelsOf(record) > kMostPixels)
         return tr("size: the pages of a lesson have at most %1 pixels in all").arg(kMostPixels);
@@ -83,10 +97,10 @@ qint64 Lesson::pixelsOf(const Record &record) const
     if (const auto *added = std::get_if<AddPage>(&record.deed))
         return pixels(added->size);
     const auto *grown = std::get_if<Grow>(&record.deed);
-    const auto sheet = m_sheets.find(record.page);
-    if (!grown || sheet == m_sheets.end())
+    const Sheet *sheet = this->sheet(record.page);
+    if (!grown || !sheet)
         return 0;
-    const QSize before = sheet->second.page->rect().size();
+    const QSize before = sheet->sizes.back();
     return pixels(grown->size.expandedTo(before)) - pixels(before);
 }
 
@@ -97,12 +111,9 @@ QString Lesson::append(const Record &record, const QByteArray &code, LivedObject
         return problem;
     m_pixels += pixelsOf(record);
     const int place = int(m_log.size());
-    m_log.push_back(code);
     // A record that says to belong to an undo is a step of its own.
     const StepId step = m_history.isUndo(record.stepId()) ? record.id : record.stepId();
-    m_steps.push_back(step);
-    m_deeds.push_back(quint8(record.deed.index()));
-    m_places[step].push_back(place);
+    enter(record.id, step, quint8(record.deed.index()), code);
     if (const auto *undo = std::get_if<Undo>(&record.deed)) {
         for (const StepId &turned : m_history.addUndo(record.id, undo->step))
             toggle(turned);
@@ -110,9 +121,16 @@ QString Lesson::append(const Record &record, const QByteArray &code, LivedObject
         m_history.add(record.id, step, !isOneOf<Grow>(record.deed));
         note(place, record, std::move(lived));
     }
-    if (m_batches == 0)
-        repaint();
     return {};
+}
+
+void Lesson::enter(const StepId &id, const StepId &step, quint8 deed, const QByteArray &code)
+{
+    m_places[step].push_back(int(m_log.size()));
+    m_log.push_back(code);
+    m_ids.push_back(id);
+    m_steps.push_back(step);
+    m_deeds.push_back(deed);
 }
 
 void Lesson::endBatch()
@@ -146,10 +164,11 @@ PageId Lesson::pageOf(const StepId &step) const
     return std::holds_alternative<AddPage>(record.deed) ? record.id : record.page;
 }
 
-Lesson::Sheet *Lesson::sheet(const PageId &id)
+// Null where there is none as far as the log goes.
+const Lesson::Sheet *Lesson::sheet(const PageId &id) const
 {
     const auto found = m_sheets.find(id);
-    return found == m_sheets.end() ? nullptr : &found->second;
+    return found == m_sheets.end() || found->second.sizes.empty() ? nullptr : &found->second;
 }
 
 std::optional<Life> Lesson::life(const ObjectId &object) const
@@ -157,7 +176,7 @@ std::optional<Life> Lesson::life(const ObjectId &object) const
     const auto found = m_things.find(object);
     if (found == m_things.end() || !found->second.isShown)
         return std::nullopt;
-    return lifeOf(found->second);
+    return lifeOf(found->second, counting(found->second).value_or(std::vector<int>()));
 }
 
 // One that nobody can read, since a host has made it so, has no effect.
@@ -180,7 +199,10 @@ void Lesson::note(int place, const Record &record, LivedObject lived)
 {
     if (isOneOf<AddPage, RemovePage, MovePage>(record.deed)) {
         if (const auto *added = std::get_if<AddPage>(&record.deed)) {
-            m_sheets[record.id].page = newPage(added->size);
+            Sheet &made = m_sheets[record.id];
+            if (!made.page) // else it was there before a setBack()
+                made.page = newPage(added->size);
+            made.sizes = {added->size};
         }
         m_pageRecords.push_back(place);
         refreshPages();
@@ -199,7 +221,9 @@ void Lesson::note(int place, const Record &record, LivedObject lived)
     if (const auto *draw = std::get_if<Draw>(&record.deed)) {
         sheet->drawn.push_back(record.id);
         sheet->order.push_back(record.id);
-        m_things.emplace(record.id, Thing{record.page, place});
+        m_things.emplace(record.id, Thing{record.page, place, record.step});
+        if (m_deferred)
+            refreshOrder(*sheet);
         refresh(record.id, &draw->life, std::move(lived));
     } else if (const auto *changed = std::get_if<Change>(&record.deed)) {
         change(changed->object);
@@ -216,7 +240,7 @@ void Lesson::note(int place, const Record &record, LivedObject lived)
         sheet->papers.push_back(place);
         refreshPaper(*sheet);
     } else if (const auto *grown = std::get_if<Grow>(&record.deed)) {
-        sheet->page->grow(grown->size);
+        sheet->sizes.push_back(grown->size.expandedTo(sheet->sizes.back()));
     }
 }
 
@@ -224,12 +248,14 @@ void Lesson::note(int place, const Record &record, LivedObject lived)
 void Lesson::toggle(const StepId &step)
 {
     for (const int place : m_places[step]) {
+        if (m_deeds[std::size_t(place)] == kDraw) { // whose picture need not be read
+            refresh(m_ids[std::size_t(place)]);
+            continue;
+        }
         const Record record = recordAt(place);
         Sheet *sheet = this->sheet(record.page);
         if (isOneOf<AddPage, RemovePage, MovePage>(record.deed))
             refreshPages();
-        else if (isOneOf<Draw>(record.deed))
-            refresh(record.id);
         else if (const auto *changed = std::get_if<Change>(&record.deed))
             refresh(changed->object);
         else if (const auto *replaced = std::get_if<Replace>(&record.deed))
@@ -268,12 +294,21 @@ std::optional<std::vector<int>> Lesson::counting(const Thing &thing) const
     return changes;
 }
 
-Life Lesson::lifeOf(const Thing &thing) const
+std::vector<StepId> Lesson::named(const std::vector<int> &places) const
+{
+    std::vector<StepId> names;
+    names.reserve(places.size());
+    for (const int place : places)
+        names.push_back(m_ids[std::size_t(place)]);
+    return names;
+}
+
+Life Lesson::lifeOf(const Thing &thing, const std::vector<int> &changes) const
 {
     Record first = recordAt(thing.drawn);
     auto *draw = std::get_if<Draw>(&first.deed);
     Life life = draw ? std::move(draw->life) : Life();
-    for (const int place : thing.applied) {
+    for (const int place : changes) {
         Record record = recordAt(place);
         if (const auto *change = std::get_if<Change>(&record.deed)) {
             life = changed(std::move(life), *change);
@@ -288,17 +323,22 @@ Life Lesson::lifeOf(const Thing &thing) const
 
 void Lesson::refresh(const ObjectId &id, const Life *drawn, LivedObject lived)
 {
+    if (m_deferred) {
+        defer(id, drawn);
+        return;
+    }
     const auto found = m_things.find(id);
     if (found == m_things.end())
         return;
     Thing &thing = found->second;
     Sheet &sheet = m_sheets.at(thing.page);
     const std::optional<std::vector<int>> changes = counting(thing);
-    if (changes && thing.isShown && *changes == thing.applied)
+    std::vector<StepId> applied = named(changes.value_or(std::vector<int>()));
+    if (changes && thing.isShown && applied == thing.applied)
         return;
-    thing.applied = changes.value_or(std::vector<int>());
+    thing.applied = std::move(applied);
     if (changes && !lived.object)
-        lived = live(drawn ? *drawn : lifeOf(thing));
+        lived = live(drawn ? *drawn : lifeOf(thing, *changes));
     thing.isShown = changes && lived.object && lived.object->m_bFinished;
     if (!thing.isShown) {
         sheet.page->remove(id);
@@ -327,12 +367,16 @@ std::size_t Lesson::placeOf(const Sheet &sheet, const ObjectId &id) const
     return place;
 }
 
-// All objects as they came, and moved as the orders that count say.
-void Lesson::refreshOrder(Sheet &sheet)
+// All objects as they came, and moved as the orders that count say. `moved` are others that may have moved.
+void Lesson::refreshOrder(Sheet &sheet, std::vector<ObjectId> moved)
 {
+    if (m_deferred) {
+        auto &later = m_deferred->moved[&sheet];
+        later.insert(later.end(), moved.begin(), moved.end());
+        return;
+    }
     std::vector<ObjectId> order;
     order.reserve(sheet.drawn.size());
-    std::vector<ObjectId> moved;
     auto drawn = sheet.drawn.begin();
     for (const int place : sheet.orders) {
         for (; drawn != sheet.drawn.end() && m_things.at(*drawn).drawn < place; ++drawn)
@@ -361,15 +405,26 @@ void Lesson::refreshOrder(Sheet &sheet)
 // The last one that counts.
 void Lesson::refreshPaper(Sheet &sheet)
 {
+    if (m_deferred) {
+        m_deferred->papers.insert(&sheet);
+        return;
+    }
     const auto last =
         std::find_if(sheet.papers.rbegin(), sheet.papers.rend(), [this](int place) { return countsAt(place); });
-    const Record record = last == sheet.papers.rend() ? Record() : recordAt(*last);
+    const StepId laid = last == sheet.papers.rend() ? kNothing : m_ids[std::size_t(*last)];
+    if (laid == std::exchange(sheet.paper, laid))
+        return;
+    const Record record = laid == kNothing ? Record() : recordAt(*last);
     const auto *set = std::get_if<SetPaper>(&record.deed);
     sheet.page->setPaper(set ? set->paper : Paper());
 }
 
 void Lesson::refreshPages()
 {
+    if (m_deferred) {
+        m_deferred->hasPages = true;
+        return;
+    }
     std::vector<PageId> order{kFirstPage};
     for (const int place : m_pageRecords) {
         if (!countsAt(place))
@@ -388,15 +443,26 @@ void Lesson::refreshPages()
             order.erase(found);
         }
     }
-    if (order == m_order)
-        return;
     m_order = std::move(order);
-    if (pagesChanged)
-        pagesChanged();
+}
+
+// Makes the pages as large as the log says.
+void Lesson::fit()
+{
+    for (auto &[id, sheet] : m_sheets) {
+        if (!sheet.sizes.empty())
+            sheet.page->resize(sheet.sizes.back());
+    }
 }
 
 void Lesson::repaint()
 {
+    fit();
+    if (m_order != m_toldOrder) {
+        m_toldOrder = m_order;
+        if (pagesChanged)
+            pagesChanged();
+    }
     for (auto &[id, sheet] : m_sheets) {
         const QRegion area = sheet.page->repaint();
         if (!area.isEmpty() && pageChanged)

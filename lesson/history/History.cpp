@@ -1,19 +1,23 @@
 #include "lesson/history/History.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace InkLesson {
 
 namespace {
 
-// Whether it was there.
-bool take(std::vector<StepId> &from, const StepId &id)
+// Where it was; -1 where it was not.
+std::ptrdiff_t take(std::vector<StepId> &from, const StepId &id)
 {
     const auto found = std::find(from.rbegin(), from.rend(), id);
-    if (found == from.rend())
-        return false;
-    from.erase(std::next(found).base());
-    return true;
+    return found == from.rend() ? -1 : from.erase(std::next(found).base()) - from.begin();
+}
+
+void putBack(std::vector<StepId> &to, std::ptrdiff_t place, const StepId &id)
+{
+    if (place >= 0)
+        to.insert(to.begin() + place, id);
 }
 
 } // namespace
@@ -27,28 +31,30 @@ bool History::isKnown(const StepId &record) const
 void History::add(const StepId &record, const StepId &step, bool canBeUndone)
 {
     Author &author = m_authors[record.author];
-    author.last = record.number;
+    Turn &turn = m_turns.emplace_back(Turn{record, std::exchange(author.last, record.number)});
     if (!canBeUndone || record != step) // a step is told of by its first record
         return;
+    turn.isDone = true;
     author.done.push_back(step);
-    author.undos.clear();
+    turn.undos.swap(author.undos);
 }
 
 std::vector<StepId> History::addUndo(const StepId &undo, const StepId &step)
 {
     Author &author = m_authors[undo.author];
-    author.last = undo.number;
+    Turn &turn = m_turns.emplace_back(Turn{undo, std::exchange(author.last, undo.number)});
     if (step.author != undo.author || !counts(step))
         return {};
     const auto before = m_undos.find(step);
     const StepId turned = before == m_undos.end() ? step : before->second;
     if (counts(turned)) {
-        if (!take(author.done, turned)) // nothing that there is
+        turn.place = take(author.done, turned);
+        if (turn.place < 0) // nothing that there is
             return {};
         m_undone.insert(turned);
         author.undos.push_back(undo);
     } else {
-        take(author.undos, step);
+        turn.place = take(author.undos, step);
         m_undone.erase(turned);
         author.done.push_back(turned);
     }
@@ -56,14 +62,62 @@ std::vector<StepId> History::addUndo(const StepId &undo, const StepId &step)
     StepId &last = m_lastUndos[turned];
     if (last != kNothing)
         m_undone.insert(last);
-    last = undo;
+    turn.turned = turned;
+    turn.lastUndo = std::exchange(last, undo);
     return {turned};
+}
+
+std::vector<StepId> History::takeBack()
+{
+    Turn turn = std::move(m_turns.back());
+    m_turns.pop_back();
+    Author &author = m_authors[turn.record.author];
+    author.last = turn.last;
+    if (turn.isDone) {
+        author.done.pop_back();
+        author.undos = std::move(turn.undos);
+    }
+    if (turn.turned == kNothing)
+        return {};
+    takeBackUndo(author, turn);
+    return {turn.turned};
+}
+
+void History::takeBackUndo(Author &author, const Turn &turn)
+{
+    m_undos.erase(turn.record);
+    m_undone.erase(turn.lastUndo);
+    if (turn.lastUndo == kNothing)
+        m_lastUndos.erase(turn.turned);
+    else
+        m_lastUndos[turn.turned] = turn.lastUndo;
+    if (counts(turn.turned)) {
+        m_undone.insert(turn.turned);
+        author.done.pop_back();
+        putBack(author.undos, turn.place, turn.lastUndo);
+    } else {
+        m_undone.erase(turn.turned);
+        author.undos.pop_back();
+        putBack(author.done, turn.place, turn.turned);
+    }
+}
+
+void History::leaveOut(int author, int number)
+{
+    int &leftOut = m_authors[author].leftOut;
+    leftOut = std::max(leftOut, number);
 }
 
 int History::nextNumber(int author) const
 {
     const auto found = m_authors.find(author);
-    return found == m_authors.end() ? 1 : found->second.last + 1;
+    return found == m_authors.end() ? 1 : std::max(found->second.last, found->second.leftOut) + 1;
+}
+
+int History::lastNumber(int author) const
+{
+    const auto found = m_authors.find(author);
+    return found == m_authors.end() ? 0 : found->second.last;
 }
 
 std::optional<StepId> History::toUndo(int author) const

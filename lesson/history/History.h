@@ -26,14 +26,21 @@ public:
     // where the undo has no effect.
     std::vector<StepId> addUndo(const StepId &undo, const StepId &step);
 
+    // Makes everything as it was before the last record of all. Returns the same as addUndo().
+    std::vector<StepId> takeBack();
+
+    // The author's next number is beyond this one, which may come all the same.
+    void leaveOut(int author, int number);
+
     // Of an undo: whether it is the last that has turned its step.
     bool counts(const StepId &step) const { return m_undone.count(step) == 0; }
 
     // Whether it is an undo that had an effect.
     bool isUndo(const StepId &step) const { return m_undos.count(step) != 0; }
 
-    // The author's next number.
+    // The author's next number, and that of the last record.
     int nextNumber(int author) const;
+    int lastNumber(int author) const;
 
     // What the author would undo next, and what an undo would have to name to do it again. Steps that are done after an
     // undo leave nothing to do again.
@@ -47,11 +54,27 @@ private:
     struct Author
     {
         int last{};                 // number
+        int leftOut{};              // numbers up to this one are not the next
         std::vector<StepId> done{}; // the newest last
         std::vector<StepId> undos{};
     };
 
+    // What a record has changed.
+    struct Turn
+    {
+        StepId record;
+        int last{};                  // number of the author, before
+        bool isDone{};               // it began a step
+        std::vector<StepId> undos{}; // from then on they had nothing to do again
+        StepId turned{};             // by an undo; kNothing where that had no effect
+        StepId lastUndo{};           // that had turned the step before
+        std::ptrdiff_t place{-1};    // where the step stood in `done`, or that undo in `undos`; -1 where it did not
+    };
+
+    void takeBackUndo(Author &author, const Turn &turn);
+
     std::unordered_map<int, Author> m_authors;
+    std::vector<Turn> m_turns;                      // of all records
     std::unordered_map<StepId, StepId> m_undos;     // and the steps that they have turned
     std::unordered_map<StepId, StepId> m_lastUndos; // the other way round: the last of each step
     std::unordered_set<StepId> m_undone;            // steps and undos that do not count

@@ -57,6 +57,12 @@ void setDrawnHere(CInkGraph &object)
     object.SetDrawerIP(kLoopback);
 }
 
+void setDrawnElsewhere(CInkGraph &object, int author)
+{
+    object.SetOwnerIP(kLoopback);
+    object.SetDrawerIP(unsigned(author));
+}
+
 std::unique_ptr<CInkGraph> createObject(const Tool &tool, const Ink &ink, const QSize &canvas)
 {
     std::unique_ptr<CInkGraph> object = tool.create(canvas);

@@ -71,6 +71,9 @@ INKLESSON_EXPORT void setDash(CInkGraph &object, Qt::PenStyle dash);
 // Makes the participant at this board the object's owner and drawer: equal addresses show handles, others a shade.
 INKLESSON_EXPORT void setDrawnHere(CInkGraph &object);
 
+// Makes another author its drawer, so that it shows a shade while it is held.
+INKLESSON_EXPORT void setDrawnElsewhere(CInkGraph &object, int author);
+
 // A fresh object of the tool, owned and drawn by the participant at this board.
 INKLESSON_EXPORT std::unique_ptr<CInkGraph> createObject(const Tool &tool, const Ink &ink, const QSize &canvas);
 

@@ -162,6 +162,9 @@ void Page::put(std::shared_ptr<Item> item, std::size_t place, bool isPainted)
     item->reach = reachOf(*item->object, item->asked);
     item->isWhole = item->isWhole || !kUncut.contains(item->reach);
     item->background = isPainted ? m_backgrounds : 0;
+    if (item->spritePage != rect().size() || !m_keepsSprites)
+        item->sprite.reset(); // it has been away
+    m_spriteBytes += item->sprite ? item->sprite->bytes() : 0;
     const Ahead ahead = std::exchange(m_ahead, {});
     if (isPainted && ahead.object == item->object.get() && ahead.sprite)
         keepSprite(*item, ahead.sprite);
@@ -184,15 +187,16 @@ void Page::put(std::shared_ptr<Item> item, std::size_t place, bool isPainted)
         m_change = isPainted ? Change::Painted : Change::Append;
 }
 
-void Page::remove(const ObjectId &id)
+std::shared_ptr<Item> Page::remove(const ObjectId &id)
 {
-    const std::size_t index = indexOf(id);
-    if (index == m_items.size())
-        return;
-    touch(extentOf(*m_items[index]));
-    count(*m_items[index], -1);
-    m_byName.erase(id);
-    m_items.erase(m_items.begin() + std::ptrdiff_t(index));
+    if (m_byName.erase(id) == 0)
+        return nullptr;
+    const auto at = m_items.begin() + std::ptrdiff_t(indexOf(id));
+    std::shared_ptr<Item> item = std::move(*at);
+    m_items.erase(at);
+    touch(extentOf(*item));
+    count(*item, -1);
+    return item;
 }
 
 void Page::reorder(const std::vector<ObjectId> &order, const std::vector<ObjectId> &moved)
@@ -218,20 +222,25 @@ void Page::setPaper(const Paper &paper)
 
 bool Page::grow(const QSize &size)
 {
-    const QSize grown = size.expandedTo(rect().size());
-    if (grown == rect().size())
+    return resize(size.expandedTo(rect().size()));
+}
+
+bool Page::resize(const QSize &size)
+{
+    if (size == rect().size())
         return true;
     if (isPainted()) {
-        PageLayers layers(grown);
+        PageLayers layers(size);
         if (layers.isNull())
             return false; // a smaller page is better than none
         *m_layers = std::move(layers);
     }
-    m_rect = QRect(QPoint(), grown);
-    forgetSprites(); // objects reach farther now
+    m_rect = QRect(QPoint(), size);
+    forgetSprites();
     if (isPainted())
         layPaper();
-    touch(rect());
+    m_changed.clear();
+    touch(rect()); // objects reach farther, or less far
     return true;
 }
 
@@ -284,6 +293,7 @@ void Page::keepSprite(Item &item, std::shared_ptr<const Sprite> sprite)
 {
     item.isTooRich = !sprite;
     item.sprite = std::move(sprite);
+    item.spritePage = rect().size();
     if (!item.sprite)
         return;
     m_spriteBytes += item.sprite->bytes();
@@ -448,6 +458,20 @@ QRegion Page::act(int author, const Act &act)
     hand->life.acts.push_back(act);
     hand->asked = perform(act, *hand->object);
     return hand->object->m_bFinished ? QRegion() : reached(*hand, before | hand->asked);
+}
+
+QRegion Page::act(int author, const std::vector<Act> &acts)
+{
+    Hand *hand = this->hand(author);
+    if (!hand)
+        return {};
+    QRect reach = hand->object->GetUpdateRect();
+    for (const Act &act : acts) {
+        hand->life.acts.push_back(act);
+        hand->asked = perform(act, *hand->object);
+        reach |= hand->asked;
+    }
+    return reached(*hand, reach);
 }
 
 QRegion Page::drop(int author, Hand *dropped)

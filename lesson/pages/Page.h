@@ -28,6 +28,7 @@ struct Item
     QRect reach{};                          // that it may paint in
     int background{};                       // that it was last painted over, one of those that there have been
     std::shared_ptr<const Sprite> sprite{}; // what it has painted, where that can be painted again
+    QSize spritePage{};                     // the size of the page then
     bool isTooRich{};                       // for a sprite
     bool isBare{};                          // the object has no pixels of its own any more
 };
@@ -87,7 +88,7 @@ public:
 
     // Puts an object at a place in the order, or in the stead of the one that has its name.
     void put(std::shared_ptr<Item> item, std::size_t place, bool isPainted = false);
-    void remove(const ObjectId &id);
+    std::shared_ptr<Item> remove(const ObjectId &id); // null where there is none
 
     // Gives the objects the order of their names in `order`, which may hold others as well. `moved` are those that may
     // have come to lie above or below others.
@@ -97,6 +98,7 @@ public:
 
     // Makes the page at least as large as `size`. False where there is not enough memory.
     bool grow(const QSize &size);
+    bool resize(const QSize &size);
 
     // Paints a committed object on top of all others, ahead of its put(). Tells whether it leaves a mark.
     bool paintOnTop(CInkGraph &object, const QRect &asked, const Tool *tool);
@@ -112,6 +114,7 @@ public:
     QRegion take(Hand hand);
     QRegion feed(int author, int code, const std::vector<QPoint> &pts);
     QRegion act(int author, const Act &act);
+    QRegion act(int author, const std::vector<Act> &acts);     // painted once
     QRegion drop(int author, Hand *dropped = nullptr);         // which is handed over
     QRegion show(const QRegion &area);                         // as it is now
     Hand *hand(int author);                                    // null where the author holds nothing

@@ -40,15 +40,25 @@ bool holdsSteps(const QString &journal)
 }
 
 // The first line, which tells of the lesson's file as well.
-QByteArray firstLine(const Header &header, const SavedFile &saved)
+QByteArray firstLine(const Header &header, const SavedFile &saved, const Sharing *sharing = nullptr)
 {
     QJsonObject line = QJsonDocument::fromJson(headerLine(header)).object();
+    if (sharing)
+        insert(*sharing, line);
     if (!saved.name.isEmpty()) {
         line.insert(kFile, saved.name);
         line.insert(kFileTime, saved.time);
         line.insert(kFileBytes, saved.bytes);
     }
     return QJsonDocument(line).toJson(QJsonDocument::Compact) + '\n';
+}
+
+QJsonObject firstLineOf(const QString &journal)
+{
+    QFile file(journal);
+    if (!file.open(QIODevice::ReadOnly))
+        return {};
+    return QJsonDocument::fromJson(file.readLine(LogReader::kMostBytes)).object();
 }
 
 bool isStep(const QByteArray &line)
@@ -86,6 +96,8 @@ bool Journal::follow(const Lesson &lesson, const SavedFile &saved)
 {
     if (!m_isKept)
         return false;
+    if (m_isShared)
+        return writeLines();
     // A page that has only grown is nothing to recover.
     bool hasMore = false;
     for (std::size_t i = m_isEmpty ? m_resting : m_written; i < lesson.log().size() && !hasMore; ++i)
@@ -109,6 +121,32 @@ bool Journal::write(const Lesson &lesson, const SavedFile &saved)
     return true;
 }
 
+bool Journal::share(const Lesson &lesson, const SavedFile &saved, const Sharing &sharing)
+{
+    m_isShared = true;
+    m_lines = {firstLine(lesson.header(), saved, &sharing)};
+    for (std::size_t i = 0; i < lesson.log().size(); ++i)
+        m_lines.push_back((i < lesson.settled() ? settledLine(lesson.log()[i]) : jsonLine(lesson.log()[i])) + '\n');
+    return m_isKept && writeLines();
+}
+
+void Journal::note(const Lesson::LogChange &change)
+{
+    if (m_isShared)
+        m_lines.push_back(changeLine(change) + '\n');
+}
+
+bool Journal::writeLines()
+{
+    for (; !m_lines.empty(); m_lines.pop_front()) {
+        if (!m_file->append(m_lines.front()))
+            return false;
+        m_isEmpty = false;
+        m_isDue = true;
+    }
+    return true;
+}
+
 void Journal::sync()
 {
     m_isDue = false;
@@ -117,6 +155,8 @@ void Journal::sync()
 
 void Journal::rest(const Lesson &lesson)
 {
+    if (m_isShared)
+        return;
     begin();
     m_resting = lesson.log().size();
 }
@@ -125,6 +165,8 @@ void Journal::begin()
 {
     m_file->clear();
     m_isEmpty = true;
+    m_isShared = false;
+    m_lines.clear();
     m_written = m_resting = 0;
 }
 
@@ -149,14 +191,18 @@ QStringList Journal::abandoned(const QString &folder)
 
 SavedFile Journal::savedFileOf(const QString &journal)
 {
-    QFile file(journal);
-    if (!file.open(QIODevice::ReadOnly))
+    const QJsonObject line = firstLineOf(journal);
+    if (line.isEmpty())
         return {};
-    const QJsonObject line = QJsonDocument::fromJson(file.readLine(LogReader::kMostBytes)).object();
     const QString name = line.value(kFile).toString();
     if (!line.contains(kFileTime))
         return SavedFile::at(name); // an older board wrote nothing but the name
     return {name, qint64(line.value(kFileTime).toDouble()), qint64(line.value(kFileBytes).toDouble())};
+}
+
+Sharing Journal::sharingOf(const QString &journal)
+{
+    return LogReader::sharingOf(firstLineOf(journal));
 }
 
 } // namespace InkLesson

@@ -4,10 +4,12 @@
 #include "lesson/fold/Lesson.h"
 #include "lesson/storage/DurableFile.h"
 #include "lesson/storage/SavedFile.h"
+#include "lesson/storage/Sharing.h"
 
 #include <QtCore/QLockFile>
 #include <QtCore/QStringList>
 
+#include <deque>
 #include <memory>
 
 namespace InkLesson {
@@ -31,14 +33,20 @@ public:
     // `saved` is the file that the lesson has; recovery finds it.
     bool follow(const Lesson &lesson, const SavedFile &saved);
 
+    // The lesson is shared: all that it has is written, as it is settled or pending, and from then on what note() is
+    // told, in place of its log. The journal is empty before. What cannot be written now is written by follow().
+    bool share(const Lesson &lesson, const SavedFile &saved, const Sharing &sharing);
+    void note(const Lesson::LogChange &change);
+
     // Whether something was written that sync() has not been called for. To be called within a second of that.
     bool isDue() const { return m_isDue; }
     void sync();
 
     // All that the lesson has now is safe in a file: the journal is empty until there is more, and then has all of it.
+    // That of a shared lesson stays, since no file tells what is settled.
     void rest(const Lesson &lesson);
 
-    // Another lesson is followed from now on.
+    // Another lesson is followed from now on, or one that is not shared any more.
     void begin();
 
     // What is in it is saved, or not wanted.
@@ -50,8 +58,12 @@ public:
     // The file that the lesson of a journal had, as it was then.
     static SavedFile savedFileOf(const QString &journal);
 
+    // How the lesson of a journal was shared. Without a token where it was not.
+    static Sharing sharingOf(const QString &journal);
+
 private:
     bool write(const Lesson &lesson, const SavedFile &saved);
+    bool writeLines();
 
     std::unique_ptr<DurableFile> m_file;
     std::unique_ptr<QLockFile> m_lock;
@@ -59,8 +71,10 @@ private:
     bool m_isKept{};
     bool m_isDue{};
     bool m_isEmpty{true};
-    std::size_t m_written{}; // records
-    std::size_t m_resting{}; // records that are safe elsewhere
+    bool m_isShared{};
+    std::deque<QByteArray> m_lines{}; // of a shared lesson, that are not written yet
+    std::size_t m_written{};          // records
+    std::size_t m_resting{};          // records that are safe elsewhere
 };
 
 } // namespace InkLesson

@@ -17,6 +17,35 @@ QString translated(const char *text)
     return QCoreApplication::translate("InkLesson::LessonFile", text);
 }
 
+// Does what a line of a journal tells. Returns what is wrong with it.
+QString repeat(const LogReader::Line &line, const LogReader &reader, Lesson &lesson)
+{
+    using Kind = Lesson::LogChange::Kind;
+    switch (line.kind) {
+    case Kind::Added:
+        return lesson.apply(line.record);
+    case Kind::CameBefore: {
+        const QByteArray code = toCbor(line.record);
+        for (const Lesson::Refusal &refusal : lesson.settle({code})) {
+            if (refusal.id == line.record.id)
+                return refusal.problem;
+        }
+        return {};
+    }
+    case Kind::Settled:
+        return lesson.settleFirst(line.count)
+                   ? QString()
+                   : translated(QT_TRANSLATE_NOOP("InkLesson::LessonFile", "there are fewer steps"));
+    case Kind::SetBack:
+        lesson.setBack(line.count, [&](int author) { return reader.isMine(author); });
+        return {};
+    case Kind::Dropped:
+        lesson.drop(line.record.id);
+        return {};
+    }
+    return {};
+}
+
 } // namespace
 
 QString saveLesson(const Lesson &lesson, const QString &fileName)
@@ -47,25 +76,30 @@ std::unique_ptr<Lesson> openLesson(const QString &fileName, QString &problem,
                       .arg(fileName, file.errorString());
         return nullptr;
     }
-    const auto named = [&](const QString &what) {
-        return what.isEmpty() ? QString() : QStringLiteral("%1: %2").arg(fileName, what);
-    };
-    LogReader reader(file);
+    auto lesson = openLesson(file, problem, tell);
+    if (!problem.isEmpty())
+        problem = QStringLiteral("%1: %2").arg(fileName, problem);
+    return lesson;
+}
+
+std::unique_ptr<Lesson> openLesson(QIODevice &device, QString &problem, const std::function<void(double share)> &tell)
+{
+    LogReader reader(device);
     Header header;
     if (!reader.readHeader(header)) {
-        problem = named(reader.error());
+        problem = reader.error();
         return nullptr;
     }
     auto lesson = std::make_unique<Lesson>(header);
     const Lesson::Batch batch(*lesson);
-    Record record;
+    LogReader::Line line;
     QString refusal;
-    while (refusal.isEmpty() && reader.read(*lesson, record)) {
-        refusal = lesson->apply(record);
+    while (refusal.isEmpty() && reader.readLine(*lesson, line)) {
+        refusal = repeat(line, reader, *lesson);
         if (tell)
-            tell(double(file.pos()) / double(file.size()));
+            tell(double(device.pos()) / double(device.size()));
     }
-    problem = named(refusal.isEmpty() ? reader.error() : reader.named(refusal));
+    problem = refusal.isEmpty() ? reader.error() : reader.named(refusal);
     return lesson;
 }
 

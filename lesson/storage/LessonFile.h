@@ -8,6 +8,8 @@
 #include <functional>
 #include <memory>
 
+class QIODevice;
+
 namespace InkLesson {
 
 // Writes a lesson, whole or not at all: a file of that name stays as it was when the writing fails, and what is written
@@ -17,6 +19,10 @@ INKLESSON_EXPORT QString saveLesson(const Lesson &lesson, const QString &fileNam
 // Reads a lesson up to the first line that is wrong or was cut off; `problem` then names file and line. Null where none
 // of it can be read. The file is not touched. `tell` hears after each record how much of the file was read, up to 1.
 INKLESSON_EXPORT std::unique_ptr<Lesson> openLesson(const QString &fileName, QString &problem,
+                                                    const std::function<void(double share)> &tell = {});
+
+// The same from a device that is open; `problem` names the line alone.
+INKLESSON_EXPORT std::unique_ptr<Lesson> openLesson(QIODevice &device, QString &problem,
                                                     const std::function<void(double share)> &tell = {});
 
 } // namespace InkLesson

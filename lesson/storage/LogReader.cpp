@@ -12,6 +12,7 @@
 #include <QtCore/QJsonObject>
 
 #include <algorithm>
+#include <limits>
 
 namespace InkLesson {
 
@@ -23,6 +24,14 @@ constexpr int kOnlyAuthor = 1;  // of a lesson of version 1
 constexpr int kPiece = 1 << 16; // bytes that room is made for at once: most lines are short
 const QString kFormat = QStringLiteral("inkboard");
 const QString kDensity = QStringLiteral("density");
+const QString kShared = QStringLiteral("shared");
+const QString kAuthors = QStringLiteral("authors");
+const QString kAddress = QStringLiteral("address");
+const QString kToken = QStringLiteral("token");
+const QLatin1String kSettled("settled");
+const QLatin1String kSetBack("set-back");
+const QLatin1String kDropped("dropped");
+using Kind = Lesson::LogChange::Kind;
 
 QCborArray pair(const StepId &id)
 {
@@ -62,7 +71,7 @@ bool LogReader::fail(const QString &what)
     return false;
 }
 
-bool LogReader::readLine(QByteArray &line)
+bool LogReader::readBytes(QByteArray &line)
 {
     if (m_device.atEnd())
         return false;
@@ -89,12 +98,14 @@ bool LogReader::readHeader(Header &header)
     if (m_device.atEnd())
         return fail(tr("this is not a lesson of this board"));
     m_line = 0;
-    if (!readLine(line))
+    if (!readBytes(line))
         return false;
     const QJsonObject first = QJsonDocument::fromJson(line).object();
     if (!first.value(kFormat).isDouble())
         return fail(tr("this is not a lesson of this board"));
-    if (first.value(kFormat).toDouble() > kVersion)
+    const bool isShared = first.value(kFormat).toDouble() == kSharedVersion;
+    m_sharing = isShared ? sharingOf(first) : Sharing();
+    if (first.value(kFormat).toDouble() > kVersion && m_sharing.token.isEmpty())
         return fail(tr("the lesson was written by a later version of this board"));
     m_version = first.value(kFormat).toInt();
     if (m_version < 1)
@@ -110,12 +121,25 @@ bool LogReader::readHeader(Header &header)
 
 bool LogReader::read(const Lesson &lesson, Record &record)
 {
-    QByteArray line;
-    if (!readLine(line))
+    Line line;
+    const bool isRead = readLine(lesson, line);
+    record = std::move(line.record);
+    return isRead;
+}
+
+bool LogReader::readLine(const Lesson &lesson, Line &line)
+{
+    QByteArray bytes;
+    if (!readBytes(bytes))
         return false;
     QCborMap map;
-    if (!RecordReader::parseJson(line, map))
+    if (!RecordReader::parseJson(bytes, map))
         return fail(tr("nothing that can be read"));
+    line = {};
+    if (m_version == kSharedVersion && !map.contains(kDo))
+        return readMark(map, line);
+    if (m_version == kSharedVersion && map.contains(kSettled))
+        line.kind = Kind::CameBefore;
     if (m_version < 2) {
         QCborMap translated;
         if (!translate(map, lesson, translated))
@@ -123,7 +147,75 @@ bool LogReader::read(const Lesson &lesson, Record &record)
         map = translated;
     }
     RecordReader reader;
-    return reader.read(map, record) || fail(reader.error());
+    return reader.read(map, line.record) || fail(reader.error());
+}
+
+bool LogReader::readMark(const QCborMap &map, Line &line)
+{
+    constexpr qint64 kMost = std::numeric_limits<int>::max();
+    const QCborArray name = map.value(kDropped).toArray();
+    const qint64 author = whole(name.at(0)), number = whole(name.at(1));
+    if (name.size() == 2 && author > 0 && author <= kMost && number > 0 && number <= kMost) {
+        line.kind = Kind::Dropped;
+        line.record.id = {int(author), int(number)};
+        return true;
+    }
+    line.kind = map.contains(kSettled) ? Kind::Settled : Kind::SetBack;
+    const qint64 count = whole(map.value(map.contains(kSettled) ? kSettled : kSetBack));
+    line.count = std::size_t(std::max<qint64>(count, 0));
+    return (count >= 0 && count <= kMost) || fail(tr("nothing that can be read"));
+}
+
+bool LogReader::isMine(int author) const
+{
+    return std::find(m_sharing.authors.begin(), m_sharing.authors.end(), author) != m_sharing.authors.end();
+}
+
+Sharing LogReader::sharingOf(const QJsonObject &firstLine)
+{
+    const QJsonObject object = firstLine.value(kShared).toObject();
+    Sharing sharing;
+    for (const QJsonValue author : object.value(kAuthors).toArray())
+        sharing.authors.push_back(author.toInt());
+    sharing.address = object.value(kAddress).toString();
+    sharing.token = QByteArray::fromBase64(object.value(kToken).toString().toLatin1());
+    return sharing;
+}
+
+QByteArray settledLine(const QByteArray &code)
+{
+    QJsonObject line = QCborValue::fromCbor(code).toMap().toJsonObject();
+    line.insert(kSettled, true);
+    return QJsonDocument(line).toJson(QJsonDocument::Compact);
+}
+
+QByteArray changeLine(const Lesson::LogChange &change)
+{
+    switch (change.kind) {
+    case Kind::Added:
+        return jsonLine(change.code);
+    case Kind::CameBefore:
+        return settledLine(change.code);
+    case Kind::Settled:
+        return "{\"settled\":" + QByteArray::number(qulonglong(change.count)) + '}';
+    case Kind::SetBack:
+        return "{\"set-back\":" + QByteArray::number(qulonglong(change.count)) + '}';
+    case Kind::Dropped:
+        break;
+    }
+    return "{\"dropped\":[" + QByteArray::number(change.record.author) + ',' +
+           QByteArray::number(change.record.number) + "]}";
+}
+
+void insert(const Sharing &sharing, QJsonObject &firstLine)
+{
+    QJsonArray authors;
+    for (const int author : sharing.authors)
+        authors.append(author);
+    firstLine.insert(kFormat, LogReader::kSharedVersion);
+    firstLine.insert(kShared, QJsonObject{{kAuthors, authors},
+                                          {kAddress, sharing.address},
+                                          {kToken, QString::fromLatin1(sharing.token.toBase64())}});
 }
 
 // Each line is one step of the only author; one that succeeds belongs to the step before.

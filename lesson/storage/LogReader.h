@@ -3,6 +3,7 @@
 #include "lesson/Export.h"
 #include "lesson/fold/Lesson.h"
 #include "lesson/log/RecordCode.h"
+#include "lesson/storage/Sharing.h"
 
 #include <QtCore/QCborMap>
 #include <QtCore/QCoreApplication>
@@ -14,14 +15,15 @@ class QIODevice;
 namespace InkLesson {
 
 // Reads the log of a lesson line by line, from files of version 2 and of version 1, whose records are told in the words
-// of version 2 then. A line of version 1 may depend on what came before, so each record is to be applied before the
-// next is read.
+// of version 2 then, and from the journals of shared lessons. A line of version 1 may depend on what came before, so
+// each record is to be applied before the next is read.
 class INKLESSON_EXPORT LogReader
 {
     Q_DECLARE_TR_FUNCTIONS(InkLesson::LogReader)
 
 public:
-    static constexpr int kVersion = 2;                // that is written
+    static constexpr int kVersion = 2;                // of files that are written
+    static constexpr int kSharedVersion = 3;          // of the journals of shared lessons
     static constexpr int kMostBytes = kMostLineBytes; // in one line
 
     // `device` is open, and outlives the reader.
@@ -33,6 +35,21 @@ public:
     // The next record. False at the end, and where something is wrong; error() is then empty or says what.
     bool read(const Lesson &lesson, Record &record);
 
+    // What the next line does to the log. Of a lesson that was not shared each adds a record at its end.
+    struct Line
+    {
+        Lesson::LogChange::Kind kind{Lesson::LogChange::Kind::Added};
+        Record record{}; // that is added, or came before; of one that was dropped the name alone
+        std::size_t count{};
+    };
+    bool readLine(const Lesson &lesson, Line &line);
+
+    // Whose records are this board's.
+    bool isMine(int author) const;
+
+    // What the first line of a journal tells. Without a token where its lesson was not shared.
+    static Sharing sharingOf(const QJsonObject &firstLine);
+
     // "line 7: what is wrong".
     QString error() const { return m_error; }
 
@@ -40,7 +57,8 @@ public:
     QString named(const QString &what) const;
 
 private:
-    bool readLine(QByteArray &line);
+    bool readBytes(QByteArray &line);
+    bool readMark(const QCborMap &map, Line &line);
     bool translate(const QCborMap &line, const Lesson &lesson, QCborMap &map);
     bool translateObject(const QCborMap &line, const Lesson &lesson, const QString &what, QCborMap &map);
     bool translatePage(const QCborMap &line, const Lesson &lesson, const QString &what, QCborMap &map);
@@ -49,6 +67,7 @@ private:
     QIODevice &m_device;
     QByteArray m_piece; // of a line
     int m_version{kVersion};
+    Sharing m_sharing{};
     int m_line{};
     QString m_error;
 
@@ -60,5 +79,11 @@ private:
 
 // The line that every file begins with, without its end.
 INKLESSON_EXPORT QByteArray headerLine(const Header &header);
+
+// Lines of a shared lesson's journal, without their ends: a settled record, any change of the log, and what the first
+// line holds besides.
+INKLESSON_EXPORT QByteArray settledLine(const QByteArray &code);
+INKLESSON_EXPORT QByteArray changeLine(const Lesson::LogChange &change);
+INKLESSON_EXPORT void insert(const Sharing &sharing, QJsonObject &firstLine);
 
 } // namespace InkLesson

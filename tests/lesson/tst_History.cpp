@@ -276,3 +276,41 @@ TEST(History, whatCannotBeUndoneOnlyTakesANumber)
     EXPECT_EQ(history.addUndo({1, 4}, {1, 3}), Steps());
     EXPECT_TRUE(history.counts({1, 3}));
 }
+
+TEST(History, whatIsTakenBackIsAsItWasBefore)
+{
+    History history;
+    add(history, {1, 1});
+    add(history, {1, 2});
+    history.addUndo({1, 3}, {1, 1});
+    history.addUndo({1, 4}, {1, 3});
+    history.addUndo({1, 5}, {1, 2});
+    add(history, {1, 6});
+    EXPECT_EQ(toRedo(history, 1), kNone);
+
+    EXPECT_EQ(history.takeBack(), Steps());
+    EXPECT_EQ(toRedo(history, 1), (StepId{1, 5})) << "there is something to do again";
+    EXPECT_EQ(history.takeBack(), (Steps{{1, 2}}));
+    EXPECT_EQ(toUndo(history, 1), (StepId{1, 1})) << "which was done again last";
+    EXPECT_EQ(history.takeBack(), (Steps{{1, 1}}));
+    EXPECT_FALSE(history.counts({1, 1}));
+    EXPECT_EQ(toRedo(history, 1), (StepId{1, 3}));
+    EXPECT_EQ(history.takeBack(), (Steps{{1, 1}}));
+    EXPECT_EQ(toUndo(history, 1), (StepId{1, 2}));
+    EXPECT_EQ(history.stepsToUndo(1), 2);
+    EXPECT_EQ(history.nextNumber(1), 3);
+    EXPECT_FALSE(history.isUndo({1, 3}));
+}
+
+TEST(History, numbersThatAreLeftOutMayComeFromElsewhere)
+{
+    History history;
+    add(history, {1, 1});
+    history.leaveOut(1, 9);
+    history.leaveOut(1, 5);
+    EXPECT_EQ(history.nextNumber(1), 10);
+    EXPECT_EQ(history.lastNumber(1), 1);
+    EXPECT_FALSE(history.isKnown({1, 2}));
+    add(history, {1, 12});
+    EXPECT_EQ(history.nextNumber(1), 13);
+}

@@ -5,6 +5,7 @@
 #include "RandomCases.h"
 
 #include "lesson/authoring/Author.h"
+#include "lesson/log/RecordCode.h"
 #include "lesson/storage/LessonFile.h"
 
 #include "PointerEvent.h"
@@ -320,6 +321,75 @@ TEST_F(JournalTest, isNotKeptAnyMoreOnceItIsDiscarded)
     EXPECT_FALSE(journal.isKept());
     EXPECT_EQ(disk.all(), "");
     EXPECT_FALSE(journal.follow(lesson, noFile));
+}
+
+TEST_F(JournalTest, ofASharedLessonTellsWhatSettlesAndWhatIsTakenBack)
+{
+    lesson.settle({toCbor(record(2, 1, Clear()))});
+    lesson.apply(clearRecord(1));
+    ASSERT_TRUE(journal.share(lesson, noFile, {{1}, QStringLiteral("where"), "\x01\x02"}));
+    lesson.logChanged = [this](const Lesson::LogChange &change) { journal.note(change); };
+    lesson.settle({toCbor(clearRecord(1)), toCbor(record(2, 5, Clear()))});
+    lesson.apply(clearRecord(2));
+    lesson.apply(clearRecord(3));
+    lesson.drop({1, 2});
+    lesson.setBack(1, [](int author) { return author == 1; });
+    EXPECT_TRUE(journal.follow(lesson, noFile));
+    EXPECT_EQ(disk.all(), "{\"inkboard\":3,\"shared\":{\"address\":\"where\",\"authors\":[1],\"token\":\"AQI=\"},"
+                          "\"size\":[40,30]}\n"
+                          "{\"author\":2,\"do\":\"clear\",\"number\":1,\"settled\":true,\"time\":0}\n"
+                          "{\"author\":1,\"do\":\"clear\",\"number\":1,\"time\":0}\n"
+                          "{\"settled\":1}\n"
+                          "{\"author\":2,\"do\":\"clear\",\"number\":5,\"settled\":true,\"time\":0}\n"
+                          "{\"author\":1,\"do\":\"clear\",\"number\":2,\"time\":0}\n"
+                          "{\"author\":1,\"do\":\"clear\",\"number\":3,\"time\":0}\n"
+                          "{\"dropped\":[1,2]}\n"
+                          "{\"set-back\":1}\n");
+    write(disk.all());
+    const auto opened = openLesson(found, problem);
+    EXPECT_EQ(problem, QString());
+    EXPECT_EQ(opened->log(), lesson.log());
+    EXPECT_EQ(opened->settled(), 1U);
+    EXPECT_EQ(opened->log().size(), 3U);
+    const Sharing sharing = Journal::sharingOf(found);
+    EXPECT_EQ(sharing.authors, std::vector<int>{1});
+    EXPECT_EQ(sharing.address, QStringLiteral("where"));
+    EXPECT_EQ(sharing.token, "\x01\x02");
+}
+
+TEST_F(JournalTest, ofASharedLessonStaysWhenThatIsSavedAndEndsWithTheSharing)
+{
+    lesson.apply(clearRecord(1));
+    disk.isFull = true;
+    EXPECT_FALSE(journal.share(lesson, noFile, {{1}, {}, "token"}));
+    disk.isFull = false;
+    EXPECT_TRUE(journal.follow(lesson, noFile));
+    EXPECT_TRUE(journal.isDue());
+    journal.rest(lesson);
+    EXPECT_EQ(disk.all().count('\n'), 2);
+    journal.begin();
+    EXPECT_TRUE(journal.follow(lesson, noFile));
+    EXPECT_EQ(disk.all(), "{\"inkboard\":2,\"size\":[40,30]}\n"
+                          "{\"author\":1,\"do\":\"clear\",\"number\":1,\"time\":0}\n");
+}
+
+TEST_F(JournalTest, ofASharedLessonIsReadUpToWhatCannotBe)
+{
+    const QByteArray first = "{\"inkboard\":3,\"shared\":{\"authors\":[1],\"token\":\"AQI=\"},\"size\":[40,30]}\n"
+                             "{\"author\":1,\"do\":\"clear\",\"number\":1}\n";
+    for (const char *line :
+         {"{\"settled\":2}", "{\"settled\":-1}", "{\"set-back\":\"1\"}", "{}", "{\"dropped\":[1]}"}) {
+        write(first + line + '\n');
+        const auto opened = openLesson(found, problem);
+        ASSERT_NE(opened, nullptr) << line;
+        EXPECT_TRUE(problem.contains(QStringLiteral("line 3"))) << line;
+        EXPECT_EQ(opened->log().size(), 1U);
+    }
+    write("{\"inkboard\":3,\"size\":[40,30]}\n");
+    EXPECT_EQ(openLesson(found, problem), nullptr) << "one that is not shared has no such version";
+    write("{\"inkboard\":2,\"size\":[40,30]}\n{\"settled\":1}\n");
+    openLesson(found, problem);
+    EXPECT_TRUE(problem.contains(QStringLiteral("line 2"))) << "nor such lines";
 }
 
 TEST(Journal, isAFileThatOutlivesTheProgram)
