@@ -38,6 +38,7 @@ struct Said
         : map(QCborValue::fromCbor(code).toMap())
     {
     }
+    PageId page() const { return map.contains(QLatin1String("page")) ? id("page") : kFirstPage; }
     bool does(const char *deed) const { return map.value(QLatin1String("do")).toString() == QLatin1String(deed); }
     StepId id(const char *key) const
     {
@@ -201,6 +202,8 @@ void Board::act()
         insertPicture();
     else if (m_world.random.oneIn(60))
         m_author->removePage(m_author->page());
+    else if (m_world.random.oneIn(60))
+        undoOfAnother();
     else
         m_acts->actOnce(*m_author);
     if (m_lesson->indexOf(m_author->page()) >= 0)
@@ -211,7 +214,7 @@ void Board::act()
 // One that goes in several pieces.
 void Board::insertPicture()
 {
-    QImage noise(330, 280, QImage::Format_ARGB32);
+    QImage noise(400, 300, QImage::Format_ARGB32);
     quint32 state = quint32(m_world.random.below(1 << 30));
     for (int y = 0; y < noise.height(); ++y) {
         for (int x = 0; x < noise.width(); ++x)
@@ -222,6 +225,18 @@ void Board::insertPicture()
     life.picture = exactImage(noise);
     m_author->insert(life);
     m_author->finish();
+}
+
+// No board of ours does that. It has no effect.
+void Board::undoOfAnother()
+{
+    const auto &ids = m_lesson->ids();
+    const auto stranger =
+        std::find_if(ids.rbegin(), ids.rend(), [this](const StepId &id) { return id.author != m_client->author(); });
+    if (stranger == ids.rend())
+        return;
+    const int number = m_lesson->history().nextNumber(m_client->author());
+    m_lesson->apply({{m_client->author(), number}, number, m_world.now(), kFirstPage, Undo{*stranger}});
 }
 
 void Board::rest()
@@ -268,7 +283,7 @@ void Board::look(const Lesson::LogChange &change)
         if (m_pending > 0)
             m_world.saw(Sight::CameBefore);
         const Hand *hand = m_author ? m_author->hand() : nullptr;
-        if (hand && said.does("remove-page") && said.id("page") == m_author->page())
+        if (hand && said.does("remove-page") && said.page() == m_author->page())
             m_world.saw(Sight::PageGone);
         if (hand && said.does("change") && said.id("object") == hand->held)
             m_world.saw(Sight::OneObjectTwoHands);
@@ -311,7 +326,8 @@ void Board::connectToDoor()
 
 void Board::send(const QByteArray &message)
 {
-    if (message.size() > InkSharing::kLargeBytes) {
+    constexpr int kFewBytes = 8 << 10; // no piece
+    if (message.size() > kFewBytes) {
         InkSharing::ToDoor read;
         QString problem;
         const auto *piece =
@@ -319,7 +335,7 @@ void Board::send(const QByteArray &message)
         if (piece && m_uploads.insert(piece->piece.hash).second && piece->piece.index > 0)
             m_world.saw(Sight::ContentsAnew);
         if (piece && !m_rests && m_world.random.oneIn(2)) // what takes long is cut more often
-            m_world.after(m_world.random.below(3000), [this] { cut(false); });
+            m_world.after(m_world.random.below(6000), [this] { cut(false); });
     }
     if (m_door)
         m_door->fromBoard(m_connection, message);
@@ -342,7 +358,11 @@ Lesson &Board::begin(const Header &header)
     return *m_lesson;
 }
 
-void Board::lostStep(const Lesson::Refusal & /*refusal*/) {}
+// Nothing is done here that a lesson cannot hold.
+void Board::lostStep(const Lesson::Refusal &refusal)
+{
+    m_grievance = QStringLiteral("step %1 was lost: %2").arg(refusal.id.number).arg(refusal.problem);
+}
 
 void Board::heard(int author, const QByteArray &payload)
 {
@@ -367,6 +387,9 @@ QString Board::misses(const Board &other) const
     const bool isTold = other.m_author->actsBefore() != 0 || hand->life.picture.isNull();
     if (isTold && (found->second.taken != other.m_author->taken() || found->second.acts != acts))
         return QStringLiteral("acts in progress are missing");
+    const Hand *seen = m_lesson->page(found->second.page).hand(other.m_client->author());
+    if (seen && other.m_author->actsBefore() == 0 && seen->life.acts.size() != acts)
+        return QStringLiteral("acts in progress came twice");
     return {};
 }
 

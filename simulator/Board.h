@@ -46,6 +46,9 @@ public:
     // What would be found after a kill.
     QByteArray journal();
 
+    // What has happened to it that never may. Empty where nothing has.
+    const QString &grievance() const { return m_grievance; }
+
     void opened() override;
     void received(const QByteArray &message) override;
     void closed() override;
@@ -64,6 +67,7 @@ private:
     void tick(int life);
     void act();
     void insertPicture();
+    void undoOfAnother();
     void noted(const InkLesson::Lesson::LogChange &change);
     void look(const InkLesson::Lesson::LogChange &change);
 
@@ -89,8 +93,9 @@ private:
     int m_connection{};
     qint64 m_syncAt{};
     bool m_rests{};
-    std::size_t m_pending{};        // as far as the log has told
-    std::size_t m_wasSetBack{};     // 1 and what was pending before
+    std::size_t m_pending{};    // as far as the log has told
+    std::size_t m_wasSetBack{}; // 1 and what was pending before
+    QString m_grievance;
     std::set<QByteArray> m_uploads; // on this connection
     std::set<InkLesson::StepId> m_acknowledged;
 };

@@ -7,6 +7,8 @@
 #include "lesson/storage/LessonFile.h"
 
 #include <QtCore/QBuffer>
+#include <QtCore/QCborArray>
+#include <QtCore/QCborMap>
 
 #include <algorithm>
 
@@ -26,6 +28,18 @@ QString pagesDiffer(const Lesson &lesson, const Lesson &plain)
             return QStringLiteral("page %1 is another").arg(i);
         if (lesson.page(id).picture() != plain.page(id).picture() || lesson.page(id).ink() != plain.page(id).ink())
             return QStringLiteral("page %1 differs").arg(i);
+    }
+    return {};
+}
+
+// Of no author an undo has taken what another has done.
+QString undoneByAnother(const Lesson &plain)
+{
+    for (std::size_t i = 0; i < plain.ids().size(); ++i) {
+        const QCborMap map = QCborValue::fromCbor(plain.log()[i]).toMap();
+        const qint64 author = map.value(QLatin1String("of")).toArray().at(0).toInteger();
+        if (author != 0 && author != plain.ids()[i].author && plain.history().isUndo(plain.ids()[i]))
+            return QStringLiteral("somebody has undone another's step");
     }
     return {};
 }
@@ -86,7 +100,10 @@ QString difference(Board &board, const Lesson &plain)
         if (std::count(plain.ids().begin(), plain.ids().end(), id) != 1)
             return QStringLiteral("step %1.%2 was acknowledged and is not there once").arg(id.author).arg(id.number);
     }
-    return journalDiffers(board);
+    const QString undone = undoneByAnother(plain);
+    if (!undone.isEmpty())
+        return undone;
+    return board.grievance().isEmpty() ? journalDiffers(board) : board.grievance();
 }
 
 Tally tallyOf(const std::vector<QByteArray> &stream)

@@ -46,6 +46,24 @@ TEST(Program, printsItsAddressAndEndsWhenItIsAskedTo)
     EXPECT_EQ(door.errors(), kWordsOfMemory + "inkboard-door: is ending\n");
 }
 
+TEST(Program, countsWhatItsDocumentNames)
+{
+    DoorProgram door;
+    ASSERT_TRUE(door.start(kMemory));
+    QFile document{QStringLiteral(SHARING_DOCUMENT)};
+    ASSERT_TRUE(document.open(QIODevice::ReadOnly));
+    const QByteArray named = document.readAll();
+    const QByteArray counted = door.answerTo("/metrics");
+    int metrics = 0;
+    for (const QByteArray &line : counted.split('\n'))
+        if (line.startsWith("# TYPE ")) {
+            ++metrics;
+            EXPECT_TRUE(named.contains('`' + line.split(' ')[2] + '`')) << line.constData();
+        }
+    EXPECT_EQ(metrics, 20);
+    EXPECT_EQ(named.count("`inkboard_"), 20);
+}
+
 TEST(Program, saysWhenAPortIsTaken)
 {
     QTcpServer other;
