@@ -12,8 +12,8 @@ namespace {
 constexpr qint64 kShortWait = 100, kLongWait = 2000; // milliseconds between attempts
 constexpr qint64 kSilence = 5000;                    // milliseconds after which a door is gone
 constexpr qint64 kAliveEvery = 1000;                 // milliseconds
+constexpr qint64 kBusy = 1000;                       // milliseconds between two ticks
 constexpr qint64 kStall = 10000;                     // milliseconds after which what was sent is asked for
-constexpr qint64 kPaintEvery = 500;                  // milliseconds, while much comes at once
 constexpr quint64 kMuch = 200;                       // entries
 constexpr int kLeftOut = 1 << 16;                    // numbers, of steps that a journal may have missed
 
@@ -118,6 +118,8 @@ void Client::giveUp()
 void Client::tick(qint64 now)
 {
     m_now = now;
+    if (now - std::exchange(m_ticked, now) >= kBusy) // this board was busy, and has not listened
+        m_heard = now;
     if (m_state == State::Gone)
         return;
     if (m_state == State::Waiting) {
@@ -138,8 +140,6 @@ void Client::tick(qint64 now)
         hello();
     if (now - m_told >= kAliveEvery)
         send(Alive());
-    if (m_batch && now - m_batchSince >= kPaintEvery)
-        m_batch.reset();
     sendPending();
 }
 
@@ -232,10 +232,8 @@ QByteArray Client::codeOf(const RecordEntry &entry) const
 // A lesson from a journal has some of the records settled already; they come again from the first on.
 void Client::settle(const std::vector<QByteArray> &codes)
 {
-    if (!codes.empty() && m_state == State::CatchingUp && m_last - m_reader.length() > kMuch && !m_batch) {
+    if (!codes.empty() && m_state == State::CatchingUp && m_last - m_reader.length() > kMuch && !m_batch)
         m_batch = std::make_unique<InkLesson::Lesson::Batch>(*m_lesson);
-        m_batchSince = m_now;
-    }
     auto code = codes.begin();
     std::size_t place = m_places.empty() ? 0 : m_places.back();
     for (; code != codes.end() && place < m_lesson->settled() && m_lesson->log()[place] == *code; ++code)

@@ -127,8 +127,7 @@ private:
     ClientHost &m_host;
     const Random m_random;
     InkLesson::Lesson *m_lesson{};
-    std::unique_ptr<InkLesson::Lesson::Batch> m_batch; // while much comes at once
-    qint64 m_batchSince{};
+    std::unique_ptr<InkLesson::Lesson::Batch> m_batch; // while much comes at once: it is painted once
     StreamReader m_reader{StreamReader::Keep::Contents};
     std::vector<std::size_t> m_places;  // in the lesson's log, after each record of the stream that counts
     std::vector<std::size_t> m_counted; // so many records count, after each entry
@@ -137,7 +136,8 @@ private:
     State m_state{State::Waiting};
     Reason m_reason{};
     qint64 m_now{};
-    qint64 m_heard{};    // when the door told something last
+    qint64 m_heard{}; // when the door told something last
+    qint64 m_ticked{};
     qint64 m_told{};     // when it was told something last
     qint64 m_progress{}; // when something that was sent came back last
     qint64 m_retryAt{};
