@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <tuple>
 
 namespace Board {
 
@@ -30,12 +31,42 @@ private:
     QString readSize(CommandLine &line) const;
     QString readWindow(CommandLine &line) const;
     QString readPlay(CommandLine &line) const;
+    QString readSharing(CommandLine &line) const;
+    QString readNumber(const QCommandLineOption &option, int most, int &number) const;
 
-    const QCommandLineOption m_play{QStringLiteral("play"),
-                                    tr("Play the stroke FILEs onto one page, the first lowest, or the first page of a "
-                                       "lesson, instead of opening the window. Needs --png, but no display.")};
+    const QCommandLineOption m_play{
+        QStringLiteral("play"), tr("Play the stroke FILEs onto one page, the first lowest, or the first page of a "
+                                   "lesson, instead of opening the window. Needs --png, but no display. With --share "
+                                   "and --join one FILE is drawn at the pace of a hand.")};
     const QCommandLineOption m_png{QStringLiteral("png"), tr("Write the played page to the PNG file OUT."),
                                    QStringLiteral("OUT")};
+    const QCommandLineOption m_share{QStringLiteral("share"),
+                                     tr("Begin a lesson that others can join, without a window: until --until objects "
+                                        "are on the first page, and everything of this board is with the others.")};
+    const QCommandLineOption m_join{QStringLiteral("join"), tr("Join the lesson of LINK in the same way."),
+                                    QStringLiteral("LINK")};
+    const QCommandLineOption m_door{QStringLiteral("door"),
+                                    tr("Share at the door at ADDRESS, http://HOST:PORT, instead of one of its own."),
+                                    QStringLiteral("ADDRESS")};
+    const QCommandLineOption m_port{QStringLiteral("port"),
+                                    tr("Port of its own door, 4640 without it, any that is free for 0."),
+                                    QStringLiteral("N")};
+    const QCommandLineOption m_linkFile{QStringLiteral("link-file"),
+                                        tr("Write the link into FILE once the lesson can be joined."),
+                                        QStringLiteral("FILE")};
+    const QCommandLineOption m_name{QStringLiteral("name"), tr("What the others see beside what is drawn here."),
+                                    QStringLiteral("NAME")};
+    const QCommandLineOption m_pace{
+        QStringLiteral("pace"), tr("Draw N points a second, 120 without it, all at once for 0."), QStringLiteral("N")};
+    const QCommandLineOption m_until{QStringLiteral("until"), tr("Objects on the first page, by whomever."),
+                                     QStringLiteral("N")};
+    const QCommandLineOption m_timeout{QStringLiteral("timeout"),
+                                       tr("Seconds, 120 without it, after which it ends with 1."), QStringLiteral("N")};
+    const QCommandLineOption m_latency{
+        QStringLiteral("record-latency"),
+        tr("Write a line into FILE for each object of others: its author, its number, and the milliseconds from its "
+           "last point to its pixels here."),
+        QStringLiteral("FILE")};
     const QCommandLineOption m_export{QStringLiteral("export"),
                                       tr("Write the page to the PNG file OUT when the window is closed."),
                                       QStringLiteral("OUT")};
@@ -60,7 +91,8 @@ Reader::Reader()
 {
     m_parser.setApplicationDescription(
         tr("A whiteboard for the classroom. It ends with 0, or with 2 after one line that says what is wrong."));
-    m_parser.addOptions({m_play, m_png, m_export, m_tool, m_size, m_help, m_version});
+    m_parser.addOptions({m_play, m_png, m_export, m_tool, m_size, m_share, m_join, m_door, m_port, m_linkFile, m_name,
+                         m_pace, m_until, m_timeout, m_latency, m_help, m_version});
     m_parser.addPositionalArgument(
         QStringLiteral("FILE"),
         tr("A lesson (.inkboard); with --play it may be drawings of recorded strokes (JSON) instead."),
@@ -81,8 +113,11 @@ std::optional<CommandLine> Reader::read(const QStringList &arguments, QString &e
                                                                            QCoreApplication::applicationVersion());
         return line;
     }
-    for (const auto read :
-         {&Reader::readTool, &Reader::readSize, m_parser.isSet(m_play) ? &Reader::readPlay : &Reader::readWindow}) {
+    const bool isShared = m_parser.isSet(m_share) || m_parser.isSet(m_join);
+    for (const auto read : {&Reader::readTool, &Reader::readSize,
+                            isShared                 ? &Reader::readSharing
+                            : m_parser.isSet(m_play) ? &Reader::readPlay
+                                                     : &Reader::readWindow}) {
         error = (this->*read)(line);
         if (!error.isEmpty())
             return std::nullopt;
@@ -139,11 +174,55 @@ QString Reader::readPlay(CommandLine &line) const
     return {};
 }
 
+// A number that is not given stays as it is.
+QString Reader::readNumber(const QCommandLineOption &option, int most, int &number) const
+{
+    if (!m_parser.isSet(option))
+        return {};
+    bool isNumber = false;
+    number = m_parser.value(option).toInt(&isNumber);
+    return isNumber && number >= 0 && number <= most ? QString()
+                                                     : tr("--%1 %2: not a number up to %3")
+                                                           .arg(option.names().constFirst(), m_parser.value(option))
+                                                           .arg(most);
+}
+
+QString Reader::readSharing(CommandLine &line) const
+{
+    constexpr int kMostPort = 65535, kMostPoints = 10000, kMostObjects = 1000000, kMostSeconds = 100000;
+    line.task = CommandLine::Task::HoldLesson;
+    SharingOrder &order = line.share;
+    const QStringList files = m_parser.positionalArguments();
+    if (m_parser.isSet(m_share) && m_parser.isSet(m_join))
+        return tr("--share and --join: only one of them");
+    if (files.size() > 1 || (!files.isEmpty() && !m_parser.isSet(m_play)))
+        return tr("%1: --share and --join draw one file, with --play").arg(files.constLast());
+    order.isJoining = m_parser.isSet(m_join);
+    order.link = m_parser.value(m_join);
+    order.door = m_parser.value(m_door);
+    order.linkFile = m_parser.value(m_linkFile);
+    order.name = m_parser.value(m_name);
+    order.strokes = files.value(0);
+    order.tool = line.tool;
+    order.png = m_parser.value(m_png);
+    order.latencyFile = m_parser.value(m_latency);
+    if (!line.tool->kind)
+        return tr("--tool %1: nothing to draw with").arg(m_parser.value(m_tool));
+    for (const auto &[option, most, number] :
+         {std::tuple(&m_port, kMostPort, &order.port), std::tuple(&m_pace, kMostPoints, &order.pace),
+          std::tuple(&m_until, kMostObjects, &order.until), std::tuple(&m_timeout, kMostSeconds, &order.timeout)}) {
+        const QString problem = readNumber(*option, most, *number);
+        if (!problem.isEmpty())
+            return problem;
+    }
+    return {};
+}
+
 } // namespace
 
 bool needsNoDisplay(int argc, char **argv)
 {
-    constexpr const char *kWords[] = {"--play", "--help", "-h", "--version", "-v"};
+    constexpr const char *kWords[] = {"--play", "--share", "--join", "--help", "-h", "--version", "-v"};
     return std::any_of(argv, argv + argc, [&](const char *argument) {
         return std::any_of(std::begin(kWords), std::end(kWords),
                            [&](const char *word) { return std::strcmp(argument, word) == 0; });

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "board/playing/Player.h"
+#include "board/sharing/HeadlessLesson.h"
 
 #include <QtCore/QSize>
 #include <QtCore/QString>
@@ -15,10 +16,11 @@ struct Tool;
 // What the program is asked to do.
 struct CommandLine
 {
-    enum class Task { ShowWindow, Play, ShowText };
+    enum class Task { ShowWindow, Play, HoldLesson, ShowText };
 
     Task task{Task::ShowWindow};
     PlayOrder play;     // for Play
+    SharingOrder share; // for HoldLesson
     const Tool *tool{}; // first tool of the window
     QSize pageSize;     // first size of the page in the window
     QString lessonFile; // opened in the window; may be empty

@@ -18,6 +18,7 @@ using namespace Board;
 namespace {
 
 constexpr int kFailed = 2;
+constexpr int kUnheld = 1; // a lesson that was not held to its end
 
 // Makes do without a display and without a desktop, for a script or a service.
 class Offscreen
@@ -36,12 +37,12 @@ private:
     const QTemporaryDir m_runtime;
 };
 
-int ended(const QString &problem)
+int ended(const QString &problem, int failed = kFailed)
 {
     if (problem.isEmpty())
         return EXIT_SUCCESS;
     QTextStream(stderr) << problem << '\n';
-    return kFailed;
+    return failed;
 }
 
 int showWindow(const CommandLine &line)
@@ -73,6 +74,8 @@ int run(const CommandLine &line)
         return EXIT_SUCCESS;
     case CommandLine::Task::Play:
         return ended(playFiles(line.play));
+    case CommandLine::Task::HoldLesson:
+        return ended(holdLesson(line.share), kUnheld);
     case CommandLine::Task::ShowWindow:
         break;
     }

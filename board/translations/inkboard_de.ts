@@ -192,12 +192,68 @@
         <translation>Pixel der Seite, höchstens %1 je Kante und %2 insgesamt. Ohne Angabe 1280x800 im Fenster, mit dem sie wächst und wo sie die Pixel eines skalierten Bildschirms hat, und so groß wie die größte FILE bei --play. Eine Stunde hat ihre eigene.</translation>
     </message>
     <message>
-        <source>Play the stroke FILEs onto one page, the first lowest, or the first page of a lesson, instead of opening the window. Needs --png, but no display.</source>
-        <translation>Die Strichdateien FILE auf eine Seite zeichnen, die erste zuunterst, oder die erste Seite einer Stunde, statt das Fenster zu öffnen. Braucht --png, aber keinen Bildschirm.</translation>
-    </message>
-    <message>
         <source>A lesson (.inkboard); with --play it may be drawings of recorded strokes (JSON) instead.</source>
         <translation>Eine Stunde (.inkboard); mit --play auch Zeichnungen aus aufgezeichneten Strichen (JSON).</translation>
+    </message>
+    <message>
+        <source>Play the stroke FILEs onto one page, the first lowest, or the first page of a lesson, instead of opening the window. Needs --png, but no display. With --share and --join one FILE is drawn at the pace of a hand.</source>
+        <translation>Die Strichdateien FILE auf eine Seite zeichnen, die erste zuunterst, oder die erste Seite einer Stunde, statt das Fenster zu öffnen. Braucht --png, aber keinen Bildschirm. Mit --share und --join wird eine FILE im Tempo einer Hand gezeichnet.</translation>
+    </message>
+    <message>
+        <source>Begin a lesson that others can join, without a window: until --until objects are on the first page, and everything of this board is with the others.</source>
+        <translation>Ohne Fenster eine Stunde beginnen, der andere beitreten können: bis --until Objekte auf der ersten Seite sind und alles von dieser Tafel bei den anderen ist.</translation>
+    </message>
+    <message>
+        <source>Join the lesson of LINK in the same way.</source>
+        <translation>Der Stunde von LINK auf die gleiche Weise beitreten.</translation>
+    </message>
+    <message>
+        <source>Share at the door at ADDRESS, http://HOST:PORT, instead of one of its own.</source>
+        <translation>Über den Türdienst unter ADDRESS teilen, http://HOST:PORT, statt über einen eigenen.</translation>
+    </message>
+    <message>
+        <source>Port of its own door, 4640 without it, any that is free for 0.</source>
+        <translation>Port des eigenen Türdienstes, ohne Angabe 4640, ein freier bei 0.</translation>
+    </message>
+    <message>
+        <source>Write the link into FILE once the lesson can be joined.</source>
+        <translation>Den Link in die Datei FILE schreiben, sobald man der Stunde beitreten kann.</translation>
+    </message>
+    <message>
+        <source>What the others see beside what is drawn here.</source>
+        <translation>Was die anderen neben dem sehen, was hier gezeichnet wird.</translation>
+    </message>
+    <message>
+        <source>Draw N points a second, 120 without it, all at once for 0.</source>
+        <translation>N Punkte je Sekunde zeichnen, ohne Angabe 120, bei 0 alle auf einmal.</translation>
+    </message>
+    <message>
+        <source>Objects on the first page, by whomever.</source>
+        <translation>Objekte auf der ersten Seite, von wem auch immer.</translation>
+    </message>
+    <message>
+        <source>Seconds, 120 without it, after which it ends with 1.</source>
+        <translation>Sekunden, ohne Angabe 120, nach denen das Programm mit 1 endet.</translation>
+    </message>
+    <message>
+        <source>Write a line into FILE for each object of others: its author, its number, and the milliseconds from its last point to its pixels here.</source>
+        <translation>Für jedes Objekt der anderen eine Zeile in die Datei FILE schreiben: seinen Autor, seine Nummer und die Millisekunden von seinem letzten Punkt bis zu seinen Pixeln hier.</translation>
+    </message>
+    <message>
+        <source>--%1 %2: not a number up to %3</source>
+        <translation>--%1 %2: keine Zahl bis %3</translation>
+    </message>
+    <message>
+        <source>--share and --join: only one of them</source>
+        <translation>--share und --join: nur eines von beiden</translation>
+    </message>
+    <message>
+        <source>%1: --share and --join draw one file, with --play</source>
+        <translation>%1: --share und --join zeichnen eine Datei, mit --play</translation>
+    </message>
+    <message>
+        <source>--tool %1: nothing to draw with</source>
+        <translation>--tool %1: damit lässt sich nichts zeichnen</translation>
     </message>
 </context>
 <context>
@@ -251,6 +307,21 @@
     <message>
         <source>%1: another program has changed it since. Save under another name.</source>
         <translation>%1: ein anderes Programm hat sie inzwischen geändert. Speichern Sie unter einem anderen Namen.</translation>
+    </message>
+</context>
+<context>
+    <name>Board::DoorProcess</name>
+    <message>
+        <source>the door cannot be started: %1</source>
+        <translation>der Türdienst lässt sich nicht starten: %1</translation>
+    </message>
+    <message>
+        <source>the door has ended</source>
+        <translation>der Türdienst hat sich beendet</translation>
+    </message>
+    <message>
+        <source>inkboard-door is not installed</source>
+        <translation>inkboard-door ist nicht installiert</translation>
     </message>
 </context>
 <context>
@@ -322,6 +393,37 @@
     <message>
         <source>Save elsewhere…</source>
         <translation>Woanders speichern …</translation>
+    </message>
+</context>
+<context>
+    <name>Board::HeadlessLesson</name>
+    <message>
+        <source>it took longer than %1 s; %2</source>
+        <translation>es dauerte länger als %1 s; %2</translation>
+    </message>
+    <message>
+        <source>%1: no link to a lesson</source>
+        <translation>%1: kein Link zu einer Stunde</translation>
+    </message>
+    <message>
+        <source>%1: cannot be written: %2</source>
+        <translation>%1: nicht beschreibbar: %2</translation>
+    </message>
+    <message>
+        <source>nats-server is not installed: the lesson is in the door&apos;s memory until that ends</source>
+        <translation>nats-server ist nicht installiert: die Stunde ist nur im Speicher des Türdienstes, bis er endet</translation>
+    </message>
+    <message>
+        <source>the door does not let this board in (%1)</source>
+        <translation>der Türdienst lässt diese Tafel nicht herein (%1)</translation>
+    </message>
+    <message>
+        <source>there is no lesson yet</source>
+        <translation>es gibt noch keine Stunde</translation>
+    </message>
+    <message>
+        <source>%1 of %2 objects are there, %3 steps are not with the others</source>
+        <translation>%1 von %2 Objekten sind da, %3 Schritte sind nicht bei den anderen</translation>
     </message>
 </context>
 <context>
