@@ -11,6 +11,9 @@ namespace Simulator {
 
 class FaultyStream;
 
+// Sees messages, of boards and of doors.
+using Tap = std::function<void(bool isToDoor, const QByteArray &message)>;
+
 // What all doors' engines have in common: one server, which may be down, and whose disk may lose its last minute.
 struct Server
 {
@@ -20,6 +23,7 @@ struct Server
     }
 
     World &world;
+    Tap tap{};
     InkSharing::MemoryStore store;
     bool isUp{true};
     bool isFaulty{true};

@@ -83,6 +83,8 @@ void DoorProcess::fromBoard(int connection, const QByteArray &message)
     Wire *way = wire(connection);
     if (!way)
         return;
+    if (m_server.tap)
+        m_server.tap(true, message);
     way->busyBefore = std::max(way->busyBefore, m_world.now()) + 1000 * message.size() / way->bytesPerSecond;
     way->toDoor->send(way->busyBefore - m_world.now() + delay(*way), [this, connection, message] {
         if (m_door && wire(connection))
@@ -95,6 +97,8 @@ void DoorProcess::send(int connection, const QByteArray &message)
     Wire *way = wire(connection);
     if (!way)
         return;
+    if (m_server.tap)
+        m_server.tap(false, message);
     way->unsent += message.size();
     way->busyUntil = std::max(way->busyUntil, m_world.now()) + 1000 * message.size() / way->bytesPerSecond;
     m_world.at(way->busyUntil, [this, connection, message] {

@@ -16,12 +16,13 @@ constexpr qint64 kQuiet = 180000;     // milliseconds in which all must have com
 class Simulation
 {
 public:
-    Simulation(unsigned seed, const QString &folder)
+    Simulation(unsigned seed, const QString &folder, const Tap &tap)
         : m_world(seed * 7919 + 1)
         , m_server(m_world)
         , m_folder(folder)
     {
         Random &random = m_world.random;
+        m_server.tap = tap;
         m_server.slowness = random.of({2, 40, 300, 1500});
         for (int doors = random.from(1, 3); doors > 0; --doors)
             m_doors.push_back(std::make_unique<DoorProcess>(m_world, m_server));
@@ -223,9 +224,9 @@ private:
 
 } // namespace
 
-Outcome simulate(unsigned seed, const QString &folder)
+Outcome simulate(unsigned seed, const QString &folder, const Tap &tap)
 {
-    return Simulation(seed, folder).run();
+    return Simulation(seed, folder, tap).run();
 }
 
 } // namespace Simulator

@@ -16,7 +16,7 @@ struct Outcome
     qint64 milliseconds{}; // of virtual time
 };
 
-// A teacher, pupils, doors and an engine on one clock, and all that may happen to them.
-Outcome simulate(unsigned seed, const QString &folder);
+// A teacher, pupils, doors and an engine on one clock, and all that may happen to them. `tap` sees every message.
+Outcome simulate(unsigned seed, const QString &folder, const Tap &tap = {});
 
 } // namespace Simulator

@@ -3,6 +3,7 @@
 #include "lesson/log/RecordReader.h"
 
 #include <algorithm>
+#include <iterator>
 #include <utility>
 
 namespace InkSharing {
@@ -12,10 +13,11 @@ namespace {
 constexpr qint64 kShortWait = 100, kLongWait = 2000; // milliseconds between attempts
 constexpr qint64 kSilence = 5000;                    // milliseconds after which a door is gone
 constexpr qint64 kAliveEvery = 1000;                 // milliseconds
+constexpr qint64 kBusy = 1000;                       // milliseconds between two ticks
 constexpr qint64 kStall = 10000;                     // milliseconds after which what was sent is asked for
-constexpr qint64 kPaintEvery = 500;                  // milliseconds, while much comes at once
-constexpr quint64 kMuch = 200;                       // entries
-constexpr int kLeftOut = 1 << 16;                    // numbers, of steps that a journal may have missed
+constexpr qint64 kMissing = 3000; // milliseconds that others have to bring back what the stream has lost
+constexpr quint64 kMuch = 200;    // entries
+constexpr int kLeftOut = 1 << 16; // numbers, of steps that a journal may have missed
 
 std::vector<int> authorsOf(const Client::Settings &settings)
 {
@@ -118,6 +120,8 @@ void Client::giveUp()
 void Client::tick(qint64 now)
 {
     m_now = now;
+    if (now - std::exchange(m_ticked, now) >= kBusy) // this board was busy, and has not listened
+        m_heard = now;
     if (m_state == State::Gone)
         return;
     if (m_state == State::Waiting) {
@@ -138,8 +142,6 @@ void Client::tick(qint64 now)
         hello();
     if (now - m_told >= kAliveEvery)
         send(Alive());
-    if (m_batch && now - m_batchSince >= kPaintEvery)
-        m_batch.reset();
     sendPending();
 }
 
@@ -187,8 +189,14 @@ void Client::setBackTo(std::size_t records)
 {
     m_places.resize(records);
     const std::size_t place = records == 0 ? 0 : m_places.back();
-    if (m_lesson && place < m_lesson->settled())
-        tell(m_lesson->setBack(place, [this](int author) { return isMine(author); }));
+    if (!m_lesson || place >= m_lesson->settled())
+        return;
+    const auto &ids = m_lesson->ids();
+    std::copy_if(ids.begin() + std::ptrdiff_t(place), ids.begin() + std::ptrdiff_t(m_lesson->settled()),
+                 std::inserter(m_missing, m_missing.end()),
+                 [this](const InkLesson::StepId &id) { return !isMine(id.author); });
+    m_missingUntil = m_now + kMissing;
+    tell(m_lesson->setBack(place, [this](int author) { return isMine(author); }));
 }
 
 void Client::take(const Entries &entries)
@@ -232,10 +240,8 @@ QByteArray Client::codeOf(const RecordEntry &entry) const
 // A lesson from a journal has some of the records settled already; they come again from the first on.
 void Client::settle(const std::vector<QByteArray> &codes)
 {
-    if (!codes.empty() && m_state == State::CatchingUp && m_last - m_reader.length() > kMuch && !m_batch) {
+    if (!codes.empty() && m_state == State::CatchingUp && m_last - m_reader.length() > kMuch && !m_batch)
         m_batch = std::make_unique<InkLesson::Lesson::Batch>(*m_lesson);
-        m_batchSince = m_now;
-    }
     auto code = codes.begin();
     std::size_t place = m_places.empty() ? 0 : m_places.back();
     for (; code != codes.end() && place < m_lesson->settled() && m_lesson->log()[place] == *code; ++code)

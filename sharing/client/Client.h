@@ -93,6 +93,7 @@ private:
     {
         InkLesson::StepId id;
         Detached detached;
+        std::vector<InkLesson::StepId> named{}; // pages and objects of others that it builds on
     };
 
     void take(const Welcome &welcome);
@@ -121,14 +122,14 @@ private:
     void arrived(const Entry &entry);
     void note(const Sent &sent);
     bool isWindowFull() const;
+    bool mustWait() const;
 
     const Settings m_settings;
     const std::vector<int> m_authors;
     ClientHost &m_host;
     const Random m_random;
     InkLesson::Lesson *m_lesson{};
-    std::unique_ptr<InkLesson::Lesson::Batch> m_batch; // while much comes at once
-    qint64 m_batchSince{};
+    std::unique_ptr<InkLesson::Lesson::Batch> m_batch; // while much comes at once: it is painted once
     StreamReader m_reader{StreamReader::Keep::Contents};
     std::vector<std::size_t> m_places;  // in the lesson's log, after each record of the stream that counts
     std::vector<std::size_t> m_counted; // so many records count, after each entry
@@ -137,7 +138,8 @@ private:
     State m_state{State::Waiting};
     Reason m_reason{};
     qint64 m_now{};
-    qint64 m_heard{};    // when the door told something last
+    qint64 m_heard{}; // when the door told something last
+    qint64 m_ticked{};
     qint64 m_told{};     // when it was told something last
     qint64 m_progress{}; // when something that was sent came back last
     qint64 m_retryAt{};
@@ -148,7 +150,9 @@ private:
     std::optional<InkLesson::StepId> m_lastSent; // of records on this connection
     qint64 m_onItsWay{};                         // bytes
     Outgoing m_outgoing{};
-    bool m_mustGreet{}; // what was sent may not count
+    std::unordered_set<InkLesson::StepId> m_missing; // steps of others that the stream has lost
+    qint64 m_missingUntil{};                         // when they are not waited for any more
+    bool m_mustGreet{};                              // what was sent may not count
 };
 
 } // namespace InkSharing
