@@ -47,7 +47,7 @@ private:
         std::unique_ptr<QWebSocket> socket;
         qint64 movedAt{}; // ms: when it last wrote something, or had nothing to write
         qint64 closeBy{}; // ms; 0 while it is open
-        bool isKnown{}; // has sent a message
+        bool isKnown{};   // has sent a message
         bool isCutOff{};
     };
 
