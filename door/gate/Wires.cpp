@@ -31,8 +31,16 @@ Wires::Wires(Listener listener)
 
 Wires::~Wires()
 {
-    for (const auto &[connection, wire] : m_wires)
+    clear();
+}
+
+void Wires::clear()
+{
+    for (const auto &[connection, wire] : m_wires) {
         wire.socket->disconnect(this);
+        wire.socket->abort();
+    }
+    m_wires.clear();
 }
 
 void Wires::add(std::unique_ptr<QWebSocket> socket)
@@ -137,12 +145,6 @@ void Wires::tick()
         if (isStuck || (wire.closeBy != 0 && now > wire.closeBy))
             cutOff(connection);
     }
-}
-
-void Wires::closeAll()
-{
-    for (const auto &[connection, wire] : m_wires)
-        close(connection);
 }
 
 } // namespace InkDoor

@@ -23,6 +23,8 @@ protected:
         ticks.start(100);
     }
 
+    void TearDown() override { wires.clear(); }
+
     std::unique_ptr<QWebSocket> board()
     {
         const std::size_t before = connected.size();
