@@ -8,10 +8,18 @@ namespace InkDoor {
 
 namespace {
 
-constexpr qint64 kLongestStandstill = 10'000; // ms with something to be written
-constexpr qint64 kLongestClosing = 5'000;     // ms
-constexpr qint64 kMostUnsent = 16 << 20;      // bytes; the door sends far less ahead
-constexpr qint64 kReadAhead = 2 * (1 << 20);  // bytes; a whole frame has to fit
+constexpr qint64 kLongestStandstill = 10'000;    // ms with something to be written
+constexpr qint64 kLongestClosing = 5'000;        // ms
+constexpr qint64 kMostUnsent = 16 << 20;         // bytes; the door sends far less ahead
+constexpr quint64 kMostGreetingBytes = 16 << 10; // the first message, of whoever it is
+
+// A whole frame has to fit into what is read ahead.
+void setMostBytes(QWebSocket &socket, quint64 bytes)
+{
+    socket.setReadBufferSize(static_cast<qint64>(2 * bytes));
+    socket.setMaxAllowedIncomingFrameSize(bytes);
+    socket.setMaxAllowedIncomingMessageSize(bytes);
+}
 
 } // namespace
 
@@ -23,8 +31,16 @@ Wires::Wires(Listener listener)
 
 Wires::~Wires()
 {
-    for (const auto &[connection, wire] : m_wires)
+    clear();
+}
+
+void Wires::clear()
+{
+    for (const auto &[connection, wire] : m_wires) {
         wire.socket->disconnect(this);
+        wire.socket->abort();
+    }
+    m_wires.clear();
 }
 
 void Wires::add(std::unique_ptr<QWebSocket> socket)
@@ -32,10 +48,8 @@ void Wires::add(std::unique_ptr<QWebSocket> socket)
     const int connection = ++m_last;
     QWebSocket *const added = socket.get();
     added->setParent(nullptr);
-    added->setReadBufferSize(kReadAhead);
-    added->setMaxAllowedIncomingFrameSize(InkSharing::kMostMessageBytes);
-    added->setMaxAllowedIncomingMessageSize(InkSharing::kMostMessageBytes);
-    m_wires[connection] = {std::move(socket), m_clock.elapsed(), 0, false};
+    setMostBytes(*added, kMostGreetingBytes);
+    m_wires[connection] = {std::move(socket), m_clock.elapsed(), 0, false, false};
     connect(added, &QWebSocket::binaryMessageReceived, this,
             [this, connection](const QByteArray &message) { received(connection, message); });
     connect(added, &QWebSocket::textMessageReceived, this, [this, connection] { cutOff(connection); });
@@ -50,8 +64,11 @@ void Wires::add(std::unique_ptr<QWebSocket> socket)
 void Wires::received(int connection, const QByteArray &message)
 {
     const auto wire = m_wires.find(connection);
-    if (wire != m_wires.end() && wire->second.closeBy == 0 && !wire->second.isCutOff)
-        m_listener.received(connection, message);
+    if (wire == m_wires.end() || wire->second.closeBy != 0 || wire->second.isCutOff)
+        return;
+    if (!std::exchange(wire->second.isKnown, true))
+        setMostBytes(*wire->second.socket, InkSharing::kMostMessageBytes);
+    m_listener.received(connection, message);
 }
 
 void Wires::written(int connection)
@@ -128,12 +145,6 @@ void Wires::tick()
         if (isStuck || (wire.closeBy != 0 && now > wire.closeBy))
             cutOff(connection);
     }
-}
-
-void Wires::closeAll()
-{
-    for (const auto &[connection, wire] : m_wires)
-        close(connection);
 }
 
 } // namespace InkDoor

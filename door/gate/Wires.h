@@ -31,7 +31,10 @@ public:
 
     void add(std::unique_ptr<QWebSocket> socket);
     void tick();
-    void closeAll();
+
+    // Ends all without a word. To be called before the gate goes: it is Qt's server of WebSockets that takes away what
+    // lies below one.
+    void clear();
 
     int count() const { return static_cast<int>(m_wires.size()); }
     qint64 unsentBytes() const;
@@ -47,6 +50,7 @@ private:
         std::unique_ptr<QWebSocket> socket;
         qint64 movedAt{}; // ms: when it last wrote something, or had nothing to write
         qint64 closeBy{}; // ms; 0 while it is open
+        bool isKnown{};   // has sent a message
         bool isCutOff{};
     };
 

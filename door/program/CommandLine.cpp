@@ -110,7 +110,7 @@ QString Reader::readEngine(CommandLine &line, const QString &usual) const
     if (line.engine == kMemory)
         line.engine.clear();
     for (const QString &address : line.engine.split(QLatin1Char(','), Qt::SkipEmptyParts))
-        if (!address.startsWith(QStringLiteral("nats://")) && !address.startsWith(QStringLiteral("tls://")))
+        if (!address.startsWith(QStringLiteral("nats://")))
             return QStringLiteral("--engine takes nats://HOST:PORT, or memory");
     const auto replicas = readNumber(m_parser.value(m_replicas), 1, kMostReplicas);
     if (!replicas)

@@ -36,6 +36,7 @@ Program::Program(const CommandLine &line)
 
 Program::~Program()
 {
+    m_wires.clear();
     m_gate.reset();
     m_door.reset();
     m_timed.reset();

@@ -6,6 +6,7 @@
 #include <QtCore/QLoggingCategory>
 #include <QtCore/QTextStream>
 
+#include <csignal>
 #include <sys/resource.h>
 
 using namespace InkDoor;
@@ -40,6 +41,7 @@ int main(int argc, char **argv)
         return line ? EXIT_SUCCESS : kWrong;
     }
     raiseHandleLimit();
+    ::signal(SIGPIPE, SIG_IGN); // whoever reads the log may go
     const EndSignal signal;
     Program program{*line};
     QObject::connect(&signal, &EndSignal::asked, &program, &Program::end);

@@ -138,13 +138,11 @@ void Journal::note(const Lesson::LogChange &change)
 
 bool Journal::writeLines()
 {
-    for (; !m_lines.empty(); m_lines.pop_front()) {
-        if (!m_file->append(m_lines.front()))
-            return false;
-        m_isEmpty = false;
-        m_isDue = true;
-    }
-    return true;
+    const std::size_t before = m_lines.size();
+    while (!m_lines.empty() && m_file->append(m_lines.front()))
+        m_lines.pop_front();
+    m_isDue = m_isDue || m_lines.size() < before;
+    return m_lines.empty();
 }
 
 void Journal::sync()

@@ -3,6 +3,7 @@
 #include "lesson/log/RecordReader.h"
 
 #include <algorithm>
+#include <iterator>
 #include <utility>
 
 namespace InkSharing {
@@ -14,8 +15,9 @@ constexpr qint64 kSilence = 5000;                    // milliseconds after which
 constexpr qint64 kAliveEvery = 1000;                 // milliseconds
 constexpr qint64 kBusy = 1000;                       // milliseconds between two ticks
 constexpr qint64 kStall = 10000;                     // milliseconds after which what was sent is asked for
-constexpr quint64 kMuch = 200;                       // entries
-constexpr int kLeftOut = 1 << 16;                    // numbers, of steps that a journal may have missed
+constexpr qint64 kMissing = 3000; // milliseconds that others have to bring back what the stream has lost
+constexpr quint64 kMuch = 200;    // entries
+constexpr int kLeftOut = 1 << 16; // numbers, of steps that a journal may have missed
 
 std::vector<int> authorsOf(const Client::Settings &settings)
 {
@@ -187,8 +189,14 @@ void Client::setBackTo(std::size_t records)
 {
     m_places.resize(records);
     const std::size_t place = records == 0 ? 0 : m_places.back();
-    if (m_lesson && place < m_lesson->settled())
-        tell(m_lesson->setBack(place, [this](int author) { return isMine(author); }));
+    if (!m_lesson || place >= m_lesson->settled())
+        return;
+    const auto &ids = m_lesson->ids();
+    std::copy_if(ids.begin() + std::ptrdiff_t(place), ids.begin() + std::ptrdiff_t(m_lesson->settled()),
+                 std::inserter(m_missing, m_missing.end()),
+                 [this](const InkLesson::StepId &id) { return !isMine(id.author); });
+    m_missingUntil = m_now + kMissing;
+    tell(m_lesson->setBack(place, [this](int author) { return isMine(author); }));
 }
 
 void Client::take(const Entries &entries)

@@ -93,6 +93,7 @@ private:
     {
         InkLesson::StepId id;
         Detached detached;
+        std::vector<InkLesson::StepId> named{}; // pages and objects of others that it builds on
     };
 
     void take(const Welcome &welcome);
@@ -121,6 +122,7 @@ private:
     void arrived(const Entry &entry);
     void note(const Sent &sent);
     bool isWindowFull() const;
+    bool mustWait() const;
 
     const Settings m_settings;
     const std::vector<int> m_authors;
@@ -148,7 +150,9 @@ private:
     std::optional<InkLesson::StepId> m_lastSent; // of records on this connection
     qint64 m_onItsWay{};                         // bytes
     Outgoing m_outgoing{};
-    bool m_mustGreet{}; // what was sent may not count
+    std::unordered_set<InkLesson::StepId> m_missing; // steps of others that the stream has lost
+    qint64 m_missingUntil{};                         // when they are not waited for any more
+    bool m_mustGreet{};                              // what was sent may not count
 };
 
 } // namespace InkSharing

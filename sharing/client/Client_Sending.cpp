@@ -2,6 +2,10 @@
 
 #include "sharing/client/Client.h"
 
+#include "sharing/wire/Fields.h"
+
+#include <QtCore/QCborValue>
+
 #include <algorithm>
 #include <utility>
 
@@ -12,7 +16,30 @@ namespace {
 constexpr qint64 kMostOnItsWay = 1 << 20; // bytes
 constexpr std::size_t kMostSent = 256;    // records and pieces
 
+std::vector<InkLesson::StepId> namesIn(const QByteArray &record)
+{
+    const QCborMap map = QCborValue::fromCbor(record).toMap();
+    QCborArray values = map.value(QLatin1String("objects")).toArray();
+    for (const char *key : {"page", "object", "above"})
+        values.append(map.value(QLatin1String(key)));
+    std::vector<InkLesson::StepId> names;
+    for (const QCborValue value : values) {
+        InkLesson::StepId id;
+        if (readId(value, id))
+            names.push_back(id);
+    }
+    return names;
+}
+
 } // namespace
+
+// Where the stream has lost its end, each board brings its own back. A step comes after those that it builds on, or it
+// would have no effect; but who does not come back is not waited for.
+bool Client::mustWait() const
+{
+    const auto isMissing = [this](const InkLesson::StepId &id) { return m_missing.count(id) != 0; };
+    return m_now < m_missingUntil && std::any_of(m_outgoing.named.begin(), m_outgoing.named.end(), isMissing);
+}
 
 bool Client::isWindowFull() const
 {
@@ -38,8 +65,12 @@ bool Client::sendNext(Append &append)
                                    [this](const InkLesson::StepId &id) { return m_sentRecords.count(id) == 0; });
     if (next == ids.end() || isWindowFull())
         return false;
-    if (m_outgoing.id != *next)
+    if (m_outgoing.id != *next) {
         m_outgoing = {*next, detached(m_lesson->log()[std::size_t(next - ids.begin())])};
+        m_outgoing.named = namesIn(m_outgoing.detached.record);
+    }
+    if (mustWait())
+        return false;
     const Detached &record = m_outgoing.detached;
     if (record.record.size() > kMostRecordBytes || record.hashes.size() > std::size_t(kMostContents)) {
         const InkLesson::StepId id = *next;
@@ -111,6 +142,8 @@ void Client::arrived(const Entry &entry)
 {
     const auto *record = std::get_if<RecordEntry>(&entry);
     const auto *piece = std::get_if<PieceEntry>(&entry);
+    if (record)
+        m_missing.erase(record->id);
     const auto found = std::find_if(m_sent.begin(), m_sent.end(), [&](const Sent &sent) {
         return (record && sent.id == record->id) ||
                (piece && piece->author == author() && sent.hash == piece->hash && sent.index == piece->index);

@@ -49,6 +49,7 @@ void DoorLesson::open(Engine::Open how)
     m_isCreating = how == Engine::Open::Create;
     m_isCaughtUp = false;
     m_entries.clear();
+    m_batch = {};
     m_reader = StreamReader();
     m_stream.reset();
     m_stream = m_engine.open(m_name, how, *this);
@@ -267,16 +268,27 @@ void DoorLesson::pump(int connection)
         return;
     Guest &guest = found->second;
     while (guest.next < m_entries.size() && m_outlet.unsent(connection) < kMostUnsent) {
-        Entries batch{guest.next, {}};
-        for (qint64 bytes = 0; guest.next < m_entries.size() && batch.entries.size() < kMostBatchEntries;
-             ++guest.next) {
-            bytes += m_entries[guest.next].size();
-            if (bytes > kMostBatchBytes && !batch.entries.empty())
-                break;
-            batch.entries.push_back(m_entries[guest.next]);
-        }
-        m_outlet.send(connection, batch);
+        const Batch &batch = batchFrom(guest.next);
+        guest.next = batch.end;
+        m_outlet.sendBytes(connection, batch.message);
     }
+}
+
+// The message of the entries from a place on. All who are as far get the same one.
+const DoorLesson::Batch &DoorLesson::batchFrom(std::size_t from)
+{
+    if (m_batch.from == from && m_batch.known == m_entries.size())
+        return m_batch;
+    Entries batch{from, {}};
+    std::size_t end = from;
+    for (qint64 bytes = 0; end < m_entries.size() && batch.entries.size() < kMostBatchEntries; ++end) {
+        bytes += m_entries[end].size();
+        if (bytes > kMostBatchBytes && !batch.entries.empty())
+            break;
+        batch.entries.push_back(m_entries[end]);
+    }
+    m_batch = {from, end, m_entries.size(), encoded(FromDoor(batch))};
+    return m_batch;
 }
 
 void DoorLesson::turnAway(int connection, Reason reason)

@@ -54,7 +54,15 @@ private:
         qint64 onItsWay{};        // bytes
     };
 
+    struct Batch
+    {
+        std::size_t from{}, end{};
+        std::size_t known{}; // entries of the stream, then
+        QByteArray message{};
+    };
+
     void open(Engine::Open how);
+    const Batch &batchFrom(std::size_t from);
     void consider(int connection, Guest &guest);
     void join(Guest &guest, const Entry &entry);
     void welcome(int connection, Guest &guest);
@@ -73,6 +81,7 @@ private:
     DoorOutlet &m_outlet;
     std::map<int, Guest> m_guests;
     std::vector<QByteArray> m_entries;
+    Batch m_batch{}; // that was told last
     StreamReader m_reader;
     bool m_isCaughtUp{};
     bool m_isCreating{}; // it may come into being here

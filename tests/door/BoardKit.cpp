@@ -61,6 +61,8 @@ void Board::act()
 
 void Board::letGo()
 {
+    if (!m_author)
+        return;
     m_author->finish();
     m_client.done(m_clock.elapsed());
 }

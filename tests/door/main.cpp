@@ -1,4 +1,5 @@
 #include <QtCore/QCoreApplication>
+#include <QtCore/QEvent>
 
 #include <gtest/gtest.h>
 
@@ -6,5 +7,7 @@ int main(int argc, char **argv)
 {
     testing::InitGoogleTest(&argc, argv);
     const QCoreApplication application(argc, argv);
-    return RUN_ALL_TESTS();
+    const int result = RUN_ALL_TESTS();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); // what the last test has left to that
+    return result;
 }

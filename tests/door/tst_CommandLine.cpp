@@ -33,7 +33,7 @@ TEST(CommandLine, takesAnEngineFromTheEnvironmentIfTheArgumentsNameNone)
 {
     const auto engine = QStringLiteral("nats://a:4222");
     EXPECT_EQ(parse({}, engine)->engine, engine);
-    EXPECT_EQ(parse({"--engine", "nats://b:1,tls://c:2"}, engine)->engine, QStringLiteral("nats://b:1,tls://c:2"));
+    EXPECT_EQ(parse({"--engine", "nats://b:1,nats://c:2"}, engine)->engine, QStringLiteral("nats://b:1,nats://c:2"));
     EXPECT_EQ(parse({"--engine", "memory"}, engine)->engine, QString());
     const auto own = parse({"--own-engine", "folder"}, engine);
     EXPECT_EQ(own->engine, QString());

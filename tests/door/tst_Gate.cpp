@@ -24,6 +24,13 @@ protected:
         ticks.start(50);
     }
 
+    void TearDown() override
+    {
+        for (const auto &socket : accepted)
+            socket->abort();
+        accepted.clear();
+    }
+
     std::unique_ptr<QTcpSocket> visitor() const
     {
         auto socket = std::make_unique<QTcpSocket>();
