@@ -2,6 +2,7 @@
 
 #include "sharing/wire/Message.h"
 
+#include <QtCore/QTimer>
 #include <QtWebSockets/QWebSocket>
 
 namespace InkDoor {
@@ -134,7 +135,7 @@ void Wires::cutOff(int connection)
     if (std::exchange(wire.isCutOff, true))
         return;
     ++m_cutOff;
-    QMetaObject::invokeMethod(wire.socket.get(), &QWebSocket::abort, Qt::QueuedConnection);
+    QTimer::singleShot(0, wire.socket.get(), &QWebSocket::abort);
 }
 
 void Wires::tick()

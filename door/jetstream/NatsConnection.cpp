@@ -2,7 +2,9 @@
 
 #include <nats/nats.h>
 
+#include <algorithm>
 #include <climits>
+#include <iterator>
 
 namespace InkDoor {
 
@@ -82,10 +84,10 @@ Options makeOptions(const QStringList &addresses, std::size_t number)
     Options options{made};
     std::vector<QByteArray> bytes;
     std::vector<const char *> servers;
-    for (const QString &address : addresses)
-        bytes.push_back(address.toUtf8());
-    for (const QByteArray &address : bytes)
-        servers.push_back(address.constData());
+    std::transform(addresses.begin(), addresses.end(), std::back_inserter(bytes),
+                   [](const QString &address) { return address.toUtf8(); });
+    std::transform(bytes.begin(), bytes.end(), std::back_inserter(servers),
+                   [](const QByteArray &address) { return address.constData(); });
     void *const closure = closureOf(number);
     const bool isWhole =
         natsOptions_SetServers(made, servers.data(), static_cast<int>(servers.size())) == NATS_OK &&

@@ -78,9 +78,8 @@ void Program::serveMemory()
 {
     say(QStringLiteral("lessons are kept in memory: when this program ends, the journals of the boards are the only "
                        "copies"));
-    serve(std::make_unique<InkSharing::MemoryEngine>(m_store, [this](std::function<void()> call) {
-        QMetaObject::invokeMethod(this, std::move(call), Qt::QueuedConnection);
-    }));
+    serve(std::make_unique<InkSharing::MemoryEngine>(
+        m_store, [this](std::function<void()> call) { QTimer::singleShot(0, this, std::move(call)); }));
 }
 
 void Program::serve(std::unique_ptr<InkSharing::Engine> engine)

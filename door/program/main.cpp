@@ -5,6 +5,7 @@
 #include <QtCore/QCoreApplication>
 #include <QtCore/QLoggingCategory>
 #include <QtCore/QTextStream>
+#include <QtCore/QTimer>
 
 #include <csignal>
 #include <sys/resource.h>
@@ -45,6 +46,6 @@ int main(int argc, char **argv)
     const EndSignal signal;
     Program program{*line};
     QObject::connect(&signal, &EndSignal::asked, &program, &Program::end);
-    QMetaObject::invokeMethod(&program, &Program::start, Qt::QueuedConnection);
+    QTimer::singleShot(0, &program, &Program::start);
     return QCoreApplication::exec();
 }

@@ -6,11 +6,19 @@
 #include <QtCore/QFile>
 #include <QtNetwork/QTcpSocket>
 
+#include <csignal>
+#include <sys/prctl.h>
+
 namespace DoorTest {
 
 DoorProgram::~DoorProgram()
 {
     killed();
+}
+
+void DoorProgram::Process::setupChildProcess()
+{
+    ::prctl(PR_SET_PDEATHSIG, SIGKILL);
 }
 
 void DoorProgram::read()

@@ -32,7 +32,14 @@ public:
 private:
     void read();
 
-    QProcess m_process;
+    // Ends with the test, also where that crashes.
+    class Process : public QProcess
+    {
+    protected:
+        void setupChildProcess() override;
+    };
+
+    Process m_process;
     QUrl m_address;
     QByteArray m_output;
     QByteArray m_errors;
