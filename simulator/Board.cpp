@@ -90,6 +90,7 @@ void Board::makeBase()
 {
     m_lesson = std::make_unique<Lesson>(Header{RandomActs::kSize});
     std::vector<std::unique_ptr<Author>> authors;
+    authors.reserve(kBaseAuthors.size());
     for (const int author : kBaseAuthors)
         authors.push_back(std::make_unique<Author>(*m_lesson, author, [this] { return m_world.now(); }));
     RandomActs acts(m_world.random, *m_lesson);

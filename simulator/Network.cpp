@@ -65,7 +65,12 @@ qint64 DoorProcess::delay(const Wire &wire)
 int DoorProcess::connect(Caller &caller, qint64 slowness, qint64 bytesPerSecond)
 {
     const int id = ++m_last;
-    Wire wire{&caller, std::make_unique<Way>(m_world), std::make_unique<Way>(m_world), slowness, bytesPerSecond};
+    Wire &wire = m_wires[id];
+    wire.caller = &caller;
+    wire.slowness = slowness;
+    wire.bytesPerSecond = bytesPerSecond;
+    wire.toDoor = std::make_unique<Way>(m_world);
+    wire.toBoard = std::make_unique<Way>(m_world);
     wire.toDoor->send(delay(wire), [this, id] {
         if (m_door && this->wire(id))
             m_door->connected(id);
@@ -74,7 +79,6 @@ int DoorProcess::connect(Caller &caller, qint64 slowness, qint64 bytesPerSecond)
         if (Wire *there = this->wire(id))
             there->caller->opened();
     });
-    m_wires.emplace(id, std::move(wire));
     return id;
 }
 

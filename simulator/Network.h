@@ -45,9 +45,9 @@ public:
 private:
     struct Wire
     {
-        Caller *caller;
+        Caller *caller{};
         std::unique_ptr<Way> toDoor, toBoard;
-        qint64 slowness, bytesPerSecond;
+        qint64 slowness{}, bytesPerSecond{1};
         qint64 busyUntil{};  // towards the board
         qint64 busyBefore{}; // towards the door
         qint64 unsent{};
