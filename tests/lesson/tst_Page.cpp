@@ -685,3 +685,15 @@ TEST(Page, whatTakesLongestIsDoneAhead)
     EXPECT_EQ(page.picture().pixel(40, 20), kRed);
     EXPECT_EQ(page.picture().pixel(45, 35), kGreen);
 }
+
+// What has been away while the page grew reaches as far as the page does now.
+TEST_F(PageTest, aSpriteOfASmallerPageIsNoneAnyMore)
+{
+    putOnTop(page, itemOf(kFirst, lineLife({150, 20}, {230, 20}, QColor(kRed))));
+    EXPECT_EQ(page.item(kFirst)->sprite->rect(), QRect(148, 18, 52, 4));
+    std::shared_ptr<Item> item = page.remove(kFirst);
+    EXPECT_TRUE(page.grow({260, 150}));
+    putOnTop(page, std::move(item));
+    EXPECT_EQ(page.item(kFirst)->sprite->rect(), QRect(148, 18, 84, 4));
+    EXPECT_EQ(committed(220, 20), kRed);
+}
