@@ -208,6 +208,39 @@ void undo(benchmark::State &state)
     }
 }
 
+// Seconds until the page is painted again after one object was put in its own stead.
+std::vector<double> repaints(InkLesson::Page &page, int times)
+{
+    std::mt19937 random(3);
+    std::vector<double> waits;
+    for (int i = 0; i < times; ++i) {
+        const std::shared_ptr<InkLesson::Item> item = page.items()[random() % page.items().size()];
+        QElapsedTimer clock;
+        clock.start();
+        page.put(item, page.items().size());
+        page.repaint();
+        waits.push_back(double(clock.nsecsElapsed()) * 1e-9);
+    }
+    return waits;
+}
+
+// By sprites, and by the objects themselves in the same run.
+void repaint(benchmark::State &state)
+{
+    constexpr int kTimes = 50;
+    for (auto iteration : state) {
+        Document document(sizeOf(state));
+        drawObjects(document, kObjects);
+        InkLesson::Page &page = document.lesson().page(document.author().page());
+        page.surface();
+        const std::vector<double> sprites = repaints(page, kTimes);
+        page.keepSprites(false);
+        const std::vector<double> objects = repaints(page, kTimes);
+        report(state, sprites);
+        state.counters["ratio"] = percentile(objects, 0.5) / percentile(sprites, 0.5);
+    }
+}
+
 } // namespace
 
 void registerPages()
@@ -220,6 +253,7 @@ void registerPages()
     const auto addChange = [&add](const char *name, const std::function<void(Canvas &, int)> &act) {
         add(name, [act](benchmark::State &state) { change(state, act); });
     };
+    add("page/repaint", repaint);
     add("page/pick", pick);
     addChange("page/delete", [](Canvas &canvas, int) { canvas.discard(); });
     addChange("page/colour", [](Canvas &canvas, int i) { canvas.setColor(QColor::fromHsv(i % 360, 255, 255)); });
