@@ -23,6 +23,16 @@ bool isTap(const Gesture &gesture)
     return std::all_of(gesture.begin(), gesture.end(), [&](const QPoint &pt) { return pt == gesture.front(); });
 }
 
+// The first point is the press and the last the release, also where it is the only one.
+std::vector<InkLesson::PointerAct> pointerActs(const Gesture &gesture)
+{
+    std::vector<InkLesson::PointerAct> acts{{PT_DOWN, gesture.front()}};
+    for (std::size_t i = 1; i + 1 < gesture.size(); ++i)
+        acts.push_back({PT_MOVE, gesture[i]});
+    acts.push_back({PT_UP, gesture.back()});
+    return acts;
+}
+
 // The first page of a lesson as it was left.
 QString playLesson(const QString &fileName, const QString &png)
 {
@@ -33,23 +43,24 @@ QString playLesson(const QString &fileName, const QString &png)
 
 } // namespace
 
+std::vector<InkLesson::PointerAct> pointerActs(const InkLesson::Stroke &stroke, const InkLesson::Tool &tool)
+{
+    if (tool.tapsWithOnePoint && isTap(stroke.points))
+        return {{PT_DOWN, stroke.points.front()}};
+    return pointerActs(tool.scatters ? InkLesson::Scatter(kSeed).along(stroke.points, stroke.width) : stroke.points);
+}
+
 void playGesture(const Gesture &gesture, InkLesson::Author &author)
 {
-    author.feed(PT_DOWN, gesture.front());
-    for (std::size_t i = 1; i + 1 < gesture.size(); ++i)
-        author.feed(PT_MOVE, gesture[i]);
-    author.feed(PT_UP, gesture.back());
+    for (const InkLesson::PointerAct &act : pointerActs(gesture))
+        author.feed(act.code, act.pt);
 }
 
 void playStroke(const InkLesson::Stroke &stroke, const InkLesson::Tool &tool, InkLesson::Author &author)
 {
     author.begin({QLatin1String(tool.name), {stroke.color, stroke.width}, author.canvas()});
-    if (tool.tapsWithOnePoint && isTap(stroke.points))
-        author.feed(PT_DOWN, stroke.points.front());
-    else if (tool.scatters)
-        playGesture(InkLesson::Scatter(kSeed).along(stroke.points, stroke.width), author);
-    else
-        playGesture(stroke.points, author);
+    for (const InkLesson::PointerAct &act : pointerActs(stroke, tool))
+        author.feed(act.code, act.pt);
     author.finish();
 }
 

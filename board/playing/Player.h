@@ -2,6 +2,7 @@
 
 #include "board/tools/Tools.h"
 
+#include "lesson/objects/Life.h"
 #include "lesson/strokes/StrokeFile.h"
 
 #include <QtCore/QStringList>
@@ -14,6 +15,9 @@ namespace Board {
 
 // Draws one gesture with the object in progress: press, moves, release.
 void playGesture(const Gesture &gesture, InkLesson::Author &author);
+
+// What a pointer that draws the stroke tells an object of the tool.
+std::vector<InkLesson::PointerAct> pointerActs(const InkLesson::Stroke &stroke, const InkLesson::Tool &tool);
 
 // Draws the stroke as one object of the tool, committed. What scatters does so in the same way each time.
 void playStroke(const InkLesson::Stroke &stroke, const InkLesson::Tool &tool, InkLesson::Author &author);

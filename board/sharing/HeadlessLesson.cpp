@@ -9,8 +9,6 @@
 #include "lesson/output/PngFile.h"
 #include "lesson/paper/PageSize.h"
 
-#include "PointerEvent.h"
-
 #include <QtCore/QCoreApplication>
 #include <QtCore/QDateTime>
 #include <QtCore/QEventLoop>
@@ -54,16 +52,18 @@ private:
     void playPoint(InkLesson::Author &author)
     {
         const InkLesson::Stroke &stroke = m_strokes[m_stroke];
-        if (m_point == 0)
+        if (m_acts.empty()) {
+            m_acts = pointerActs(stroke, m_tool);
             author.begin({QLatin1String(m_tool.name), {stroke.color, stroke.width}, author.canvas()});
-        const bool isLast = m_point + 1 >= stroke.points.size();
-        author.feed(m_point == 0 ? PT_DOWN : isLast ? PT_UP : PT_MOVE, stroke.points[m_point]);
+        }
+        const InkLesson::PointerAct &act = m_acts[m_act++];
+        author.feed(act.code, act.pt);
         ++m_played;
-        ++m_point;
-        if (!isLast)
+        if (m_act < m_acts.size())
             return;
         author.finish();
-        m_point = 0;
+        m_acts.clear();
+        m_act = 0;
         ++m_stroke;
     }
 
@@ -73,7 +73,8 @@ private:
     QElapsedTimer m_clock;
     qint64 m_played{};
     std::size_t m_stroke{};
-    std::size_t m_point{}; // of that stroke
+    std::vector<InkLesson::PointerAct> m_acts; // of that stroke; empty before it has begun
+    std::size_t m_act{};
 };
 
 class Headless
