@@ -1,36 +1,12 @@
-#include "lesson/pages/Page.h"
-
-#include "Exact.h"
-#include "LessonKit.h"
+#include "PageKit.h"
 
 #include "PointerEvent.h"
 
-#include <gtest/gtest.h>
-
-using namespace InkLesson;
+using namespace PageKit;
 
 namespace {
 
-constexpr QRgb kWhite = 0xFFFFFFFF, kRed = 0xFFFF0000, kGreen = 0xFF00FF00, kBlue = 0xFF0000FF;
 constexpr QRgb kRule = 0xFFCBD8EA;
-constexpr ObjectId kFirst{1, 1}, kSecond{1, 2}, kThird{1, 3};
-
-std::shared_ptr<Item> itemOf(const ObjectId &id, const Life &life)
-{
-    LivedObject lived = live(life);
-    auto item = std::make_shared<Item>();
-    item->id = id;
-    item->tool = lived.tool;
-    item->isWhole = !lived.tool || lived.tool->takesText;
-    item->asked = lived.reach;
-    item->object = std::move(lived.object);
-    return item;
-}
-
-std::shared_ptr<Item> blockOf(const ObjectId &id, const QRect &block, QRgb color)
-{
-    return itemOf(id, blockLife(block, QColor(color)));
-}
 
 Life pictureLife(const QRect &place, QRgb color)
 {
@@ -52,11 +28,6 @@ Life fillLife(const QPoint &seed, QRgb color)
     return life;
 }
 
-Hand handOf(int author, const Life &life)
-{
-    return Hand{author, life, live(life).object};
-}
-
 Hand newLine(int author, QRgb color)
 {
     Life life{QStringLiteral("line")};
@@ -65,42 +36,7 @@ Hand newLine(int author, QRgb color)
     return handOf(author, life);
 }
 
-// On top of all others, and painted.
-QRegion putOnTop(Page &page, std::shared_ptr<Item> item)
-{
-    page.put(std::move(item), page.items().size());
-    return page.repaint();
-}
-
 } // namespace
-
-class PageTest : public ::testing::Test
-{
-protected:
-    PageTest()
-    {
-        page.surface(); // somebody looks from the start
-    }
-
-    Page page{{200, 150}};
-
-    QRgb shown(int x, int y) const { return page.surface().pixel(x, y); }
-    QRgb committed(int x, int y) const { return page.picture().pixel(x, y); }
-    QRgb ink(int x, int y) const { return page.ink().pixel(x, y); }
-
-    // As it is when all objects paint themselves anew.
-    void expectWhole()
-    {
-        const QImage picture = page.picture().copy(), inked = page.ink().copy(), surface = page.surface().copy();
-        page.keepSprites(false);
-        page.setPaper(page.paper());
-        EXPECT_EQ(page.repaint(), QRegion(page.rect()));
-        page.keepSprites(true);
-        EXPECT_TRUE(samePixels(picture, page.picture()));
-        EXPECT_TRUE(samePixels(inked, page.ink()));
-        EXPECT_TRUE(samePixels(surface, page.surface()));
-    }
-};
 
 // Ten pixels that it reports and one that an eraser might need.
 TEST_F(PageTest, anObjectIsPaintedInItsReach)
@@ -593,107 +529,4 @@ TEST(Page, aPageThatNoMemoryHoldsIsNull)
 {
     EXPECT_TRUE(Page({1 << 30, 1 << 30}).isNull());
     EXPECT_FALSE(Page({1, 1}).isNull());
-}
-
-// The lines meet in the middle; the one that is let go lies on top of all, or below the other.
-TEST_F(PageTest, whatIsLetGoOnTopIsPaintedAlone)
-{
-    const Life life = lineLife({20, 20}, {60, 20}, QColor(255, 0, 0, 100));
-    putOnTop(page, itemOf(kFirst, life));
-    const Life other = lineLife({40, 10}, {40, 30}, QColor(0, 0, 255, 100));
-    putOnTop(page, itemOf(kSecond, other));
-    for (const auto &[id, held] : {std::pair(kFirst, life), std::pair(kSecond, other)}) {
-        Hand hand = handOf(1, held);
-        hand.held = id;
-        perform(ReopenAct(), *hand.object);
-        page.take(std::move(hand));
-        page.drop(1);
-        expectWhole();
-    }
-}
-
-// Of one pixel it has none: its pieces are painted one over the other.
-TEST_F(PageTest, whatPaintsNoPixelTwiceHasASprite)
-{
-    Life life = lineLife({20, 20}, {60, 20}, QColor(kRed));
-    const auto hasSprite = [&](const ObjectId &id) {
-        putOnTop(page, itemOf(id, life));
-        return bool(page.item(id)->sprite);
-    };
-    EXPECT_TRUE(hasSprite(kFirst));
-    life.ink.width = 2;
-    EXPECT_TRUE(hasSprite(kSecond));
-    life.ink.width = 1;
-    EXPECT_FALSE(hasSprite(kThird));
-    life.ink.width = 4;
-    for (const char *tool : {"ellipse-label", "cloud-label", "eraser", "text"}) {
-        life.tool = QLatin1String(tool);
-        EXPECT_FALSE(hasSprite({2, life.ink.width++})) << tool;
-    }
-    EXPECT_EQ(page.item(kFirst)->sprite->rect(), QRect(18, 18, 44, 4));
-    page.keepSprites(false);
-    EXPECT_FALSE(page.item(kFirst)->sprite);
-    life.tool = QStringLiteral("line");
-    EXPECT_FALSE(hasSprite({2, 1}));
-}
-
-// The pixels that a pen has rendered are given back, and come back when somebody wants the object.
-TEST_F(PageTest, aSpriteReplacesTheObjectsOwnPixels)
-{
-    Life life = lineLife({20, 20}, {60, 20}, QColor(kRed));
-    life.tool = QStringLiteral("color-brush");
-    page.relive = [life](const ObjectId &) { return live(life).object; };
-    putOnTop(page, itemOf(kFirst, life));
-    Item &item = *page.items().front();
-    EXPECT_EQ(item.object->m_pImage, nullptr);
-    const QImage painted = page.ink().copy();
-    EXPECT_EQ(page.topmostAt({40, 20}), kFirst);
-    EXPECT_EQ(page.topmostAt({40, 27}), kNothing);
-    EXPECT_EQ(item.object->m_pImage, nullptr);
-    EXPECT_TRUE(page.grow({200, 160}));
-    page.repaint();
-    EXPECT_TRUE(samePixels(page.ink().copy(0, 0, 200, 150), painted));
-    EXPECT_EQ(item.object->m_pImage, nullptr);
-    page.keepSprites(false);
-    page.setPaper({});
-    page.repaint();
-    EXPECT_NE(item.object->m_pImage, nullptr);
-    EXPECT_TRUE(samePixels(page.ink().copy(0, 0, 200, 150), painted));
-}
-
-TEST_F(PageTest, withoutAWayBackTheObjectKeepsItsPixels)
-{
-    Life life = lineLife({20, 20}, {60, 20}, QColor(kRed));
-    life.tool = QStringLiteral("color-brush");
-    putOnTop(page, itemOf(kFirst, life));
-    EXPECT_TRUE(page.item(kFirst)->sprite);
-    EXPECT_NE(page.items().front()->object->m_pImage, nullptr);
-}
-
-// Ahead of the first painting, when there are no pixels yet.
-TEST(Page, whatTakesLongestIsDoneAhead)
-{
-    Page page({200, 150});
-    page.put(itemOf(kFirst, lineLife({20, 20}, {60, 20}, QColor(kRed))), 9);
-    page.put(blockOf(kSecond, {40, 30, 10, 10}, kGreen), 9);
-    std::vector<double> told;
-    page.prepare([&told](double share) { told.push_back(share); });
-    EXPECT_EQ(told, (std::vector<double>{0.5, 1}));
-    EXPECT_TRUE(page.item(kFirst)->sprite);
-    EXPECT_FALSE(page.item(kSecond)->sprite);
-    EXPECT_FALSE(page.isPainted());
-    EXPECT_EQ(page.picture().pixel(40, 20), kRed);
-    EXPECT_EQ(page.picture().pixel(45, 35), kGreen);
-}
-
-// What has been away while the page grew reaches as far as the page does now.
-TEST_F(PageTest, aSpriteOfASmallerPageIsNoneAnyMore)
-{
-    putOnTop(page, itemOf(kFirst, lineLife({150, 20}, {230, 20}, QColor(kRed))));
-    EXPECT_EQ(page.item(kFirst)->sprite->rect(), QRect(148, 18, 52, 4));
-    std::shared_ptr<Item> item = page.remove(kFirst);
-    EXPECT_TRUE(page.grow({260, 150}));
-    putOnTop(page, std::move(item));
-    EXPECT_EQ(page.item(kFirst)->sprite->rect(), QRect(148, 18, 84, 4));
-    EXPECT_EQ(committed(220, 20), kRed);
 }
