@@ -235,7 +235,7 @@ void Lesson::note(int place, const Record &record, LivedObject lived)
         std::for_each(sheet->drawn.begin(), sheet->drawn.end(), change);
     } else if (isOneOf<Order>(record.deed)) {
         sheet->orders.push_back(place);
-        refreshOrder(*sheet);
+        refreshOrder(*sheet, {}, place);
     } else if (isOneOf<SetPaper>(record.deed)) {
         sheet->papers.push_back(place);
         refreshPaper(*sheet);
@@ -265,7 +265,7 @@ void Lesson::toggle(const StepId &step)
         else if (sheet && isOneOf<Clear>(record.deed))
             std::for_each(sheet->drawn.begin(), sheet->drawn.end(), [&](const ObjectId &id) { refresh(id); });
         else if (sheet && isOneOf<Order>(record.deed))
-            refreshOrder(*sheet);
+            refreshOrder(*sheet, {}, place);
         else if (sheet && isOneOf<SetPaper>(record.deed))
             refreshPaper(*sheet);
     }
@@ -367,8 +367,9 @@ std::size_t Lesson::placeOf(const Sheet &sheet, const ObjectId &id) const
     return place;
 }
 
-// All objects as they came, and moved as the orders that count say. `moved` are others that may have moved.
-void Lesson::refreshOrder(Sheet &sheet, std::vector<ObjectId> moved)
+// All objects as they came, and moved as the orders that count say. What orders before `from` do is as it was, unless
+// the object is one of `moved`.
+void Lesson::refreshOrder(Sheet &sheet, std::vector<ObjectId> moved, int from)
 {
     if (m_deferred) {
         auto &later = m_deferred->moved[&sheet];
@@ -384,18 +385,19 @@ void Lesson::refreshOrder(Sheet &sheet, std::vector<ObjectId> moved)
         const Record record = recordAt(place);
         const auto *read = std::get_if<Order>(&record.deed);
         const Order turn = read ? *read : Order();
-        moved.push_back(turn.object);
-        const auto from = std::find(order.begin(), order.end(), turn.object);
-        if (!countsAt(place) || from == order.end() || turn.above == turn.object)
+        if (place >= from)
+            moved.push_back(turn.object);
+        const auto at = std::find(order.begin(), order.end(), turn.object);
+        if (!countsAt(place) || at == order.end() || turn.above == turn.object)
             continue;
         const auto below = std::find(order.begin(), order.end(), turn.above);
         if (below == order.end() && turn.above != kNothing)
             continue;
         const auto to = turn.above == kNothing ? order.begin() : below + 1;
-        if (to <= from)
-            std::rotate(to, from, from + 1);
+        if (to <= at)
+            std::rotate(to, at, at + 1);
         else
-            std::rotate(from, from + 1, to);
+            std::rotate(at, at + 1, to);
     }
     order.insert(order.end(), drawn, sheet.drawn.end());
     sheet.order = std::move(order);

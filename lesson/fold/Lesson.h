@@ -220,7 +220,7 @@ private:
     Life lifeOf(const Thing &thing, const std::vector<int> &changes) const;
     std::vector<StepId> named(const std::vector<int> &places) const;
     std::size_t placeOf(const Sheet &sheet, const ObjectId &id) const;
-    void refreshOrder(Sheet &sheet, std::vector<ObjectId> moved = {});
+    void refreshOrder(Sheet &sheet, std::vector<ObjectId> moved = {}, int from = 0);
     void refreshPaper(Sheet &sheet);
     void refreshPages();
     void repaint();

@@ -204,8 +204,12 @@ void Page::reorder(const std::vector<ObjectId> &order, const std::vector<ObjectI
     std::unordered_map<ObjectId, std::size_t> places;
     for (std::size_t i = 0; i < order.size(); ++i)
         places.emplace(order[i], i);
-    std::sort(m_items.begin(), m_items.end(),
-              [&](const auto &a, const auto &b) { return places.at(a->id) < places.at(b->id); });
+    std::vector<std::pair<std::size_t, std::shared_ptr<Item>>> items;
+    items.reserve(m_items.size());
+    for (auto &item : m_items)
+        items.emplace_back(places.at(item->id), std::move(item));
+    std::sort(items.begin(), items.end());
+    std::transform(items.begin(), items.end(), m_items.begin(), [](auto &placed) { return std::move(placed.second); });
     for (const ObjectId &id : moved) {
         if (const Item *one = item(id))
             touch(extentOf(*one));

@@ -92,6 +92,21 @@ TEST_F(LessonTest, drawsOnTopOfAllOthers)
     EXPECT_EQ(lesson.life(second)->position, QPoint(50, 30));
 }
 
+// Green was put above red, which lay above blue then. It goes down with red, away from red's place.
+TEST_F(LessonTest, whatIsAboveGoesDownWithWhatIsUndone)
+{
+    const ObjectId red = apply(1, block({10, 10, 20, 20}, kRed));
+    const ObjectId green = apply(1, block({100, 60, 20, 20}, kGreen));
+    const ObjectId blue = apply(1, block({110, 60, 20, 20}, kBlue));
+    const StepId up = apply(1, Order{red, blue});
+    apply(2, Order{green, red});
+    EXPECT_EQ(order(), (std::vector<ObjectId>{blue, red, green}));
+    EXPECT_EQ(at(115, 70), kGreen);
+    apply(1, Undo{up});
+    EXPECT_EQ(order(), (std::vector<ObjectId>{red, green, blue}));
+    EXPECT_EQ(at(115, 70), kBlue);
+}
+
 // A thousand blocks of the other, two pixels with two or four between them, some over it.
 TEST_F(LessonTest, undoReachesUnderAThousandForeignSteps)
 {
