@@ -310,6 +310,73 @@
     </message>
 </context>
 <context>
+    <name>Board::DocumentSharing</name>
+    <message>
+        <source>The door and this board are of different versions.</source>
+        <translation>Der Türdienst und diese Tafel haben verschiedene Versionen.</translation>
+    </message>
+    <message>
+        <source>Somebody else has begun a lesson of this name.</source>
+        <translation>Jemand anders hat eine Stunde dieses Namens begonnen.</translation>
+    </message>
+    <message>
+        <source>This lesson is open in another window of the board.</source>
+        <translation>Diese Stunde ist in einem anderen Fenster der Tafel offen.</translation>
+    </message>
+    <message>
+        <source>The door does not let this board in (%1).</source>
+        <translation>Der Türdienst lässt diese Tafel nicht ein (%1).</translation>
+    </message>
+    <message>
+        <source>Reconnecting since %1</source>
+        <translation>Seit %1 wird neu verbunden</translation>
+    </message>
+    <message>
+        <source>The others are being sent what they have not got yet …</source>
+        <translation>Die anderen bekommen, was ihnen noch fehlt …</translation>
+    </message>
+    <message>
+        <source>This lesson is not there just now. It is asked for again and again.</source>
+        <translation>Diese Stunde ist gerade nicht da. Es wird immer wieder nach ihr gefragt.</translation>
+    </message>
+    <message>
+        <source>The lesson is being joined …</source>
+        <translation>Die Stunde wird geholt …</translation>
+    </message>
+    <message>
+        <source>%1 has not answered for %2. It is tried again and again.</source>
+        <translation>%1 antwortet seit %2 nicht. Es wird immer wieder versucht.</translation>
+    </message>
+    <message>
+        <source>Shared, nobody else is here</source>
+        <translation>Geteilt, sonst ist niemand da</translation>
+    </message>
+    <message>
+        <source>Shared with %1</source>
+        <translation>Geteilt mit %1</translation>
+    </message>
+    <message>
+        <source>, 1 step not yet sent</source>
+        <translation>, 1 Schritt noch nicht gesendet</translation>
+    </message>
+    <message>
+        <source>, %1 steps not yet sent</source>
+        <translation>, %1 Schritte noch nicht gesendet</translation>
+    </message>
+    <message>
+        <source>%1 s</source>
+        <translation>%1 s</translation>
+    </message>
+    <message>
+        <source>%1 min</source>
+        <translation>%1 min</translation>
+    </message>
+    <message>
+        <source>The lesson is being made ready for others …</source>
+        <translation>Die Stunde wird für andere bereitgemacht …</translation>
+    </message>
+</context>
+<context>
     <name>Board::DoorProcess</name>
     <message>
         <source>the door cannot be started: %1</source>
@@ -322,6 +389,10 @@
     <message>
         <source>inkboard-door is not installed</source>
         <translation>inkboard-door ist nicht installiert</translation>
+    </message>
+    <message>
+        <source>the door has ended: %1</source>
+        <translation>der Türdienst hat sich beendet: %1</translation>
     </message>
 </context>
 <context>
