@@ -68,8 +68,10 @@ public:
     bool isOwn() const { return m_isOwn; }                // it was begun here, and others lose it with this board
     bool isIdle() const { return m_state == State::Off; } // nothing is left to be handed out
     bool isKept() const { return m_isKept; }              // by an engine of our own; else by the door until that ends
-    int port() const;                                     // of the door of our own
-    QString lesson() const { return m_link.lesson; }
+
+    // Where this board has the lesson from: for itself alone where that is a door of our own.
+    const LessonLink &link() const { return m_link; }
+    int port() const;
 
     const InkSharing::Others *others() const; // null while it is not shared
     int people() const;                       // others who are there

@@ -23,20 +23,15 @@ struct SharingProbe
         QObject::connect(&sharing, &Board::DocumentSharing::failed, [this](const QString &words) { problem = words; });
     }
 
-    // Links are for boards of this machine.
     void share()
     {
         sharing.share();
         QTRY_VERIFY_WITH_TIMEOUT(sharing.isConnected() || !problem.isEmpty(), kPatience);
         QCOMPARE(problem, QString());
     }
-    Board::LessonLink link() const
-    {
-        return {QUrl(QStringLiteral("http://127.0.0.1:%1/").arg(sharing.port())), sharing.lesson()};
-    }
     void join(const SharingProbe &other)
     {
-        sharing.join(other.link());
+        sharing.join(other.sharing.link());
         QTRY_VERIFY_WITH_TIMEOUT(document.isShared() || !problem.isEmpty(), kPatience);
         QCOMPARE(problem, QString());
     }

@@ -266,7 +266,7 @@ void tst_DocumentSharing::saysThatThereIsNoSuchLesson()
 {
     SharingProbe teacher("Teacher"), pupil("Pupil");
     teacher.share();
-    LessonLink link = teacher.link();
+    LessonLink link = teacher.sharing.link();
     link.lesson = QStringLiteral("nobody");
     pupil.sharing.join(link);
     QCOMPARE(pupil.sharing.words(), QString("The lesson is being joined …"));
