@@ -9,7 +9,9 @@
 #include <QtGui/QCursor>
 #include <QtWidgets/QWidget>
 
+#include <map>
 #include <memory>
+#include <optional>
 
 class QTouchEvent;
 
@@ -44,6 +46,9 @@ public:
     // Whose name is shown beside what is drawn.
     void setDrawer(const Drawer &drawer);
 
+    // Who else draws on the lesson, by their authors.
+    void setOthers(const std::map<int, Drawer> &others);
+
     // The dots of a tool that scatters are the same after the same seed.
     void setSeed(quint32 seed) { m_desk.scatter = InkLesson::Scatter(seed); }
 
@@ -68,6 +73,12 @@ signals:
     // Something was drawn, an object was let go, or the like.
     void changed();
 
+    // Where the pointer is, in page pixels; nowhere once it has left.
+    void pointed(const std::optional<QPoint> &pt);
+
+    // Somebody else holds what was to be taken.
+    void heldElsewhere(int author);
+
     // What was dropped is no picture; in one line.
     void pictureRefused(const QString &problem);
 
@@ -79,6 +90,7 @@ protected:
     void keyReleaseEvent(QKeyEvent *event) override;
     void focusInEvent(QFocusEvent *event) override;
     void focusOutEvent(QFocusEvent *event) override;
+    void leaveEvent(QEvent *event) override;
     void wheelEvent(QWheelEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
     void mouseMoveEvent(QMouseEvent *event) override;
@@ -114,6 +126,7 @@ private:
     void showDocument();
     void showView();
     void followName();
+    void leavePage();
     void growPage();
 
     InkLesson::ObjectId chosen() const; // kNothing for none
