@@ -427,6 +427,49 @@
     </message>
 </context>
 <context>
+    <name>Board::JoinDialog</name>
+    <message>
+        <source>Join</source>
+        <translation>Beitreten</translation>
+    </message>
+    <message>
+        <source>Join a lesson</source>
+        <translation>Einer Stunde beitreten</translation>
+    </message>
+    <message>
+        <source>Link of the lesson, or its address and code</source>
+        <translation>Link der Stunde, oder Adresse und Code</translation>
+    </message>
+    <message>
+        <source>My name</source>
+        <translation>Mein Name</translation>
+    </message>
+    <message>
+        <source>may stay empty</source>
+        <translation>darf leer bleiben</translation>
+    </message>
+    <message>
+        <source>My name, for the others to see</source>
+        <translation>Mein Name, den die anderen sehen</translation>
+    </message>
+    <message>
+        <source>Link, or address and code</source>
+        <translation>Link, oder Adresse und Code</translation>
+    </message>
+    <message>
+        <source>Paste</source>
+        <translation>Einfügen</translation>
+    </message>
+    <message>
+        <source>This leads to a lesson at %1.</source>
+        <translation>Dies führt zu einer Stunde bei %1.</translation>
+    </message>
+    <message>
+        <source>The board that shares the lesson shows both: in its menu, under “Share this lesson”.</source>
+        <translation>Die Tafel, die die Stunde teilt, zeigt beides: im Menü unter „Diese Stunde teilen“.</translation>
+    </message>
+</context>
+<context>
     <name>Board::LessonList</name>
     <message>
         <source>Unsaved lessons</source>
@@ -439,6 +482,37 @@
     <message>
         <source>Delete</source>
         <translation>Löschen</translation>
+    </message>
+</context>
+<context>
+    <name>Board::LinkReader</name>
+    <message>
+        <source>This link leads to no lesson. Copy it once more, from the beginning to the end.</source>
+        <translation>Dieser Link führt zu keiner Stunde. Bitte noch einmal kopieren, von Anfang bis Ende.</translation>
+    </message>
+    <message>
+        <source>A link is missing, or the address before the code, such as 192.168.1.5:4640.</source>
+        <translation>Es fehlt ein Link, oder die Adresse vor dem Code, zum Beispiel 192.168.1.5:4640.</translation>
+    </message>
+    <message>
+        <source>The code has a sign that no code has: there are letters and digits only, and no U.</source>
+        <translation>Ein Zeichen kommt in keinem Code vor: es gibt nur Buchstaben und Ziffern, und kein U.</translation>
+    </message>
+    <message>
+        <source>This is the address. After it comes the code, seven groups of four.</source>
+        <translation>Das ist die Adresse. Nach ihr kommt der Code, sieben Gruppen aus vier Zeichen.</translation>
+    </message>
+    <message>
+        <source>The code goes on: %1 of its %2 signs are here.</source>
+        <translation>Der Code geht weiter: %1 seiner %2 Zeichen sind da.</translation>
+    </message>
+    <message>
+        <source>The code has %1 signs, and here are %2.</source>
+        <translation>Der Code hat %1 Zeichen, und hier sind %2.</translation>
+    </message>
+    <message>
+        <source>Something is mistyped. Compare the address first, then each group of the code.</source>
+        <translation>Etwas ist vertippt. Erst die Adresse vergleichen, dann jede Gruppe des Codes.</translation>
     </message>
 </context>
 <context>
