@@ -748,6 +748,13 @@
     </message>
 </context>
 <context>
+    <name>Board::QrCode</name>
+    <message>
+        <source>QR code of the link</source>
+        <translation>QR-Code des Links</translation>
+    </message>
+</context>
+<context>
     <name>Board::Recovery</name>
     <message>
         <source>A lesson was not closed</source>
@@ -826,6 +833,61 @@
     <message>
         <source>Ink on the screen</source>
         <translation>Tinte auf dem Bildschirm</translation>
+    </message>
+</context>
+<context>
+    <name>Board::ShareDialog</name>
+    <message>
+        <source>Copy</source>
+        <translation>Kopieren</translation>
+    </message>
+    <message>
+        <source>If they cannot come this way, take another address of this machine:</source>
+        <translation>Kommt so niemand herein, hilft eine andere Adresse dieses Rechners:</translation>
+    </message>
+    <message>
+        <source>Share this lesson</source>
+        <translation>Diese Stunde teilen</translation>
+    </message>
+    <message>
+        <source>Sharing is being started</source>
+        <translation>Das Teilen wird begonnen</translation>
+    </message>
+    <message>
+        <source>Come to this lesson</source>
+        <translation>Kommt in diese Stunde</translation>
+    </message>
+    <message>
+        <source>Address of this machine</source>
+        <translation>Adresse dieses Rechners</translation>
+    </message>
+    <message>
+        <source>In Inkboard, choose “Join a lesson”. Then type this, in small or capital letters:</source>
+        <translation>In Inkboard „Einer Stunde beitreten“ wählen. Dann dies eingeben, groß oder klein geschrieben:</translation>
+    </message>
+    <message>
+        <source>Or take the link, which the picture holds, too:</source>
+        <translation>Oder den Link nehmen, den auch das Bild enthält:</translation>
+    </message>
+    <message>
+        <source>Link to this lesson</source>
+        <translation>Link zu dieser Stunde</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
+    </message>
+    <message>
+        <source>Do not share</source>
+        <translation>Nicht teilen</translation>
+    </message>
+    <message>
+        <source>Stop sharing</source>
+        <translation>Nicht mehr teilen</translation>
+    </message>
+    <message>
+        <source>Copied</source>
+        <translation>Kopiert</translation>
     </message>
 </context>
 <context>
