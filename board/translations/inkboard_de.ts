@@ -722,6 +722,54 @@
     </message>
 </context>
 <context>
+    <name>Board::PeopleBar</name>
+    <message>
+        <source>Share</source>
+        <translation>Teilen</translation>
+    </message>
+    <message>
+        <source>Share this lesson</source>
+        <translation>Diese Stunde teilen</translation>
+    </message>
+</context>
+<context>
+    <name>Board::PeopleButton</name>
+    <message>
+        <source>%1 (me)</source>
+        <translation>%1 (ich)</translation>
+    </message>
+    <message>
+        <source>In this lesson: %1</source>
+        <translation>In dieser Stunde: %1</translation>
+    </message>
+</context>
+<context>
+    <name>Board::PeopleList</name>
+    <message>
+        <source>Show where the others point</source>
+        <translation>Zeigen, wohin die anderen deuten</translation>
+    </message>
+    <message>
+        <source>In this lesson</source>
+        <translation>In dieser Stunde</translation>
+    </message>
+    <message>
+        <source>%1 (me)</source>
+        <translation>%1 (ich)</translation>
+    </message>
+    <message>
+        <source>%1, page %2</source>
+        <translation>%1, Seite %2</translation>
+    </message>
+</context>
+<context>
+    <name>Board::PersonName</name>
+    <message>
+        <source>Somebody</source>
+        <translation>Jemand</translation>
+    </message>
+</context>
+<context>
     <name>Board::PictureFile</name>
     <message>
         <source>it is too large</source>

@@ -39,7 +39,7 @@ private slots:
 
 private:
     template <typename T>
-    T &part(const char *name = "") const
+    T &part(const char *name = nullptr) const
     {
         return *m_dialog->findChild<T *>(QString::fromLatin1(name));
     }
