@@ -498,6 +498,49 @@
     </message>
 </context>
 <context>
+    <name>Board::JoinDialog</name>
+    <message>
+        <source>Join</source>
+        <translation>Beitreten</translation>
+    </message>
+    <message>
+        <source>Join a lesson</source>
+        <translation>Einer Stunde beitreten</translation>
+    </message>
+    <message>
+        <source>Link of the lesson, or its address and code</source>
+        <translation>Link der Stunde, oder Adresse und Code</translation>
+    </message>
+    <message>
+        <source>My name</source>
+        <translation>Mein Name</translation>
+    </message>
+    <message>
+        <source>may stay empty</source>
+        <translation>darf leer bleiben</translation>
+    </message>
+    <message>
+        <source>My name, for the others to see</source>
+        <translation>Mein Name, den die anderen sehen</translation>
+    </message>
+    <message>
+        <source>Link, or address and code</source>
+        <translation>Link, oder Adresse und Code</translation>
+    </message>
+    <message>
+        <source>Paste</source>
+        <translation>Einfügen</translation>
+    </message>
+    <message>
+        <source>This leads to a lesson at %1.</source>
+        <translation>Dies führt zu einer Stunde bei %1.</translation>
+    </message>
+    <message>
+        <source>The board that shares the lesson shows both: in its menu, under “Share this lesson”.</source>
+        <translation>Die Tafel, die die Stunde teilt, zeigt beides: im Menü unter „Diese Stunde teilen“.</translation>
+    </message>
+</context>
+<context>
     <name>Board::LessonList</name>
     <message>
         <source>Unsaved lessons</source>
@@ -510,6 +553,37 @@
     <message>
         <source>Delete</source>
         <translation>Löschen</translation>
+    </message>
+</context>
+<context>
+    <name>Board::LinkReader</name>
+    <message>
+        <source>This link leads to no lesson. Copy it once more, from the beginning to the end.</source>
+        <translation>Dieser Link führt zu keiner Stunde. Bitte noch einmal kopieren, von Anfang bis Ende.</translation>
+    </message>
+    <message>
+        <source>A link is missing, or the address before the code, such as 192.168.1.5:4640.</source>
+        <translation>Es fehlt ein Link, oder die Adresse vor dem Code, zum Beispiel 192.168.1.5:4640.</translation>
+    </message>
+    <message>
+        <source>The code has a sign that no code has: there are letters and digits only, and no U.</source>
+        <translation>Ein Zeichen kommt in keinem Code vor: es gibt nur Buchstaben und Ziffern, und kein U.</translation>
+    </message>
+    <message>
+        <source>This is the address. After it comes the code, seven groups of four.</source>
+        <translation>Das ist die Adresse. Nach ihr kommt der Code, sieben Gruppen aus vier Zeichen.</translation>
+    </message>
+    <message>
+        <source>The code goes on: %1 of its %2 signs are here.</source>
+        <translation>Der Code geht weiter: %1 seiner %2 Zeichen sind da.</translation>
+    </message>
+    <message>
+        <source>The code has %1 signs, and here are %2.</source>
+        <translation>Der Code hat %1 Zeichen, und hier sind %2.</translation>
+    </message>
+    <message>
+        <source>Something is mistyped. Compare the address first, then each group of the code.</source>
+        <translation>Etwas ist vertippt. Erst die Adresse vergleichen, dann jede Gruppe des Codes.</translation>
     </message>
 </context>
 <context>
@@ -719,6 +793,54 @@
     </message>
 </context>
 <context>
+    <name>Board::PeopleBar</name>
+    <message>
+        <source>Share</source>
+        <translation>Teilen</translation>
+    </message>
+    <message>
+        <source>Share this lesson</source>
+        <translation>Diese Stunde teilen</translation>
+    </message>
+</context>
+<context>
+    <name>Board::PeopleButton</name>
+    <message>
+        <source>%1 (me)</source>
+        <translation>%1 (ich)</translation>
+    </message>
+    <message>
+        <source>In this lesson: %1</source>
+        <translation>In dieser Stunde: %1</translation>
+    </message>
+</context>
+<context>
+    <name>Board::PeopleList</name>
+    <message>
+        <source>Show where the others point</source>
+        <translation>Zeigen, wohin die anderen deuten</translation>
+    </message>
+    <message>
+        <source>In this lesson</source>
+        <translation>In dieser Stunde</translation>
+    </message>
+    <message>
+        <source>%1 (me)</source>
+        <translation>%1 (ich)</translation>
+    </message>
+    <message>
+        <source>%1, page %2</source>
+        <translation>%1, Seite %2</translation>
+    </message>
+</context>
+<context>
+    <name>Board::PersonName</name>
+    <message>
+        <source>Somebody</source>
+        <translation>Jemand</translation>
+    </message>
+</context>
+<context>
     <name>Board::PictureFile</name>
     <message>
         <source>it is too large</source>
@@ -742,6 +864,13 @@
     <message>
         <source>not enough memory for a page of %1x%2 pixels</source>
         <translation>nicht genug Speicher für eine Seite von %1x%2 Pixeln</translation>
+    </message>
+</context>
+<context>
+    <name>Board::QrCode</name>
+    <message>
+        <source>QR code of the link</source>
+        <translation>QR-Code des Links</translation>
     </message>
 </context>
 <context>
@@ -823,6 +952,61 @@
     <message>
         <source>Ink on the screen</source>
         <translation>Tinte auf dem Bildschirm</translation>
+    </message>
+</context>
+<context>
+    <name>Board::ShareDialog</name>
+    <message>
+        <source>Copy</source>
+        <translation>Kopieren</translation>
+    </message>
+    <message>
+        <source>If they cannot come this way, take another address of this machine:</source>
+        <translation>Kommt so niemand herein, hilft eine andere Adresse dieses Rechners:</translation>
+    </message>
+    <message>
+        <source>Share this lesson</source>
+        <translation>Diese Stunde teilen</translation>
+    </message>
+    <message>
+        <source>Sharing is being started</source>
+        <translation>Das Teilen wird begonnen</translation>
+    </message>
+    <message>
+        <source>Come to this lesson</source>
+        <translation>Kommt in diese Stunde</translation>
+    </message>
+    <message>
+        <source>Address of this machine</source>
+        <translation>Adresse dieses Rechners</translation>
+    </message>
+    <message>
+        <source>In Inkboard, choose “Join a lesson”. Then type this, in small or capital letters:</source>
+        <translation>In Inkboard „Einer Stunde beitreten“ wählen. Dann dies eingeben, groß oder klein geschrieben:</translation>
+    </message>
+    <message>
+        <source>Or take the link, which the picture holds, too:</source>
+        <translation>Oder den Link nehmen, den auch das Bild enthält:</translation>
+    </message>
+    <message>
+        <source>Link to this lesson</source>
+        <translation>Link zu dieser Stunde</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
+    </message>
+    <message>
+        <source>Do not share</source>
+        <translation>Nicht teilen</translation>
+    </message>
+    <message>
+        <source>Stop sharing</source>
+        <translation>Nicht mehr teilen</translation>
+    </message>
+    <message>
+        <source>Copied</source>
+        <translation>Kopiert</translation>
     </message>
 </context>
 <context>

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <QtCore/QString>
+#include <QtGui/QColor>
+
+namespace Board {
+
+// Somebody who is in the shared lesson just now.
+struct Participant
+{
+    int author{};
+    QString name{}; // as it came, from outside perhaps
+    QColor color{};
+    int page{}; // that is looked at, counted from 1; 0 where that is not known
+    bool isMe{};
+};
+
+} // namespace Board
