@@ -143,12 +143,14 @@ void Canvas::showDocument()
     takeCursor(); // of a width at another density
     showPainted(page().rect());
     setCursor(m_cursor);
+    followView();
 }
 
 // Another part of the page, or another screen.
 void Canvas::showView()
 {
     m_desk.inHand.followView();
+    followView();
     const QCursor before = m_cursor;
     takeCursor();
     if (cursor() == before)
@@ -283,6 +285,21 @@ void Canvas::setOthers(const std::map<int, Drawer> &others)
     followName();
 }
 
+void Canvas::setPointers(const QList<OtherPointer> &pointers)
+{
+    update(m_others.setPointers(pointers));
+}
+
+void Canvas::showPointers(bool isShown)
+{
+    update(m_others.setShown(isShown));
+}
+
+void Canvas::followView()
+{
+    update(m_others.setView([this](const QPointF &pt) { return view().fromPage(pt); }, rect()));
+}
+
 // What is in the hand goes with the page.
 void Canvas::leavePage()
 {
@@ -304,6 +321,7 @@ void Canvas::paintEvent(QPaintEvent *event)
         painter.setPen(QPen(QColor(kAccentColor), kRingWidth, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
         painter.drawRect(rect().adjusted(kRingWidth / 2, kRingWidth / 2, -kRingWidth / 2, -kRingWidth / 2));
     }
+    m_others.paint(painter);
     painter.setTransform(view().transform(), true);
     m_desk.nameTag.paint(painter);
     m_desk.otherTags.paint(painter);
@@ -314,6 +332,7 @@ void Canvas::paintEvent(QPaintEvent *event)
 void Canvas::resizeEvent(QResizeEvent * /*event*/)
 {
     growPage();
+    followView();
 }
 
 } // namespace Board

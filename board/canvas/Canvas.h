@@ -3,6 +3,7 @@
 #include "board/desk/Desk.h"
 #include "board/gestures/Pinch.h"
 #include "board/gestures/PointerGesture.h"
+#include "board/people/OtherPointers.h"
 #include "board/pointers/Fingers.h"
 #include "board/pointers/PenWatch.h"
 
@@ -48,6 +49,10 @@ public:
 
     // Who else draws on the lesson, by their authors.
     void setOthers(const std::map<int, Drawer> &others);
+
+    // Where they point on this page, and whether that is shown.
+    void setPointers(const QList<OtherPointer> &pointers);
+    void showPointers(bool isShown);
 
     // The dots of a tool that scatters are the same after the same seed.
     void setSeed(quint32 seed) { m_desk.scatter = InkLesson::Scatter(seed); }
@@ -127,6 +132,7 @@ private:
     void showView();
     void followName();
     void leavePage();
+    void followView();
     void growPage();
 
     InkLesson::ObjectId chosen() const; // kNothing for none
@@ -142,6 +148,7 @@ private:
     Qt::MouseButton m_button{Qt::NoButton}; // that was pressed
     Fingers m_fingers;
     PenWatch m_pen;
+    OtherPointers m_others;
     QCursor m_cursor{Qt::CrossCursor}; // beside an object
     bool m_ringed{};                   // the Tab key has come here
 };
