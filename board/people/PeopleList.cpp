@@ -46,7 +46,9 @@ PeopleList::PeopleList(QWidget *parent)
     setFrameShape(QFrame::StyledPanel);
     setStyleSheet(QStringLiteral(R"(
         #people-list { background: #ffffff; border: 1px solid #c3ccd8; }
-        QListWidget { background: #ffffff; color: #27313d; font-size: 15px; border: none; }
+        QListWidget { background: #ffffff; color: #27313d; font-size: 15px; border: none; outline: none; }
+        QListWidget::item { border: 2px solid transparent; border-radius: 8px; padding: 0 4px; }
+        QListWidget:focus::item:selected { border-color: #2563c9; }
         QListWidget::item:selected { background: #e3ecfb; color: #27313d; }
         QCheckBox { color: #27313d; font-size: 15px; padding: 6px; }
         QCheckBox:focus { background: #e3ecfb; }
