@@ -77,6 +77,8 @@ void PeopleList::setPeople(const QList<Participant> &people)
         const Participant &person = people[i];
         if (i == m_list->count())
             m_list->addItem(new QListWidgetItem);
+        else if (person == m_people[i])
+            continue;
         QListWidgetItem *item = m_list->item(i);
         QString text = isolatedName(person.name);
         if (person.isMe)
@@ -87,6 +89,7 @@ void PeopleList::setPeople(const QList<Participant> &people)
         item->setIcon(discIcon(person, devicePixelRatioF()));
         item->setSizeHint(QSize(0, kRow));
     }
+    m_people = people;
     m_list->setCurrentRow(row);
     m_list->setFixedHeight(kRow * std::min(std::max(people.size(), 1), kMostRows));
 }
