@@ -41,6 +41,12 @@ void FittedText::setLines(const QStringList &lines)
     update();
 }
 
+void FittedText::setAlignment(Qt::Alignment vertical)
+{
+    m_vertical = vertical;
+    update();
+}
+
 QSize FittedText::sizeAt(int pixels) const
 {
     const QFontMetrics metrics(fontOf(pixels));
@@ -72,7 +78,7 @@ void FittedText::paintEvent(QPaintEvent * /*event*/)
     QPainter painter(this);
     painter.setFont(fontOf(pixels));
     painter.setPen(QColor(kTextColor));
-    painter.drawText(rect(), Qt::AlignLeft | Qt::AlignVCenter, m_lines.join(QLatin1Char('\n')));
+    painter.drawText(rect(), Qt::AlignLeft | m_vertical, m_lines.join(QLatin1Char('\n')));
 }
 
 } // namespace Board

@@ -16,6 +16,9 @@ public:
     // Also what a screen reader reads.
     void setLines(const QStringList &lines);
 
+    // Where they are if the widget is higher than they are: at its top, middle or bottom.
+    void setAlignment(Qt::Alignment vertical);
+
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
 
@@ -26,6 +29,7 @@ private:
     QSize sizeAt(int pixels) const;
 
     QStringList m_lines;
+    Qt::Alignment m_vertical{Qt::AlignVCenter};
 };
 
 } // namespace Board

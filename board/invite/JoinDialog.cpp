@@ -19,6 +19,13 @@ namespace {
 constexpr int kMinWidth = 620; // an address and a code are seen whole
 constexpr int kHintLines = 2;
 
+// Nobody's link makes the dialog wider.
+QString shortened(const QString &host)
+{
+    constexpr int kMostLetters = 50;
+    return host.size() > kMostLetters ? host.left(kMostLetters) + QChar(0x2026) : host;
+}
+
 } // namespace
 
 JoinDialog::JoinDialog(QWidget *parent, const QString &name)
@@ -97,7 +104,7 @@ void JoinDialog::read()
     m_join->setEnabled(reader.link().has_value());
     m_read = reader.link().value_or(LessonLink{});
     if (reader.link())
-        m_hint->setText(tr("This leads to a lesson at %1.").arg(m_read.door.host()));
+        m_hint->setText(tr("This leads to a lesson at %1.").arg(shortened(m_read.door.host())));
     else if (reader.hint().isEmpty())
         m_hint->setText(tr("The board that shares the lesson shows both: in its menu, under “Share this lesson”."));
     else

@@ -21,6 +21,7 @@ namespace {
 
 constexpr QSize kSize{880, 500};
 constexpr int kGap = 12;
+constexpr int kBusyWidth = 320;
 constexpr int kGroupsInLine = 4;
 constexpr int kCopiedTime = 2000; // milliseconds
 
@@ -32,10 +33,18 @@ QLabel *makeLabel(const QString &text, QWidget *parent)
     return label;
 }
 
+QLabel *makeTitle(const QString &text, QWidget *parent)
+{
+    QLabel *title = makeLabel(text, parent);
+    title->setProperty("title", true); // for the style sheet
+    return title;
+}
+
 } // namespace
 
 ShareDialog::ShareDialog(QWidget *parent)
     : QDialog(parent)
+    , m_title(makeTitle({}, this))
     , m_words(makeLabel({}, this))
     , m_busy(new QProgressBar(this))
     , m_code(new QrCode(this))
@@ -46,23 +55,40 @@ ShareDialog::ShareDialog(QWidget *parent)
     , m_addressesTitle(makeLabel(tr("If they cannot come this way, take another address of this machine:"), this))
     , m_addresses(new QComboBox(this))
     , m_end(new QPushButton(this))
+    , m_state(makeState())
     , m_invitation(makeInvitation())
 {
     setWindowTitle(tr("Share this lesson"));
     setWindowFlag(Qt::WindowMaximizeButtonHint);
     setWindowFlag(Qt::WindowContextHelpButtonHint, false);
-    m_words->setObjectName(QStringLiteral("words"));
-    m_words->setAlignment(Qt::AlignCenter);
-    m_busy->setRange(0, 0);
-    m_busy->setAccessibleName(tr("Sharing is being started"));
     auto *column = new QVBoxLayout(this);
     column->setSpacing(kGap);
-    column->addWidget(m_words, 1);
-    column->addWidget(m_busy);
+    column->addWidget(m_state, 1);
     column->addWidget(m_invitation, 1);
     column->addLayout(makeFoot());
     resize(kSize);
     setProgress({});
+}
+
+QWidget *ShareDialog::makeState()
+{
+    m_title->setObjectName(QStringLiteral("title"));
+    m_title->setAlignment(Qt::AlignCenter);
+    m_words->setObjectName(QStringLiteral("words"));
+    m_words->setAlignment(Qt::AlignCenter);
+    m_busy->setRange(0, 0);
+    m_busy->setTextVisible(false);
+    m_busy->setFixedWidth(kBusyWidth);
+    m_busy->setAccessibleName(tr("Sharing is being started …"));
+    auto *state = new QWidget(this);
+    auto *column = new QVBoxLayout(state);
+    column->setSpacing(2 * kGap);
+    column->addStretch(1);
+    column->addWidget(m_title);
+    column->addWidget(m_words);
+    column->addWidget(m_busy, 0, Qt::AlignHCenter);
+    column->addStretch(1);
+    return state;
 }
 
 QWidget *ShareDialog::makeInvitation()
@@ -78,17 +104,17 @@ QWidget *ShareDialog::makeInvitation()
 
 QLayout *ShareDialog::makeWords()
 {
-    auto *heading = makeLabel(tr("Come to this lesson"), this);
-    heading->setStyleSheet(QStringLiteral("color: #27313d; font-size: 24px; font-weight: bold;"));
     m_address->setObjectName(QStringLiteral("address"));
+    m_address->setAlignment(Qt::AlignBottom); // so that they stay together in a large window
     m_groups->setObjectName(QStringLiteral("groups"));
+    m_groups->setAlignment(Qt::AlignTop);
     m_addressesTitle->setBuddy(m_addresses);
     m_addresses->setAccessibleName(tr("Address of this machine"));
     connect(m_addresses, qOverload<int>(&QComboBox::activated), this, &ShareDialog::showLink);
 
     auto *column = new QVBoxLayout;
     column->setSpacing(kGap);
-    column->addWidget(heading);
+    column->addWidget(makeTitle(tr("Come to this lesson"), this));
     column->addWidget(
         makeLabel(tr("In Inkboard, choose “Join a lesson”. Then type this, in small or capital letters:"), this));
     column->addWidget(m_address, 1);
@@ -120,6 +146,7 @@ QLayout *ShareDialog::makeFoot()
     auto *close = new QPushButton(tr("Close"), this);
     close->setObjectName(QStringLiteral("close"));
     close->setDefault(true);
+    close->setFocus(); // a key that is pressed too early ends nothing
     connect(close, &QPushButton::clicked, this, &QDialog::accept);
     auto *row = new QHBoxLayout;
     row->addWidget(m_end);
@@ -128,24 +155,26 @@ QLayout *ShareDialog::makeFoot()
     return row;
 }
 
-void ShareDialog::showWords(const QString &words, bool isBusy, const QString &end)
+void ShareDialog::showState(const QString &title, const QString &words, bool isBusy)
 {
+    m_title->setText(title);
     m_words->setText(words);
-    m_words->show();
+    m_words->setVisible(!words.isEmpty());
     m_busy->setVisible(isBusy);
     m_invitation->hide();
-    m_end->setText(end);
-    m_end->setVisible(!end.isEmpty());
+    m_state->show();
+    m_end->setText(tr("Do not share"));
+    m_end->setVisible(isBusy);
 }
 
 void ShareDialog::setProgress(const QString &words)
 {
-    showWords(words, true, tr("Do not share"));
+    showState(tr("Sharing is being started …"), words, true);
 }
 
 void ShareDialog::setProblem(const QString &words)
 {
-    showWords(words, false, {});
+    showState(tr("This lesson is not shared"), words, false);
 }
 
 void ShareDialog::setLinks(const QList<LessonLink> &links)
@@ -163,8 +192,7 @@ void ShareDialog::setLinks(const QList<LessonLink> &links)
     m_addresses->setVisible(links.size() > 1);
     m_addressesTitle->setVisible(links.size() > 1);
     showLink(chosen);
-    m_words->hide();
-    m_busy->hide();
+    m_state->hide();
     m_invitation->show();
     m_end->setText(tr("Stop sharing"));
     m_end->show();

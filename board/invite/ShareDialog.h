@@ -38,16 +38,18 @@ signals:
     void ended(); // the person wants to share no longer, or not to begin with it
 
 private:
+    QWidget *makeState();
     QWidget *makeInvitation();
     QLayout *makeWords();
     QLayout *makeLinkRow();
     QLayout *makeFoot();
-    void showWords(const QString &words, bool isBusy, const QString &end);
+    void showState(const QString &title, const QString &words, bool isBusy);
     void showLink(int index);
     void copy();
 
     QList<LessonLink> m_links;
-    QLabel *m_words; // all owned by this dialog
+    QLabel *m_title; // all owned by this dialog
+    QLabel *m_words;
     QProgressBar *m_busy;
     QrCode *m_code;
     FittedText *m_address;
@@ -57,7 +59,8 @@ private:
     QLabel *m_addressesTitle;
     QComboBox *m_addresses;
     QPushButton *m_end;
-    QWidget *m_invitation;
+    QWidget *m_state;      // how far it is, or what is wrong
+    QWidget *m_invitation; // seen instead once others can come
 };
 
 } // namespace Board

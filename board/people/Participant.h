@@ -13,6 +13,12 @@ struct Participant
     QColor color{};
     int page{}; // that is looked at, counted from 1; 0 where that is not known
     bool isMe{};
+
+    bool operator==(const Participant &other) const
+    {
+        return author == other.author && name == other.name && color == other.color && page == other.page &&
+               isMe == other.isMe;
+    }
 };
 
 } // namespace Board

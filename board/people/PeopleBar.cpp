@@ -18,7 +18,7 @@ constexpr int kGap = 8;
 constexpr int kIcon = 20;
 
 // One who gives, and two who get.
-QIcon shareIcon(double ratio)
+QPixmap sharePixmap(int ratio)
 {
     constexpr QPointF kFrom{4.5, 10};
     constexpr QPointF kTo[] = {{15.5, 4.5}, {15.5, 15.5}};
@@ -36,8 +36,16 @@ QIcon shareIcon(double ratio)
         painter.drawEllipse(to, kRadius, kRadius);
     }
     painter.drawEllipse(kFrom, kRadius, kRadius);
-    painter.end();
-    return QIcon(pixmap);
+    return pixmap;
+}
+
+// For screens of each density.
+QIcon shareIcon()
+{
+    QIcon icon;
+    for (const int ratio : {1, 2, 3})
+        icon.addPixmap(sharePixmap(ratio));
+    return icon;
 }
 
 } // namespace
@@ -64,7 +72,7 @@ void PeopleBar::addShareButton(QHBoxLayout &row)
 {
     m_share->setObjectName(QStringLiteral("share"));
     m_share->setText(tr("Share"));
-    m_share->setIcon(shareIcon(devicePixelRatioF()));
+    m_share->setIcon(shareIcon());
     m_share->setIconSize(QSize(kIcon, kIcon));
     m_share->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
     m_share->setFocusPolicy(Qt::TabFocus);

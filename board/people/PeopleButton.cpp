@@ -34,6 +34,8 @@ PeopleButton::PeopleButton(QWidget *parent)
 
 void PeopleButton::setPeople(const QList<Participant> &people)
 {
+    if (m_people == people)
+        return; // told every second
     m_people = people;
     QStringList names;
     for (const Participant &person : people)

@@ -46,7 +46,9 @@ PeopleList::PeopleList(QWidget *parent)
     setFrameShape(QFrame::StyledPanel);
     setStyleSheet(QStringLiteral(R"(
         #people-list { background: #ffffff; border: 1px solid #c3ccd8; }
-        QListWidget { background: #ffffff; color: #27313d; font-size: 15px; border: none; }
+        QListWidget { background: #ffffff; color: #27313d; font-size: 15px; border: none; outline: none; }
+        QListWidget::item { border: 2px solid transparent; border-radius: 8px; padding: 0 4px; }
+        QListWidget:focus::item:selected { border-color: #2563c9; }
         QListWidget::item:selected { background: #e3ecfb; color: #27313d; }
         QCheckBox { color: #27313d; font-size: 15px; padding: 6px; }
         QCheckBox:focus { background: #e3ecfb; }
@@ -75,6 +77,8 @@ void PeopleList::setPeople(const QList<Participant> &people)
         const Participant &person = people[i];
         if (i == m_list->count())
             m_list->addItem(new QListWidgetItem);
+        else if (person == m_people[i])
+            continue;
         QListWidgetItem *item = m_list->item(i);
         QString text = isolatedName(person.name);
         if (person.isMe)
@@ -85,6 +89,7 @@ void PeopleList::setPeople(const QList<Participant> &people)
         item->setIcon(discIcon(person, devicePixelRatioF()));
         item->setSizeHint(QSize(0, kRow));
     }
+    m_people = people;
     m_list->setCurrentRow(row);
     m_list->setFixedHeight(kRow * std::min(std::max(people.size(), 1), kMostRows));
 }

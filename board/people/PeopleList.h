@@ -29,7 +29,8 @@ signals:
     void pointersSwitched(bool shown);
 
 private:
-    QListWidget *m_list; // both owned by this widget
+    QList<Participant> m_people; // that are listed
+    QListWidget *m_list;         // both owned by this widget
     QCheckBox *m_pointers;
 };
 

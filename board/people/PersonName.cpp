@@ -51,9 +51,8 @@ Sign signOf(uint point)
     }
 }
 
-} // namespace
-
-QString shownName(const QString &name)
+// Empty for none.
+QString knownName(const QString &name)
 {
     constexpr int kMostRead = 200; // of what came
     QVector<uint> points;
@@ -73,9 +72,15 @@ QString shownName(const QString &name)
         hasGap = false;
         points.append(point);
     }
-    if (points.isEmpty())
-        return QCoreApplication::translate("Board::PersonName", "Somebody");
     return QString::fromUcs4(points.constData(), points.size());
+}
+
+} // namespace
+
+QString shownName(const QString &name)
+{
+    const QString known = knownName(name);
+    return known.isEmpty() ? QCoreApplication::translate("Board::PersonName", "Somebody") : known;
 }
 
 QString isolatedName(const QString &name)
@@ -87,9 +92,11 @@ QString isolatedName(const QString &name)
 
 QString initialOf(const QString &name)
 {
-    const QString shown = shownName(name);
-    QTextBoundaryFinder finder(QTextBoundaryFinder::Grapheme, shown);
-    return shown.left(finder.toNextBoundary()).toUpper();
+    const QString known = knownName(name);
+    if (known.isEmpty())
+        return QStringLiteral("?");
+    QTextBoundaryFinder finder(QTextBoundaryFinder::Grapheme, known);
+    return known.left(finder.toNextBoundary()).toUpper();
 }
 
 } // namespace Board

@@ -12,7 +12,7 @@ QString shownName(const QString &name);
 // The same between signs that keep its direction, right to left perhaps, from the words around it.
 QString isolatedName(const QString &name);
 
-// The first letter of the name, to stand in a disc.
+// The first letter of the name, to stand in a disc; a question mark for none.
 QString initialOf(const QString &name);
 
 } // namespace Board

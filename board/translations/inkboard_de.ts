@@ -973,10 +973,6 @@
         <translation>Diese Stunde teilen</translation>
     </message>
     <message>
-        <source>Sharing is being started</source>
-        <translation>Das Teilen wird begonnen</translation>
-    </message>
-    <message>
         <source>Come to this lesson</source>
         <translation>Kommt in diese Stunde</translation>
     </message>
@@ -1011,6 +1007,14 @@
     <message>
         <source>Copied</source>
         <translation>Kopiert</translation>
+    </message>
+    <message>
+        <source>Sharing is being started …</source>
+        <translation>Das Teilen wird begonnen …</translation>
+    </message>
+    <message>
+        <source>This lesson is not shared</source>
+        <translation>Diese Stunde wird nicht geteilt</translation>
     </message>
 </context>
 <context>

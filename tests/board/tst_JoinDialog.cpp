@@ -28,6 +28,7 @@ private slots:
     void takesWhatWasCopied();
     void asksForNoName();
     void forgetsALinkThatIsTakenAway();
+    void growsWithNoLink();
 
 private:
     static QLineEdit &field(const QDialog &dialog) { return *dialog.findChild<QLineEdit *>(QStringLiteral("link")); }
@@ -146,6 +147,18 @@ void tst_JoinDialog::forgetsALinkThatIsTakenAway()
     field(dialog).setText(QStringLiteral("http://192.168.1.5:4640/"));
     QVERIFY(!button(dialog, "join").isEnabled());
     QCOMPARE(dialog.link().lesson, QString());
+}
+
+void tst_JoinDialog::growsWithNoLink()
+{
+    JoinDialog dialog(nullptr, {});
+    dialog.show();
+    const int width = dialog.minimumSizeHint().width();
+    field(dialog).setText(QStringLiteral("http://") + QString(60, QLatin1Char('w')) + QStringLiteral("/#a"));
+    QCOMPARE(hint(dialog), QStringLiteral("This leads to a lesson at ") + QString(50, QLatin1Char('w')) +
+                               QChar(0x2026) + QLatin1Char('.'));
+    field(dialog).setText(QStringLiteral("http://") + QString(500, QLatin1Char('w')) + QStringLiteral("/#a"));
+    QCOMPARE(dialog.minimumSizeHint().width(), width);
 }
 
 QTEST_MAIN(tst_JoinDialog)

@@ -162,6 +162,11 @@ void tst_PeopleBar::goesOnListingWhileTheyComeAndGo()
     m_bar->setPeople(people(7));
     QCOMPARE(list().count(), 7);
     QCOMPARE(list().currentRow(), 3);
+    QList<Participant> renamed = people(7);
+    renamed[2].name = QStringLiteral("Ada");
+    m_bar->setPeople(renamed);
+    QCOMPARE(row(2), QString::fromUtf16(u"\u2068Ada\u2069, page 3"));
+    QVERIFY(button().accessibleDescription().contains(QStringLiteral("Ada")));
     m_bar->setPeople(people(2));
     QCOMPARE(list().count(), 2);
     QCOMPARE(list().currentRow(), 1);

@@ -2,8 +2,11 @@
 #include "board/invite/QrCode.h"
 #include "board/invite/ShareDialog.h"
 
+#include "Patience.h"
+
 #include <QtGui/QClipboard>
 #include <QtTest/QtTest>
+#include <QtWidgets/QApplication>
 #include <QtWidgets/QComboBox>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QLineEdit>
@@ -35,6 +38,7 @@ private slots:
     void staysAtTheAddressThatWasChosen();
     void showsALessonThatCannotBeSpoken();
     void endsWhenTold();
+    void isNotEndedByAnEarlyKey();
     void growsWithItsWindow();
 
 private:
@@ -60,6 +64,7 @@ void tst_ShareDialog::tellsOfItsProgress()
     m_dialog->setProgress(QStringLiteral("The engine is being started"));
     QCOMPARE(words(), QStringLiteral("The engine is being started"));
     QVERIFY(part<QLabel>("words").isVisible());
+    QCOMPARE(part<QLabel>("title").text(), QStringLiteral("Sharing is being started …"));
     QVERIFY(part<QProgressBar>().isVisible());
     QVERIFY(!part<QrCode>().isVisible());
     QCOMPARE(part<QPushButton>("end").text(), QStringLiteral("Do not share"));
@@ -71,6 +76,7 @@ void tst_ShareDialog::tellsOfAProblem()
     m_dialog->setProblem(QStringLiteral("<b>no</b> network"));
     QCOMPARE(words(), QStringLiteral("<b>no</b> network"));
     QCOMPARE(part<QLabel>("words").textFormat(), Qt::PlainText);
+    QCOMPARE(part<QLabel>("title").text(), QStringLiteral("This lesson is not shared"));
     QVERIFY(!part<QProgressBar>().isVisible());
     QVERIFY(!part<QrCode>().isVisible());
     QVERIFY(!part<QPushButton>("end").isVisible());
@@ -119,8 +125,10 @@ void tst_ShareDialog::staysAtTheAddressThatWasChosen()
 {
     m_dialog->setLinks({kFirst, kSecond});
     QTest::keyClick(&part<QComboBox>(), Qt::Key_Down);
-    m_dialog->setLinks({kSecond, kFirst});
-    QCOMPARE(part<QComboBox>().currentText(), QStringLiteral("192.168.1.6:4640"));
+    for (const auto &links : {QList<LessonLink>{kFirst, kSecond}, QList<LessonLink>{kSecond, kFirst}}) {
+        m_dialog->setLinks(links);
+        QCOMPARE(part<QComboBox>().currentText(), QStringLiteral("192.168.1.6:4640"));
+    }
     QCOMPARE(link(), QStringLiteral("http://192.168.1.6:4640/#AQIDBAUGBwgJCgsMDQ4PEA"));
     m_dialog->setLinks({kFirst});
     QCOMPARE(link(), QStringLiteral("http://192.168.1.5:4640/#AQIDBAUGBwgJCgsMDQ4PEA"));
@@ -149,6 +157,16 @@ void tst_ShareDialog::endsWhenTold()
     QCOMPARE(ended.count(), 1);
 }
 
+void tst_ShareDialog::isNotEndedByAnEarlyKey()
+{
+    const QSignalSpy ended(m_dialog.get(), &ShareDialog::ended);
+    QApplication::setActiveWindow(m_dialog.get());
+    QVERIFY(QTest::qWaitForWindowActive(m_dialog.get(), kPatience));
+    QTest::keyClick(m_dialog->focusWidget(), Qt::Key_Space);
+    QCOMPARE(ended.count(), 0);
+    QVERIFY(!m_dialog->isVisible());
+}
+
 void tst_ShareDialog::growsWithItsWindow()
 {
     m_dialog->setLinks({kFirst});
@@ -164,10 +182,10 @@ void tst_ShareDialog::growsWithItsWindow()
         }
         return rows;
     };
-    QTRY_VERIFY(part<QrCode>().width() > 700);
+    QTRY_VERIFY_WITH_TIMEOUT(part<QrCode>().width() > 700, kPatience);
     const int large = darkRows();
     m_dialog->resize(880, 500);
-    QTRY_VERIFY(part<QrCode>().width() < 500);
+    QTRY_VERIFY_WITH_TIMEOUT(part<QrCode>().width() < 500, kPatience);
     const int small = darkRows();
     QVERIFY2(small >= 20 && large >= small * 3 / 2, qPrintable(QStringLiteral("%1 %2").arg(small).arg(large)));
 }
