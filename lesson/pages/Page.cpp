@@ -2,6 +2,7 @@
 
 #include "lesson/layers/HitTest.h"
 #include "lesson/objects/Tools.h"
+#include "lesson/pages/Difference.h"
 #include "lesson/paper/PaperPainter.h"
 
 #include <algorithm>
@@ -152,6 +153,7 @@ void Page::touch(const QRect &reach)
 void Page::count(const Item &item, int by)
 {
     m_flooding += item.tool && item.tool->floods ? by : 0;
+    m_onPixels += item.tool && item.tool->paintFlat ? by : 0;
     m_whole += item.isWhole ? by : 0;
     if (by < 0 && item.sprite)
         m_spriteBytes -= item.sprite->bytes();
@@ -219,9 +221,24 @@ void Page::reorder(const std::vector<ObjectId> &order, const std::vector<ObjectI
 void Page::setPaper(const Paper &paper)
 {
     m_paper = paper;
-    if (isPainted())
-        layPaper();
+    if (!isPainted()) {
+        touch(rect());
+        return;
+    }
+    const QImage before = m_layers->background();
+    const bool isFirst = m_changed.empty(), isAnother = m_change == Change::Paper;
+    layPaper();
     touch(rect());
+    if (keepsInk() && (isFirst || isAnother)) {
+        m_change = Change::Paper;
+        m_before = isFirst ? before : QImage();
+    }
+}
+
+// What works on the layers' pixels may read the paper, and then show it.
+bool Page::keepsInk() const
+{
+    return m_keepsSprites && m_onPixels == 0;
 }
 
 bool Page::grow(const QSize &size)
@@ -364,12 +381,15 @@ QRegion Page::repaint()
 {
     const std::vector<QRect> parts = std::exchange(m_changed, {});
     const Change change = std::exchange(m_change, Change::Any);
+    const QImage before = std::exchange(m_before, {});
     QRegion shown;
     for (const QRect &part : parts) {
         if (isPainted() && change == Change::Append && !isHeld(m_items.back()->id)) {
             LayerPainting painting(*m_layers, LayerPainting::On::PageAndInk, rect());
             paint(painting, *m_items.back());
         }
+        if (isPainted() && change == Change::Paper)
+            repaintPaper(before);
         shown |= change == Change::Any ? repaint(part) : part;
     }
     return show(shown);
@@ -383,11 +403,38 @@ QRect Page::repaint(const QRect &part)
         return area;
     m_layers->clear(area);
     LayerPainting painting(*m_layers, LayerPainting::On::PageAndInk, area);
+    layInk(painting, area);
+    return area;
+}
+
+// The ink stays. What paints nothing but sprites is painted anew where the paper differs, and nowhere else.
+void Page::repaintPaper(const QImage &before)
+{
+    std::vector<const Sprite *> sprites;
+    bool isWhole = true; // of sprites
+    for (const auto &item : m_items) {
+        if (isHeld(item->id))
+            continue;
+        makeSprite(*item);
+        isWhole = isWhole && item->sprite;
+        sprites.push_back(item->sprite.get());
+    }
+    const auto where = isWhole && !before.isNull() ? Difference::of(before, background()) : std::nullopt;
+    if (where) {
+        m_layers->layPage(*where, sprites);
+        return;
+    }
+    m_layers->clearPage(rect());
+    LayerPainting painting(*m_layers, LayerPainting::On::Page, rect());
+    layInk(painting, rect());
+}
+
+void Page::layInk(LayerPainting &painting, const QRect &area)
+{
     for (const auto &item : m_items) {
         if (area.intersects(extentOf(*item)) && !isHeld(item->id))
             paint(painting, *item);
     }
-    return area;
 }
 
 QRegion Page::show(const QRegion &area)

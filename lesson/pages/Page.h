@@ -96,6 +96,9 @@ public:
 
     void setPaper(const Paper &paper);
 
+    // All of it is painted by the next repaint(), whatever has changed.
+    void spoil() { touch(rect()); }
+
     // Makes the page at least as large as `size`. False where there is not enough memory.
     bool grow(const QSize &size);
     bool resize(const QSize &size);
@@ -130,6 +133,9 @@ private:
     void count(const Item &item, int by);
     QRect closed(QRect area) const;
     QRect repaint(const QRect &part);
+    void layInk(LayerPainting &painting, const QRect &area);
+    bool keepsInk() const;
+    void repaintPaper(const QImage &before);
     bool leavesMark(CInkGraph &object, const QRect &asked, const Tool *tool, bool stays);
     CInkGraph &prepared(CInkGraph &object, const Tool *tool, int &background) const;
     void paint(LayerPainting &painting, Item &item);
@@ -159,9 +165,12 @@ private:
     Ahead m_ahead{};              // what has been painted ahead of its put()
     int m_whole{};                // of the items, those of which no part can be painted alone
     int m_flooding{};             // of the items, those that depend on the pixels below them
+    int m_onPixels{};             // of the items, those that work on the layers' pixels
     std::vector<QRect> m_changed; // of page and ink, since the last repaint
-    enum class Change { Any, Append, Painted };
-    Change m_change{Change::Any}; // one object came on top of all others, or was painted there before, and nothing else
+    // One object came on top of all others, or was painted there before, and nothing else; another paper was laid.
+    enum class Change { Any, Append, Painted, Paper };
+    Change m_change{Change::Any};
+    QImage m_before{}; // the background then, where one other was laid
     std::vector<Hand> m_hands;
 };
 

@@ -1,3 +1,4 @@
+#include "lesson/pages/Difference.h"
 #include "lesson/pages/Sprite.h"
 
 #include "Exact.h"
@@ -137,6 +138,32 @@ TEST(Sprite, onlyTheAreaIsPainted)
     EXPECT_EQ(pixelAt(layers.page, 42, 5), 0xFFFF7F7F);
     EXPECT_EQ(pixelAt(layers.page, 43, 5), kWhite);
     EXPECT_EQ(pixelAt(layers.page, 30, 3), kWhite);
+}
+
+// On the page alone, and where it has another paper.
+TEST(Sprite, onlyWhatDiffersIsPainted)
+{
+    QImage picture = pictureOf(std::vector<QRgb>(30, kRed), {20, 2});
+    for (int x = 40; x < 47; ++x)
+        pixelAt(picture, x, 5) = 0x80800000;
+    const auto sprite = Sprite::of(picture, {0, 0, 64, 8}, Qt::red);
+    ASSERT_TRUE(sprite);
+    Layers before, after;
+    for (const int x : {3, 20, 25, 26, 41, 44, 46, 49, 50, 63}) {
+        pixelAt(after.page, x, 2) = 0xFF000000;
+        pixelAt(after.page, x, 5) = 0xFF000000;
+    }
+    sprite->paint(after.page, *Difference::of(before.page, after.page));
+    for (const int x : {20, 25, 26, 41, 49})
+        EXPECT_EQ(pixelAt(after.page, x, 2), kRed) << x;
+    for (const int x : {21, 24, 27, 40, 48})
+        EXPECT_EQ(pixelAt(after.page, x, 2), kWhite) << x;
+    for (const int x : {3, 50, 63})
+        EXPECT_EQ(pixelAt(after.page, x, 2), 0xFF000000) << x;
+    for (const int x : {41, 44, 46})
+        EXPECT_EQ(pixelAt(after.page, x, 5), 0xFF800000) << x;
+    EXPECT_EQ(pixelAt(after.page, 42, 5), kWhite);
+    EXPECT_EQ(pixelAt(after.page, 30, 3), kWhite);
 }
 
 TEST(Sprite, tellsWhereItPaints)
