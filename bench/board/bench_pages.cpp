@@ -5,9 +5,12 @@
 #include "board/canvas/Canvas.h"
 #include "board/playing/Player.h"
 
+#include "lesson/storage/LessonFile.h"
+
 #include <benchmark/benchmark.h>
 
 #include <QtCore/QFile>
+#include <QtCore/QTemporaryDir>
 #include <QtGui/QMouseEvent>
 
 #include <functional>
@@ -18,29 +21,47 @@ using namespace Board;
 namespace {
 
 constexpr int kObjects = 10'000;
+constexpr int kAuthor = 1; // who has drawn them, and changes them
 constexpr int kChanges = 200;
 constexpr int kPatience = 1000; // milliseconds without a painting
 
 // Strokes, outlines, markers and textured pens in turn, of 24 to 300 pixels, all over the page.
-void drawObjects(Document &document, int count)
+void drawObjects(InkLesson::Lesson &lesson)
 {
     constexpr const char *kTools[] = {"pencil", "rectangle", "ellipse",     "highlighter",
                                       "line",   "star-5",    "color-brush", "brush"};
     std::mt19937 random(1);
     const auto below = [&random](int bound) { return int(random() % unsigned(bound)); };
-    const QSize page = document.page().rect().size();
-    const InkLesson::Lesson::Batch batch(document.lesson());
-    for (int i = 0; i < count; ++i) {
+    const QSize page = lesson.header().size;
+    const InkLesson::Lesson::Batch batch(lesson);
+    for (int i = 0; i < kObjects; ++i) {
         const QSize size(24 + below(277), 24 + below(277));
         const QPoint from(below(page.width() - size.width()), below(page.height() - size.height()));
         Gesture gesture;
         for (int step = 0; step <= 20; ++step)
             gesture.push_back(from + QPoint(size.width() * step / 20, size.height() * (step + step % 5) / 24));
         const Ink ink{QColor::fromHsv(i * 37 % 360, 200, 200), 4};
-        document.author().begin({QLatin1String(kTools[i % 8]), ink, page});
-        playGesture(gesture, document.author());
-        document.author().finish();
+        const InkLesson::Tool *tool = InkLesson::findTool(QLatin1String(kTools[i % 8]));
+        InkLesson::Life life{QLatin1String(tool->name), ink, page};
+        for (const InkLesson::PointerAct &act : pointerActs(InkLesson::Stroke{ink.color, ink.width, gesture}, *tool))
+            life.acts.emplace_back(act);
+        if (tool->hasHandles)
+            life.acts.emplace_back(InkLesson::FinishAct());
+        lesson.apply({{kAuthor, i + 1}, i + 1, 0, InkLesson::kFirstPage, InkLesson::Draw{exactLife(std::move(life))}});
     }
+}
+
+// A file of such a page, made once.
+QString lessonFile(const QSize &page)
+{
+    static const QTemporaryDir folder;
+    const QString name = folder.filePath(QStringLiteral("%1.inkboard").arg(page.width()));
+    if (!QFile::exists(name)) {
+        InkLesson::Lesson lesson({page});
+        drawObjects(lesson);
+        InkLesson::saveLesson(lesson, name);
+    }
+    return name;
 }
 
 void send(Canvas &canvas, QEvent::Type type, const QPoint &pt)
@@ -89,7 +110,7 @@ public:
     explicit Window(const QSize &size)
         : m_window(shownWindow(size))
     {
-        drawObjects(m_window->document(), kObjects);
+        m_window->document().open(lessonFile(size));
         QApplication::processEvents();
     }
 
@@ -187,7 +208,7 @@ void paper(benchmark::State &state)
     for (auto iteration : state) {
         Window window(sizeOf(state));
         std::vector<double> waits;
-        for (int i = 0; i < 6; ++i) {
+        for (int i = 0; i < 20; ++i) {
             const auto kind = i % 2 == 0 ? InkLesson::Paper::Kind::Ruled : InkLesson::Paper::Kind::Squared;
             seen(waits, [&] { window.document().author().setPaper({kind, {}}); });
         }
@@ -230,7 +251,7 @@ void repaint(benchmark::State &state)
     constexpr int kTimes = 50;
     for (auto iteration : state) {
         Document document(sizeOf(state));
-        drawObjects(document, kObjects);
+        document.open(lessonFile(sizeOf(state)));
         InkLesson::Page &page = document.lesson().page(document.author().page());
         page.surface();
         const std::vector<double> sprites = repaints(page, kTimes);
