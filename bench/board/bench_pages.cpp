@@ -262,6 +262,26 @@ void repaint(benchmark::State &state)
     }
 }
 
+// From nothing to the window with the page.
+void open(benchmark::State &state)
+{
+    const QString file = lessonFile(sizeOf(state));
+    for (auto iteration : state) {
+        std::vector<double> waits;
+        for (int i = 0; i < 3; ++i) {
+            QElapsedTimer clock;
+            clock.start();
+            const std::unique_ptr<MainWindow> window = shownWindow(sizeOf(state));
+            const int before = application().paintings();
+            window->document().open(file);
+            while (application().paintings() == before)
+                QApplication::processEvents();
+            waits.push_back(double(clock.nsecsElapsed()) * 1e-9);
+        }
+        report(state, waits);
+    }
+}
+
 } // namespace
 
 void registerPages()
@@ -274,6 +294,7 @@ void registerPages()
     const auto addChange = [&add](const char *name, const std::function<void(Canvas &, int)> &act) {
         add(name, [act](benchmark::State &state) { change(state, act); });
     };
+    add("page/open", open);
     add("page/repaint", repaint);
     add("page/pick", pick);
     addChange("page/delete", [](Canvas &canvas, int) { canvas.discard(); });

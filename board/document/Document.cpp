@@ -1,6 +1,7 @@
 #include "board/document/Document.h"
 
 #include "board/document/BackgroundFile.h"
+#include "board/document/ThreadWorkers.h"
 
 #include "lesson/storage/LessonFile.h"
 
@@ -204,7 +205,8 @@ bool Document::load(const QString &fileName, QString &problem, const Progress &t
     std::unique_ptr<Lesson> lesson = openLesson(fileName, problem, toldOf(0, kReading));
     if (!lesson)
         return false;
-    lesson->page(lesson->pageId(0)).prepare(toldOf(kReading, 1 - kReading));
+    ThreadWorkers workers;
+    lesson->page(lesson->pageId(0)).prepare(toldOf(kReading, 1 - kReading), &workers);
     m_author->finish();
     take(std::move(lesson));
     emit opened();

@@ -6,6 +6,7 @@
 #include "lesson/paper/PaperPainter.h"
 
 #include <algorithm>
+#include <atomic>
 #include <utility>
 
 namespace InkLesson {
@@ -65,12 +66,30 @@ void Page::paintAnew()
     show(rect());
 }
 
-void Page::prepare(const std::function<void(double)> &tell)
+// Objects paint themselves at once, each alone; what comes of it is kept in their order, as ever.
+void Page::prepare(const std::function<void(double)> &tell, Workers *workers)
 {
-    double done = 0;
-    for (const auto &item : m_items) {
-        makeSprite(*item);
-        tell(++done / double(m_items.size()));
+    constexpr std::size_t kAtOnce = 64; // objects
+    std::vector<Sketch> sketches(std::size_t(workers ? workers->count() : 1));
+    for (std::size_t first = 0; first < m_items.size(); first += kAtOnce) {
+        const std::size_t end = std::min(first + kAtOnce, m_items.size());
+        std::vector<std::shared_ptr<const Sprite>> sprites(end - first);
+        std::atomic<std::size_t> next{first};
+        const auto work = [&](int worker) {
+            for (std::size_t i = next++; i < end; i = next++) {
+                if (awaitsSprite(*m_items[i]))
+                    sprites[i - first] = sketched(*m_items[i], sketches[std::size_t(worker)]);
+            }
+        };
+        if (workers)
+            workers->run(work);
+        else
+            work(0);
+        for (std::size_t i = first; i < end; ++i) {
+            if (awaitsSprite(*m_items[i])) // still, since there is room for so many
+                keepSprite(*m_items[i], std::move(sprites[i - first]));
+            tell(double(i + 1) / double(m_items.size()));
+        }
     }
 }
 
@@ -303,10 +322,20 @@ bool Page::canHaveSprite(const CInkGraph &object, const Tool *tool) const
     return m_keepsSprites && m_spriteBytes < kMostSpriteBytes && tool && tool->paintsOnce && object.m_nWidth > 1;
 }
 
+bool Page::awaitsSprite(const Item &item) const
+{
+    return !item.sprite && !item.isTooRich && canHaveSprite(*item.object, item.tool);
+}
+
+std::shared_ptr<const Sprite> Page::sketched(Item &item, Sketch &sketch) const
+{
+    return sketch.spriteOf(whole(item), onPage(item.asked), onPage(item.reach), rect().size());
+}
+
 void Page::makeSprite(Item &item)
 {
-    if (!item.sprite && !item.isTooRich && canHaveSprite(*item.object, item.tool))
-        keepSprite(item, m_sketch.spriteOf(whole(item), onPage(item.asked), onPage(item.reach), rect().size()));
+    if (awaitsSprite(item))
+        keepSprite(item, sketched(item, m_sketch));
 }
 
 // What the object has rendered for itself alone is given back then.

@@ -6,6 +6,7 @@
 #include "lesson/pages/Hand.h"
 #include "lesson/pages/PageLayers.h"
 #include "lesson/pages/Sketch.h"
+#include "lesson/pages/Workers.h"
 #include "lesson/paper/Paper.h"
 
 #include "CInkGraph.h"
@@ -70,8 +71,9 @@ public:
     // The object of an item, whole.
     CInkGraph &whole(Item &item) const;
 
-    // Does ahead what takes longest of the first painting. `tell` hears now and then how much of that is done, up to 1.
-    void prepare(const std::function<void(double share)> &tell);
+    // Does ahead what takes longest of the first painting, with all hands that there are. `tell` hears now and then how
+    // much of that is done, up to 1.
+    void prepare(const std::function<void(double share)> &tell, Workers *workers = nullptr);
 
     // Whether objects are painted again by what they have painted, which takes memory for each; they are from the
     // start.
@@ -140,6 +142,8 @@ private:
     CInkGraph &prepared(CInkGraph &object, const Tool *tool, int &background) const;
     void paint(LayerPainting &painting, Item &item);
     bool canHaveSprite(const CInkGraph &object, const Tool *tool) const;
+    bool awaitsSprite(const Item &item) const;
+    std::shared_ptr<const Sprite> sketched(Item &item, Sketch &sketch) const;
     void makeSprite(Item &item);
     void keepSprite(Item &item, std::shared_ptr<const Sprite> sprite);
     bool isSeenNear(Item &item, const QPoint &pt, int reach) const;
