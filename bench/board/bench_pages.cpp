@@ -11,6 +11,7 @@
 
 #include <QtCore/QFile>
 #include <QtCore/QTemporaryDir>
+#include <QtCore/QThread>
 #include <QtGui/QMouseEvent>
 
 #include <functional>
@@ -26,7 +27,7 @@ constexpr int kChanges = 200;
 constexpr int kPatience = 1000; // milliseconds without a painting
 
 // Strokes, outlines, markers and textured pens in turn, of 24 to 300 pixels, all over the page.
-void drawObjects(InkLesson::Lesson &lesson)
+void drawObjects(InkLesson::Lesson &lesson, const InkLesson::PageId &id = InkLesson::kFirstPage, int count = kObjects)
 {
     constexpr const char *kTools[] = {"pencil", "rectangle", "ellipse",     "highlighter",
                                       "line",   "star-5",    "color-brush", "brush"};
@@ -34,7 +35,8 @@ void drawObjects(InkLesson::Lesson &lesson)
     const auto below = [&random](int bound) { return int(random() % unsigned(bound)); };
     const QSize page = lesson.header().size;
     const InkLesson::Lesson::Batch batch(lesson);
-    for (int i = 0; i < kObjects; ++i) {
+    const int before = lesson.history().lastNumber(kAuthor);
+    for (int i = 0; i < count; ++i) {
         const QSize size(24 + below(277), 24 + below(277));
         const QPoint from(below(page.width() - size.width()), below(page.height() - size.height()));
         Gesture gesture;
@@ -47,7 +49,8 @@ void drawObjects(InkLesson::Lesson &lesson)
             life.acts.emplace_back(act);
         if (tool->hasHandles)
             life.acts.emplace_back(InkLesson::FinishAct());
-        lesson.apply({{kAuthor, i + 1}, i + 1, 0, InkLesson::kFirstPage, InkLesson::Draw{exactLife(std::move(life))}});
+        const int number = before + i + 1;
+        lesson.apply({{kAuthor, number}, number, 0, id, InkLesson::Draw{exactLife(std::move(life))}});
     }
 }
 
@@ -262,6 +265,32 @@ void repaint(benchmark::State &state)
     }
 }
 
+// Turns to pages that were left, with `count` objects on each; others are shown in between.
+void turn(benchmark::State &state, int count)
+{
+    constexpr int kPages = 6;
+    for (auto iteration : state) {
+        const auto window = shownWindow(sizeOf(state));
+        Document &document = window->document();
+        for (int page = 0; page < kPages; ++page) {
+            if (page > 0)
+                document.addPage(page);
+            drawObjects(document.lesson(), document.author().page(), count);
+        }
+        std::vector<double> waits;
+        for (int i = 0; i < 4 * kPages; ++i) {
+            seen(waits, [&] { document.showPage(i % kPages); });
+            QThread::msleep(400); // nobody waits
+            QApplication::processEvents();
+        }
+        report(state, {waits.begin() + kPages, waits.end()});
+        std::size_t packed = 0;
+        for (int page = 0; page < kPages; ++page)
+            packed = std::max(packed, document.page(page).packedBytes());
+        state.counters["packed_kb"] = double(packed) / 1024;
+    }
+}
+
 // From nothing to the window with the page.
 void open(benchmark::State &state)
 {
@@ -296,6 +325,8 @@ void registerPages()
     };
     add("page/open", open);
     add("page/repaint", repaint);
+    add("page/turn/500", [](benchmark::State &state) { turn(state, 500); });
+    add("page/turn/10000", [](benchmark::State &state) { turn(state, kObjects); });
     add("page/pick", pick);
     addChange("page/delete", [](Canvas &canvas, int) { canvas.discard(); });
     addChange("page/colour", [](Canvas &canvas, int i) { canvas.setColor(QColor::fromHsv(i % 360, 255, 255)); });

@@ -57,6 +57,14 @@ const PageLayers &Page::layers() const
 
 void Page::paintAnew()
 {
+    if (m_packed) {
+        m_layers = m_packed->unpacked(paintedPaper(m_paper, rect().size(), m_density));
+        ++m_backgrounds;
+    }
+    if (isPainted()) {
+        show(rect());
+        return;
+    }
     m_layers = std::make_unique<PageLayers>(rect().size());
     if (m_layers->isNull())
         return;
@@ -97,6 +105,12 @@ void Page::release()
 {
     m_layers.reset();
     forgetSprites();
+}
+
+void Page::pack()
+{
+    if (isPainted() && m_changed.empty() && !m_packed)
+        m_packed = std::make_unique<PackedLayers>(*m_layers);
 }
 
 void Page::keepSprites(bool keeps)
@@ -153,6 +167,7 @@ bool Page::isHeld(const ObjectId &id) const
 void Page::touch(const QRect &reach)
 {
     m_change = Change::Any;
+    m_packed.reset();
     QRect part = onPage(reach);
     if (part.isEmpty())
         return;

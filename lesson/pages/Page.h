@@ -4,6 +4,7 @@
 #include "lesson/log/StepId.h"
 #include "lesson/objects/Life.h"
 #include "lesson/pages/Hand.h"
+#include "lesson/pages/PackedLayers.h"
 #include "lesson/pages/PageLayers.h"
 #include "lesson/pages/Sketch.h"
 #include "lesson/pages/Workers.h"
@@ -63,6 +64,12 @@ public:
     // again.
     bool isPainted() const { return m_layers && !m_layers->isNull(); }
     void release();
+
+    // Notes what its pixels show, in less memory. Until something changes, or the note is dropped, it is painted from
+    // that. A page without pixels is left as it is.
+    void pack();
+    std::size_t packedBytes() const { return m_packed ? m_packed->bytes() : 0; }
+    void dropPacked() { m_packed.reset(); }
 
     // Gives an object of the page anew, as it was put there. Where there is such a function, objects whose sprites are
     // kept give back what they have rendered for themselves.
@@ -152,7 +159,8 @@ private:
     void layPaper();
 
     QRect m_rect;
-    std::unique_ptr<PageLayers> m_layers; // null until somebody asks for pixels
+    std::unique_ptr<PageLayers> m_layers;     // null until somebody asks for pixels
+    std::unique_ptr<PackedLayers> m_packed{}; // null unless page and ink are as it says
     const double m_density;
     Paper m_paper;
     int m_backgrounds{1}; // that there have been

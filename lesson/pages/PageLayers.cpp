@@ -50,13 +50,13 @@ QImage viewOf(const QImage &image)
 
 } // namespace
 
-PageLayers::PageLayers(const QSize &size)
+PageLayers::PageLayers(const QSize &size, Pixels pixels)
     : m_page(size, QImage::Format_RGB32)
     , m_surface(size, QImage::Format_RGB32)
     , m_background(size, QImage::Format_RGB32)
     , m_ink(size, QImage::Format_ARGB32_Premultiplied)
 {
-    if (isNull())
+    if (isNull() || pixels == Pixels::Any)
         return;
     m_background.fill(Qt::white);
     m_page.fill(Qt::white);

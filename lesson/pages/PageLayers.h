@@ -15,14 +15,17 @@ class CInkGraph;
 namespace InkLesson {
 
 class Difference;
+class PackedLayers;
 class Sprite;
 
 // The four images that an object paints on, all of one size and in page pixels.
 class INKLESSON_EXPORT PageLayers
 {
 public:
-    // White. Null where there is not enough memory for all four.
-    explicit PageLayers(const QSize &size);
+    enum class Pixels { White, Any };
+
+    // Null where there is not enough memory for all four.
+    explicit PageLayers(const QSize &size, Pixels pixels = Pixels::White);
 
     bool isNull() const;
     QRect rect() const { return m_page.rect(); }
@@ -53,6 +56,7 @@ public:
 
 private:
     friend class LayerPainting;
+    friend class PackedLayers;
 
     QImage m_page;
     QImage m_surface;
