@@ -191,6 +191,20 @@ TEST(Sprite, itIsOfAnArea)
     EXPECT_TRUE(Sprite::of(QImage(), {0, 0, 64, 3}, Qt::red)->rect().isEmpty());
 }
 
+// Rows below the first go farther to the left and to the right, and one in between is empty.
+TEST(Sprite, itIsTheLeastThatHoldsAll)
+{
+    QImage picture = pictureOf({kRed, kRed}, {30, 2});
+    pixelAt(picture, 10, 4) = kRed;
+    pixelAt(picture, 50, 6) = 0x01010000;
+    const auto sprite = Sprite::of(picture, {0, 0, 64, 8}, Qt::red);
+    ASSERT_TRUE(sprite);
+    EXPECT_EQ(sprite->rect(), QRect(10, 2, 41, 5));
+    Layers layers;
+    sprite->paint(layers.page, layers.ink, layers.page.rect());
+    EXPECT_TRUE(samePixels(layers.ink, picture));
+}
+
 // A run of 64 pixels of no one colour takes 257 bytes, so 1020 of them are 262 140 and the next one is too much.
 TEST(Sprite, aRichPictureIsNone)
 {
