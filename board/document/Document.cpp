@@ -222,7 +222,7 @@ QString Document::save(const QString &fileName)
 
 bool Document::load(const QString &fileName, QString &problem, const Progress &tell)
 {
-    constexpr double kReading = 0.3; // of the time that it takes
+    constexpr double kReading = 0.15; // of the time that it takes
     const auto toldOf = [&tell](double from, double share) {
         return [&tell, from, share](double done) {
             if (tell)
