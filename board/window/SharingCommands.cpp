@@ -78,7 +78,10 @@ void SharingCommands::addCommands()
 void SharingCommands::showTips()
 {
     m_bar.shareButton()->setToolTip(m_share->toolTip());
-    m_bar.findChild<PeopleButton *>()->setToolTip(m_who->toolTip());
+    auto *people = m_bar.findChild<PeopleButton *>();
+    people->setToolTip(m_who->toolTip());
+    if (people->accessibleName().isEmpty())
+        people->setAccessibleName(m_who->text());
     auto *pointers = m_bar.findChild<QCheckBox *>();
     pointers->setToolTip(m_pointers->toolTip());
     pointers->setAccessibleName(pointers->text());
@@ -120,7 +123,10 @@ void SharingCommands::connectPeople()
 
 void SharingCommands::showPointers(bool isShown)
 {
-    Settings().setValue(QLatin1String(kPointers), isShown);
+    if (isShown)
+        Settings().remove(QLatin1String(kPointers));
+    else
+        Settings().setValue(QLatin1String(kPointers), false);
     m_bar.setShown(isShown);
     m_canvas.showPointers(isShown);
 }
