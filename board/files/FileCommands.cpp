@@ -35,6 +35,7 @@ FileCommands::FileCommands(Document &document, Canvas &canvas, QWidget &window)
     connect(&m_recovery, &Recovery::wasShared, this, [this](const InkLesson::Sharing &sharing) {
         QTimer::singleShot(0, this, [this, sharing] { emit wasShared(sharing); });
     });
+    connect(&document, &Document::opened, this, &FileCommands::claimFile);
     connect(
         &document, &Document::journalFailed, this,
         [this](const QString &problem) { warn(tr("The lesson is not safe"), problem); }, Qt::QueuedConnection);

@@ -24,6 +24,7 @@
 #include <QtWidgets/QPushButton>
 #include <QtWidgets/QToolButton>
 
+#include <algorithm>
 #include <map>
 
 namespace Board {
@@ -300,6 +301,14 @@ void SharingCommands::showState()
     noteBothHold();
 }
 
+// On this page: their name stands beside what they draw.
+bool SharingCommands::isDrawing(int author) const
+{
+    const auto &hands = m_document.page().hands();
+    return std::any_of(hands.begin(), hands.end(),
+                       [author](const InkLesson::Hand &hand) { return hand.author == author && hand.isForming(); });
+}
+
 void SharingCommands::showPeople()
 {
     QList<Participant> people;
@@ -314,7 +323,7 @@ void SharingCommands::showPeople()
         const auto &presence = other.presence;
         people.append({author, presence.name, colorOf(author), m_document.lesson().indexOf(presence.page) + 1, false});
         drawers[author] = {shownName(presence.name).left(Drawer::kMaxName), {}, true, colorOf(author)};
-        if (presence.pointer && presence.page == m_document.author().page())
+        if (presence.pointer && presence.page == m_document.author().page() && !isDrawing(author))
             pointers.append({presence.name, colorOf(author), *presence.pointer});
     }
     m_bar.setPeople(people);
