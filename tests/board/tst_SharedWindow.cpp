@@ -12,6 +12,7 @@
 #include <QtWidgets/QFileDialog>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QLineEdit>
+#include <QtWidgets/QListWidget>
 #include <QtWidgets/QMessageBox>
 #include <QtWidgets/QProgressDialog>
 #include <QtWidgets/QPushButton>
@@ -66,6 +67,8 @@ private slots:
 
     void sharesByKey();
     void saysWhoIsThereAndHow();
+    void saysThatTwoHoldTheSame();
+    void showsPagesThatAreNotSeen();
     void saysThatThereIsNoDoor();
     void saysWhereTheLessonIsWithoutAnEngine();
     void asksBeforeTheOthersAreLeft();
@@ -162,6 +165,41 @@ void tst_SharedWindow::saysWhoIsThereAndHow()
     first.document.removePage(1);
     auto *hint = m_window->findChild<QLabel *>("hint");
     QTRY_COMPARE_WITH_TIMEOUT(hint->text(), QString("Somebody has removed the page."), kPatience);
+}
+
+// They have taken it within a moment.
+void tst_SharedWindow::saysThatTwoHoldTheSame()
+{
+    share();
+    SharingProbe other("Ada");
+    other.sharing.join(sharing().link());
+    draw(m_window->document(), "rectangle", {50, 50}, {150, 120});
+    QTRY_VERIFY_WITH_TIMEOUT(other.document.isShared() && other.objects() == 1, kPatience);
+    const InkLesson::ObjectId id = other.document.page().items()[0]->id;
+    QVERIFY(m_window->document().author().reopen(id));
+    QVERIFY(other.document.author().reopen(id));
+    auto *hint = m_window->findChild<QLabel *>("hint");
+    QTRY_COMPARE_WITH_TIMEOUT(hint->text(), QString("Ada is holding this, too. What is done last counts."), kPatience);
+}
+
+void tst_SharedWindow::showsPagesThatAreNotSeen()
+{
+    m_window->document().addPage(1);
+    m_window->document().showPage(0);
+    share();
+    SharingProbe other("Other");
+    other.sharing.join(sharing().link());
+    QTRY_VERIFY_WITH_TIMEOUT(other.document.isShared(), kPatience);
+    other.document.showPage(1);
+    const auto shown = [this] {
+        const auto *list = m_window->findChild<QWidget *>("pages")->findChild<QListWidget *>();
+        return list->item(1)->icon().pixmap(128, 80).toImage();
+    };
+    const QImage before = shown();
+    draw(other.document, "line", {20, 20}, {300, 200});
+    QTRY_VERIFY_WITH_TIMEOUT(shown() != before, kPatience);
+    QCOMPARE(m_window->document().current(), 0);
+    QVERIFY(!m_window->document().page(1).isPainted());
 }
 
 void tst_SharedWindow::saysThatThereIsNoDoor()
