@@ -4,7 +4,6 @@
 #include "board/invite/QrCode.h"
 #include "board/invite/SpokenLink.h"
 
-#include <QtCore/QTimer>
 #include <QtGui/QClipboard>
 #include <QtGui/QGuiApplication>
 #include <QtWidgets/QComboBox>
@@ -132,6 +131,9 @@ QLayout *ShareDialog::makeLinkRow()
     m_link->setAccessibleName(tr("Link to this lesson"));
     m_copy->setObjectName(QStringLiteral("copy"));
     connect(m_copy, &QPushButton::clicked, this, &ShareDialog::copy);
+    m_copied.setSingleShot(true);
+    m_copied.setInterval(kCopiedTime);
+    connect(&m_copied, &QTimer::timeout, m_copy, [this] { m_copy->setText(tr("Copy")); });
     auto *row = new QHBoxLayout;
     row->addWidget(m_link, 1);
     row->addWidget(m_copy);
@@ -216,7 +218,7 @@ void ShareDialog::copy()
 {
     QGuiApplication::clipboard()->setText(m_link->text());
     m_copy->setText(tr("Copied"));
-    QTimer::singleShot(kCopiedTime, m_copy, [this] { m_copy->setText(tr("Copy")); });
+    m_copied.start();
 }
 
 } // namespace Board

@@ -2,6 +2,7 @@
 
 #include "board/sharing/LessonLink.h"
 
+#include <QtCore/QTimer>
 #include <QtWidgets/QDialog>
 
 class QComboBox;
@@ -48,6 +49,7 @@ private:
     void copy();
 
     QList<LessonLink> m_links;
+    QTimer m_copied; // until the button offers to copy again
     QLabel *m_title; // all owned by this dialog
     QLabel *m_words;
     QProgressBar *m_busy;
