@@ -31,22 +31,28 @@ QString freshJournalName()
 
 Document::Document(const QSize &pageSize, double density, QObject *parent)
     : QObject(parent)
-    , m_journal(std::make_unique<BackgroundFile>())
+    , m_journal(std::make_unique<Journal>(std::make_unique<BackgroundFile>()))
 {
     m_syncing.setSingleShot(true);
     m_syncing.setInterval(kSyncDelay);
-    connect(&m_syncing, &QTimer::timeout, this, [this] { m_journal.sync(); });
-    take(std::make_unique<Lesson>(Header{pageSize, density}));
+    connect(&m_syncing, &QTimer::timeout, this, [this] { m_journal->sync(); });
+    m_looking.setSingleShot(true);
+    m_looking.setInterval(0);
+    connect(&m_looking, &QTimer::timeout, this, &Document::lookAround);
+    take(std::make_unique<Lesson>(Header{pageSize, density}), kOnlyAuthor);
 }
 
 Document::~Document() = default;
 
-void Document::take(std::unique_ptr<Lesson> lesson)
+void Document::take(std::unique_ptr<Lesson> lesson, int author)
 {
+    if (m_lesson)
+        emit leaving();
     m_author.reset();
     m_lesson = std::move(lesson);
+    m_isShared = false;
     m_author = std::make_unique<Author>(
-        *m_lesson, kOnlyAuthor, [] { return QDateTime::currentMSecsSinceEpoch(); },
+        *m_lesson, author, [] { return QDateTime::currentMSecsSinceEpoch(); },
         [this](const Record &record) { noted(record); });
     m_author->turnTo(m_lesson->pageId(0));
     m_lesson->pageChanged = [this](const PageId &page, const QRegion &area) {
@@ -54,7 +60,8 @@ void Document::take(std::unique_ptr<Lesson> lesson)
             emit painted(area);
     };
     m_lesson->pagesChanged = [this] { emit pagesChanged(); };
-    m_journal.begin();
+    m_lesson->logChanged = [this](const Lesson::LogChange &change) { noted(change); };
+    m_journal->begin();
     m_saved = {};
     m_isChanged = false;
     m_shown = 0;
@@ -66,27 +73,37 @@ void Document::noted(const Record &record)
     m_isChanged = m_isChanged || !std::holds_alternative<Grow>(record.deed);
     follow();
     emit stepsChanged();
+    emit stepDone();
 }
 
 void Document::follow()
 {
-    if (!m_journal.isKept())
-        return;
-    const bool written = m_journal.follow(*m_lesson, m_saved);
-    if (m_journal.isDue() && !m_syncing.isActive())
+    if (m_journal->isKept())
+        tellJournal(m_journal->follow(*m_lesson, m_saved));
+}
+
+void Document::tellJournal(bool isWritten)
+{
+    if (m_journal->isDue() && !m_syncing.isActive())
         m_syncing.start();
-    if (!written && !m_journalFails)
+    if (!isWritten && !m_journalFails)
         emit journalFailed(
-            tr("%1: cannot be written: %2. Save the lesson elsewhere.").arg(m_journal.fileName(), m_journal.error()));
-    m_journalFails = !written;
+            tr("%1: cannot be written: %2. Save the lesson elsewhere.").arg(m_journal->fileName(), m_journal->error()));
+    m_journalFails = !isWritten;
 }
 
 QString Document::keepJournal(const QString &folder)
 {
     QString problem;
-    if (m_journal.keep(folder, freshJournalName(), problem))
+    m_journals = folder;
+    if (keepFresh(*m_journal, problem))
         follow();
     return problem;
+}
+
+bool Document::keepFresh(Journal &journal, QString &problem) const
+{
+    return journal.keep(m_journals, freshJournalName(), problem);
 }
 
 void Document::turnTo(const PageId &page)
@@ -147,18 +164,18 @@ void Document::movePage(int from, int to)
 void Document::undo()
 {
     m_author->finish();
-    takeBack(m_lesson->history().toUndo(kOnlyAuthor), &Author::undo);
+    takeBack(m_lesson->history().toUndo(m_author->number()), &Author::undo);
 }
 
 void Document::redo()
 {
     m_author->finish();
-    takeBack(m_lesson->history().toRedo(kOnlyAuthor), &Author::redo);
+    takeBack(m_lesson->history().toRedo(m_author->number()), &Author::redo);
 }
 
 int Document::stepsToUndo() const
 {
-    return m_lesson->history().stepsToUndo(kOnlyAuthor);
+    return m_lesson->history().stepsToUndo(m_author->number());
 }
 
 void Document::takeBack(const std::optional<StepId> &step, bool (Author::*act)())
@@ -178,7 +195,7 @@ void Document::remember(const QString &fileName)
 {
     m_saved = SavedFile::at(fileName);
     m_isChanged = false;
-    m_journal.rest(*m_lesson);
+    m_journal->rest(*m_lesson);
 }
 
 QString Document::save(const QString &fileName)
@@ -192,7 +209,7 @@ QString Document::save(const QString &fileName)
     return problem;
 }
 
-bool Document::load(const QString &fileName, QString &problem, const Progress &tell)
+bool Document::load(const QString &fileName, QString &problem, const Progress &tell, int author)
 {
     constexpr double kReading = 0.3; // of the time that it takes
     const auto toldOf = [&tell](double from, double share) {
@@ -206,18 +223,23 @@ bool Document::load(const QString &fileName, QString &problem, const Progress &t
         return false;
     lesson->page(lesson->pageId(0)).prepare(toldOf(kReading, 1 - kReading));
     m_author->finish();
-    take(std::move(lesson));
+    take(std::move(lesson), author);
+    tellOpened();
+    return true;
+}
+
+void Document::tellOpened()
+{
     emit opened();
     emit pagesChanged();
     emit currentChanged();
     emit stepsChanged();
-    return true;
 }
 
 QString Document::open(const QString &fileName, const Progress &tell)
 {
     QString problem;
-    if (load(fileName, problem, tell) && problem.isEmpty())
+    if (load(fileName, problem, tell, kOnlyAuthor) && problem.isEmpty())
         remember(fileName);
     else
         follow();
@@ -227,8 +249,8 @@ QString Document::open(const QString &fileName, const Progress &tell)
 QString Document::openCopy(const QString &fileName, const Progress &tell)
 {
     QString problem;
-    if (load(fileName, problem, tell) && problem.isEmpty())
-        m_journal.rest(*m_lesson);
+    if (load(fileName, problem, tell, kOnlyAuthor) && problem.isEmpty())
+        m_journal->rest(*m_lesson);
     else
         follow();
     return problem;
@@ -237,7 +259,8 @@ QString Document::openCopy(const QString &fileName, const Progress &tell)
 QString Document::recover(const QString &journal, const Progress &tell)
 {
     QString problem;
-    if (!load(journal, problem, tell))
+    const Sharing sharing = Journal::sharingOf(journal);
+    if (!load(journal, problem, tell, sharing.authors.empty() ? kOnlyAuthor : sharing.authors.front()))
         return problem;
     m_isChanged = true;
     m_saved = Journal::savedFileOf(journal);

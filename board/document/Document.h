@@ -8,10 +8,12 @@
 
 #include <functional>
 #include <memory>
+#include <vector>
 
 namespace Board {
 
-// The lesson of a window, with the person who draws on it, the page that is shown, its file and its journal.
+// The lesson of a window, with the person who draws on it, the page that is shown, its file and its journal. Others may
+// draw on it as well, while it is shared.
 class Document : public QObject
 {
     Q_OBJECT
@@ -46,7 +48,7 @@ public:
 
     // Keeps a journal in `folder` from now on. Returns what went wrong, empty when nothing did.
     QString keepJournal(const QString &folder);
-    QString journalName() const { return m_journal.fileName(); }
+    QString journalName() const { return m_journal->fileName(); }
 
     // Lets the object in hand go and writes the file, whole or not at all. A file that another program has changed
     // since it was opened or saved here is not touched. Returns what went wrong, empty when nothing did.
@@ -69,11 +71,36 @@ public:
     // A file that was changed since then is not touched.
     QString recover(const QString &journal, const Progress &tell = {});
 
-    void discardJournal() { m_journal.discard(); }
+    void discardJournal() { m_journal->discard(); }
+
+    // The lesson is shared from now on: its journal tells how, and what is settled. Another person's steps may come in
+    // before those that are pending.
+    void share(const InkLesson::Sharing &sharing);
+
+    // The same with a lesson that somebody else has begun, in the place of this one.
+    void join(std::unique_ptr<InkLesson::Lesson> lesson, const InkLesson::Sharing &sharing);
+
+    // An ordinary lesson from now on, with all that it has now. What is in the hand stays there.
+    void endSharing();
+
+    bool isShared() const { return m_isShared; }
+
+    // Who has drawn on the lesson: the person here first.
+    std::vector<int> authors() const;
 
 signals:
+    // Another lesson will be there, and this one, with its author, not any more.
+    void leaving();
+
     // Another lesson is there.
     void opened();
+
+    // A step of the person here is in the lesson.
+    void stepDone();
+
+    // Somebody else has removed the page that is shown; the next one is about to come in its place. The object in hand
+    // goes with the page.
+    void pageLost(bool withObject);
 
     // `area` of the page that is shown was painted.
     void painted(const QRegion &area);
@@ -85,8 +112,9 @@ signals:
     void journalFailed(const QString &problem);
 
 private:
-    void take(std::unique_ptr<InkLesson::Lesson> lesson);
-    bool load(const QString &fileName, QString &problem, const Progress &tell);
+    void take(std::unique_ptr<InkLesson::Lesson> lesson, int author);
+    bool load(const QString &fileName, QString &problem, const Progress &tell, int author);
+    void tellOpened();
     void noted(const InkLesson::Record &record);
     void follow();
     void turnTo(const InkLesson::PageId &page);
@@ -94,11 +122,19 @@ private:
     void stayOnAPage();
     void takeBack(const std::optional<InkLesson::StepId> &step, bool (InkLesson::Author::*act)());
     void remember(const QString &fileName);
+    void noted(const InkLesson::Lesson::LogChange &change);
+    void lookAround();
+    bool keepFresh(InkLesson::Journal &journal, QString &problem) const;
+    void writeAnew(const InkLesson::Sharing *sharing);
+    void tellJournal(bool isWritten);
 
     std::unique_ptr<InkLesson::Lesson> m_lesson;
     std::unique_ptr<InkLesson::Author> m_author;
-    InkLesson::Journal m_journal;
+    std::unique_ptr<InkLesson::Journal> m_journal;
+    QString m_journals; // the folder of journals
     QTimer m_syncing;
+    QTimer m_looking; // once others have changed something
+    bool m_isShared{};
     bool m_journalFails{};
     int m_shown{};                   // place of the page that is shown
     QList<InkLesson::PageId> m_kept; // pages that were shown last, the newest first

@@ -23,6 +23,9 @@ class PeopleBar : public QWidget
 public:
     explicit PeopleBar(QWidget *parent = nullptr);
 
+    // May stand elsewhere in the window.
+    QToolButton *shareButton() const { return m_share; }
+
     // In the order in which they are shown. Empty where the lesson is not shared.
     void setPeople(const QList<Participant> &people);
 

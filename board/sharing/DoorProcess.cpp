@@ -1,14 +1,19 @@
 #include "board/sharing/DoorProcess.h"
 
 #include <QtCore/QCoreApplication>
+#include <QtCore/QDir>
 #include <QtCore/QStandardPaths>
 #include <QtNetwork/QNetworkInterface>
+#include <QtNetwork/QTcpServer>
+
+#include <csignal>
+#include <sys/prctl.h>
 
 namespace Board {
 
 namespace {
 
-constexpr int kPatience = 11'000; // milliseconds until it has handed everybody what it has
+constexpr int kPatience = 11000; // milliseconds until it has handed everybody what it has
 
 QString program(const QString &name)
 {
@@ -38,14 +43,18 @@ DoorProcess::DoorProcess(QObject *parent)
     : QObject(parent)
 {
     m_process.setProcessChannelMode(QProcess::SeparateChannels);
-    m_process.setStandardErrorFile(QProcess::nullDevice());
     connect(&m_process, &QProcess::readyReadStandardOutput, this, &DoorProcess::read);
+    connect(&m_process, &QProcess::readyReadStandardError, this, &DoorProcess::readLog);
     connect(&m_process, &QProcess::errorOccurred, this, [this](QProcess::ProcessError error) {
         if (error == QProcess::FailedToStart)
             emit failed(tr("the door cannot be started: %1").arg(m_process.errorString()));
     });
-    connect(&m_process, qOverload<int, QProcess::ExitStatus>(&QProcess::finished), this,
-            [this] { emit failed(tr("the door has ended")); });
+    connect(&m_process, qOverload<int, QProcess::ExitStatus>(&QProcess::finished), this, &DoorProcess::finish);
+}
+
+void DoorProcess::Process::setupChildProcess()
+{
+    ::prctl(PR_SET_PDEATHSIG, SIGTERM);
 }
 
 DoorProcess::~DoorProcess()
@@ -56,6 +65,21 @@ DoorProcess::~DoorProcess()
         m_process.kill();
         m_process.waitForFinished();
     }
+    if (m_isEnding)
+        QDir(m_folder).removeRecursively();
+}
+
+void DoorProcess::end()
+{
+    m_isEnding = true;
+    m_process.terminate();
+}
+
+void DoorProcess::finish()
+{
+    readLog();
+    emit failed(m_logged.isEmpty() ? tr("the door has ended")
+                                   : tr("the door has ended: %1").arg(QString::fromUtf8(m_logged)));
 }
 
 bool DoorProcess::hasEngine()
@@ -63,8 +87,16 @@ bool DoorProcess::hasEngine()
     return !program(QStringLiteral("nats-server")).isEmpty();
 }
 
+int DoorProcess::freePort(int port)
+{
+    QTcpServer server;
+    return server.listen(QHostAddress::Any, quint16(port)) || server.listen(QHostAddress::Any, 0) ? server.serverPort()
+                                                                                                  : 0;
+}
+
 void DoorProcess::start(int port, const QString &folder)
 {
+    m_folder = folder;
     const QString door = program(QStringLiteral("inkboard-door"));
     if (door.isEmpty()) {
         QMetaObject::invokeMethod(
@@ -75,6 +107,16 @@ void DoorProcess::start(int port, const QString &folder)
     arguments += hasEngine() ? QStringList{QStringLiteral("--own-engine"), folder}
                              : QStringList{QStringLiteral("--engine"), QStringLiteral("memory")};
     m_process.start(door, arguments);
+}
+
+void DoorProcess::readLog()
+{
+    constexpr int kMostBytes = 300;
+    const QList<QByteArray> lines = m_process.readAllStandardError().split('\n');
+    for (const QByteArray &line : lines) {
+        if (!line.isEmpty())
+            m_logged = line.left(kMostBytes);
+    }
 }
 
 // Its first line is where it listens.

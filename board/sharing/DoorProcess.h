@@ -19,19 +19,39 @@ public:
     // Listens at the port, at any that is free for 0. Soon after, ready() or failed().
     void start(int port, const QString &folder);
 
+    // Begins to end, and hands everybody what it has, which takes ten seconds at most; failed() tells that it has
+    // ended. What its engine has kept in the folder goes then: the lesson is over.
+    void end();
+    bool isRunning() const { return m_process.state() != QProcess::NotRunning; }
+
     // Whether lessons outlive the door.
     static bool hasEngine();
+
+    // This port, or another one where that is taken or 0.
+    static int freePort(int port);
 
 signals:
     void ready(const QUrl &address); // for the boards of other machines, where this one has a network
     void failed(const QString &words);
 
 private:
-    void read();
+    // Ends when the board does, however that comes.
+    class Process : public QProcess
+    {
+    protected:
+        void setupChildProcess() override;
+    };
 
-    QProcess m_process;
+    void read();
+    void readLog();
+    void finish();
+
+    Process m_process;
     QByteArray m_said;
+    QByteArray m_logged; // the last line
+    QString m_folder;
     bool m_isReady{};
+    bool m_isEnding{};
 };
 
 } // namespace Board

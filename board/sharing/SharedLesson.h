@@ -1,26 +1,15 @@
 #pragma once
 
-#include "sharing/client/Client.h"
-#include "sharing/live/LiveSender.h"
-#include "sharing/live/Others.h"
+#include "board/sharing/LessonConnection.h"
 
 #include "lesson/authoring/Author.h"
 
-#include <QtCore/QElapsedTimer>
-#include <QtCore/QObject>
-#include <QtCore/QTimer>
-#include <QtCore/QUrl>
-
 #include <memory>
-
-class QWebSocket;
 
 namespace Board {
 
-struct LessonLink;
-
-// A lesson that is shared over a door: the connection, the person who draws here, and what the others do just now.
-class SharedLesson : public QObject, private InkSharing::ClientHost
+// A shared lesson without a window: the lesson, the person who draws here, and the connection.
+class SharedLesson : public QObject
 {
     Q_OBJECT
 
@@ -33,9 +22,9 @@ public:
     InkLesson::Lesson *lesson() { return m_lesson.get(); }
     InkLesson::Author *author() { return m_author.get(); }
 
-    const InkSharing::Client &client() const { return m_client; }
-    bool isOpen() const { return m_client.state() == InkSharing::Client::State::Open; }
-    bool isGone() const { return m_client.state() == InkSharing::Client::State::Gone; }
+    const InkSharing::Client &client() const { return m_connection->client(); }
+    bool isOpen() const { return m_connection->isOpen(); }
+    bool isGone() const { return m_connection->isGone(); }
 
 signals:
     void joined();                                 // lesson() and author() are there
@@ -43,29 +32,13 @@ signals:
     void settled(const InkLesson::StepId &record); // of another one, in the lesson now
 
 private:
-    void connectToDoor() override;
-    void send(const QByteArray &message) override;
-    void disconnectFromDoor() override;
-    InkLesson::Lesson &begin(const InkLesson::Header &header) override;
-    void lostStep(const InkLesson::Lesson::Refusal & /*refusal*/) override {}
-    void heard(int author, const QByteArray &payload) override;
-
-    void dropSocket();
-    void follow();
+    InkLesson::Lesson &begin(const InkLesson::Header &header);
     void take();
     void noted(const InkLesson::Lesson::LogChange &change);
-    void tick();
 
-    const QUrl m_door;
-    const QString m_name;
-    QElapsedTimer m_clock;
     std::unique_ptr<InkLesson::Lesson> m_lesson;
-    InkSharing::Client m_client;
     std::unique_ptr<InkLesson::Author> m_author;
-    std::unique_ptr<InkSharing::LiveSender> m_sender;
-    std::unique_ptr<InkSharing::Others> m_others;
-    std::unique_ptr<QWebSocket> m_socket;
-    QTimer m_ticks;
+    std::unique_ptr<LessonConnection> m_connection;
 };
 
 } // namespace Board

@@ -192,10 +192,6 @@
         <translation>Pixel der Seite, höchstens %1 je Kante und %2 insgesamt. Ohne Angabe 1280x800 im Fenster, mit dem sie wächst und wo sie die Pixel eines skalierten Bildschirms hat, und so groß wie die größte FILE bei --play. Eine Stunde hat ihre eigene.</translation>
     </message>
     <message>
-        <source>A lesson (.inkboard); with --play it may be drawings of recorded strokes (JSON) instead.</source>
-        <translation>Eine Stunde (.inkboard); mit --play auch Zeichnungen aus aufgezeichneten Strichen (JSON).</translation>
-    </message>
-    <message>
         <source>Play the stroke FILEs onto one page, the first lowest, or the first page of a lesson, instead of opening the window. Needs --png, but no display. With --share and --join one FILE is drawn at the pace of a hand.</source>
         <translation>Die Strichdateien FILE auf eine Seite zeichnen, die erste zuunterst, oder die erste Seite einer Stunde, statt das Fenster zu öffnen. Braucht --png, aber keinen Bildschirm. Mit --share und --join wird eine FILE im Tempo einer Hand gezeichnet.</translation>
     </message>
@@ -255,6 +251,14 @@
         <source>--tool %1: nothing to draw with</source>
         <translation>--tool %1: damit lässt sich nichts zeichnen</translation>
     </message>
+    <message>
+        <source>A lesson (.inkboard), or the link to one that somebody shares; with --play it may be drawings of recorded strokes (JSON) instead.</source>
+        <translation>Eine Stunde (.inkboard) oder der Link zu einer, die jemand teilt; mit --play können es stattdessen Zeichnungen aus aufgezeichneten Strichen (JSON) sein.</translation>
+    </message>
+    <message>
+        <source>--export: only for a lesson of this board alone</source>
+        <translation>--export: nur für eine Stunde dieser Tafel allein</translation>
+    </message>
 </context>
 <context>
     <name>Board::CommandMenu</name>
@@ -310,6 +314,73 @@
     </message>
 </context>
 <context>
+    <name>Board::DocumentSharing</name>
+    <message>
+        <source>The door and this board are of different versions.</source>
+        <translation>Der Türdienst und diese Tafel haben verschiedene Versionen.</translation>
+    </message>
+    <message>
+        <source>Somebody else has begun a lesson of this name.</source>
+        <translation>Jemand anders hat eine Stunde dieses Namens begonnen.</translation>
+    </message>
+    <message>
+        <source>This lesson is open in another window of the board.</source>
+        <translation>Diese Stunde ist in einem anderen Fenster der Tafel offen.</translation>
+    </message>
+    <message>
+        <source>The door does not let this board in (%1).</source>
+        <translation>Der Türdienst lässt diese Tafel nicht ein (%1).</translation>
+    </message>
+    <message>
+        <source>Reconnecting since %1</source>
+        <translation>Seit %1 wird neu verbunden</translation>
+    </message>
+    <message>
+        <source>The others are being sent what they have not got yet …</source>
+        <translation>Die anderen bekommen, was ihnen noch fehlt …</translation>
+    </message>
+    <message>
+        <source>This lesson is not there just now. It is asked for again and again.</source>
+        <translation>Diese Stunde ist gerade nicht da. Es wird immer wieder nach ihr gefragt.</translation>
+    </message>
+    <message>
+        <source>The lesson is being joined …</source>
+        <translation>Die Stunde wird geholt …</translation>
+    </message>
+    <message>
+        <source>%1 has not answered for %2. It is tried again and again.</source>
+        <translation>%1 antwortet seit %2 nicht. Es wird immer wieder versucht.</translation>
+    </message>
+    <message>
+        <source>Shared, nobody else is here</source>
+        <translation>Geteilt, sonst ist niemand da</translation>
+    </message>
+    <message>
+        <source>Shared with %1</source>
+        <translation>Geteilt mit %1</translation>
+    </message>
+    <message>
+        <source>, 1 step not yet sent</source>
+        <translation>, 1 Schritt noch nicht gesendet</translation>
+    </message>
+    <message>
+        <source>, %1 steps not yet sent</source>
+        <translation>, %1 Schritte noch nicht gesendet</translation>
+    </message>
+    <message>
+        <source>%1 s</source>
+        <translation>%1 s</translation>
+    </message>
+    <message>
+        <source>%1 min</source>
+        <translation>%1 min</translation>
+    </message>
+    <message>
+        <source>The lesson is being made ready for others …</source>
+        <translation>Die Stunde wird für andere bereitgemacht …</translation>
+    </message>
+</context>
+<context>
     <name>Board::DoorProcess</name>
     <message>
         <source>the door cannot be started: %1</source>
@@ -322,6 +393,10 @@
     <message>
         <source>inkboard-door is not installed</source>
         <translation>inkboard-door ist nicht installiert</translation>
+    </message>
+    <message>
+        <source>the door has ended: %1</source>
+        <translation>der Türdienst hat sich beendet: %1</translation>
     </message>
 </context>
 <context>
@@ -940,6 +1015,137 @@
     <message>
         <source>This lesson is not shared</source>
         <translation>Diese Stunde wird nicht geteilt</translation>
+    </message>
+</context>
+<context>
+    <name>Board::SharingCommands</name>
+    <message>
+        <source>Sharing</source>
+        <translation>Teilen</translation>
+    </message>
+    <message>
+        <source>Share this lesson…</source>
+        <translation>Diese Stunde teilen …</translation>
+    </message>
+    <message>
+        <source>Stop sharing</source>
+        <translation>Nicht mehr teilen</translation>
+    </message>
+    <message>
+        <source>Join a lesson…</source>
+        <translation>Einer Stunde beitreten …</translation>
+    </message>
+    <message>
+        <source>Who is here</source>
+        <translation>Wer da ist</translation>
+    </message>
+    <message>
+        <source>A step of yours could not be shared, and is gone: %1</source>
+        <translation>Ein Schritt von dir ließ sich nicht teilen und ist weg: %1</translation>
+    </message>
+    <message>
+        <source>Somebody has removed the page. What you were drawing is on it, and comes back with it.</source>
+        <translation>Jemand hat die Seite entfernt. Was du gerade gezeichnet hast, ist darauf und kommt mit ihr zurück.</translation>
+    </message>
+    <message>
+        <source>Somebody has removed the page.</source>
+        <translation>Jemand hat die Seite entfernt.</translation>
+    </message>
+    <message>
+        <source>%1 is holding this just now.</source>
+        <translation>%1 hält das gerade fest.</translation>
+    </message>
+    <message>
+        <source>This machine has no network just now, so that only boards on this machine can come. Once there is one, share the lesson again to see how others come to it.</source>
+        <translation>Dieser Rechner hat gerade kein Netz, so dass nur Tafeln auf diesem Rechner teilnehmen können. Sobald es eines gibt, zeigt „Diese Stunde teilen“ noch einmal, wie andere dazukommen.</translation>
+    </message>
+    <message>
+        <source>The lesson was shared</source>
+        <translation>Die Stunde war geteilt</translation>
+    </message>
+    <message>
+        <source>This lesson was shared with others. Go on sharing it?</source>
+        <translation>Diese Stunde war mit anderen geteilt. Weiter teilen?</translation>
+    </message>
+    <message>
+        <source>Otherwise it is an ordinary lesson from now on, with all that is in it.</source>
+        <translation>Sonst ist sie von nun an eine gewöhnliche Stunde, mit allem, was darin ist.</translation>
+    </message>
+    <message>
+        <source>Go on sharing</source>
+        <translation>Weiter teilen</translation>
+    </message>
+    <message>
+        <source>Ordinary lesson</source>
+        <translation>Gewöhnliche Stunde</translation>
+    </message>
+    <message>
+        <source>nats-server is not installed: the lesson is in this machine&apos;s memory while it is shared, and otherwise in the boards that take part alone.</source>
+        <translation>nats-server ist nicht installiert: Solange die Stunde geteilt wird, ist sie im Speicher dieses Rechners, sonst nur in den Tafeln, die teilnehmen.</translation>
+    </message>
+    <message>
+        <source>The lesson is not shared</source>
+        <translation>Die Stunde wird nicht geteilt</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Join a lesson</source>
+        <translation>Einer Stunde beitreten</translation>
+    </message>
+    <message>
+        <source>The others keep all that is there, and can go on with it, each alone. Nobody can come any more.</source>
+        <translation>Die anderen behalten alles, was da ist, und können damit weitermachen, jeder für sich. Niemand kann mehr dazukommen.</translation>
+    </message>
+    <message>
+        <source>The others go on without you, and keep what you have drawn.</source>
+        <translation>Die anderen machen ohne dich weiter und behalten, was du gezeichnet hast.</translation>
+    </message>
+    <message>
+        <source>What is not sent yet stays on this board alone.</source>
+        <translation>Was noch nicht gesendet ist, bleibt nur auf dieser Tafel.</translation>
+    </message>
+    <message>
+        <source>Stop sharing?</source>
+        <translation>Nicht mehr teilen?</translation>
+    </message>
+    <message>
+        <source>Leave the lesson?</source>
+        <translation>Die Stunde verlassen?</translation>
+    </message>
+    <message>
+        <source>Nobody else is in this lesson.</source>
+        <translation>Sonst ist niemand in dieser Stunde.</translation>
+    </message>
+    <message>
+        <source>One other is in this lesson.</source>
+        <translation>Noch jemand ist in dieser Stunde.</translation>
+    </message>
+    <message>
+        <source>%1 others are in this lesson.</source>
+        <translation>%1 andere sind in dieser Stunde.</translation>
+    </message>
+    <message>
+        <source>This lesson is somebody else&apos;s.</source>
+        <translation>Diese Stunde gehört jemand anderem.</translation>
+    </message>
+    <message>
+        <source>Leave it</source>
+        <translation>Verlassen</translation>
+    </message>
+    <message>
+        <source>Leave the lesson</source>
+        <translation>Die Stunde verlassen</translation>
+    </message>
+    <message>
+        <source>%1 is holding this, too. What is done last counts.</source>
+        <translation>%1 hält das auch fest. Was zuletzt getan wird, gilt.</translation>
+    </message>
+    <message>
+        <source>Pointers of the others</source>
+        <translation>Zeiger der anderen</translation>
     </message>
 </context>
 <context>
