@@ -2,7 +2,6 @@
 
 #include "board/look/Style.h"
 #include "board/people/PersonDisc.h"
-#include "board/people/PersonName.h"
 
 #include <QtGui/QFontMetrics>
 #include <QtGui/QKeyEvent>
@@ -39,7 +38,7 @@ void PeopleButton::setPeople(const QList<Participant> &people)
     m_people = people;
     QStringList names;
     for (const Participant &person : people)
-        names.append(person.isMe ? tr("%1 (me)").arg(isolatedName(person.name)) : isolatedName(person.name));
+        names.append(person.words());
     setAccessibleName(tr("In this lesson: %1").arg(people.size()));
     setAccessibleDescription(names.join(QStringLiteral(", ")));
     setToolTip(accessibleName());

@@ -797,6 +797,17 @@
     </message>
 </context>
 <context>
+    <name>Board::Participant</name>
+    <message>
+        <source>%1 (me)</source>
+        <translation>%1 (ich)</translation>
+    </message>
+    <message>
+        <source>Me</source>
+        <translation>Ich</translation>
+    </message>
+</context>
+<context>
     <name>Board::PeopleBar</name>
     <message>
         <source>Share</source>
@@ -809,10 +820,6 @@
 </context>
 <context>
     <name>Board::PeopleButton</name>
-    <message>
-        <source>%1 (me)</source>
-        <translation>%1 (ich)</translation>
-    </message>
     <message>
         <source>In this lesson: %1</source>
         <translation>In dieser Stunde: %1</translation>
@@ -827,10 +834,6 @@
     <message>
         <source>In this lesson</source>
         <translation>In dieser Stunde</translation>
-    </message>
-    <message>
-        <source>%1 (me)</source>
-        <translation>%1 (ich)</translation>
     </message>
     <message>
         <source>%1, page %2</source>
