@@ -131,6 +131,7 @@ void tst_PeopleBar::showsTheColorOfEach()
 
 void tst_PeopleBar::namesAllForTheEar()
 {
+    QCOMPARE(button().accessibleName(), QStringLiteral("In this lesson: 0"));
     m_bar->setPeople(people(3));
     QCOMPARE(button().accessibleName(), QStringLiteral("In this lesson: 3"));
     QCOMPARE(button().accessibleDescription(),
