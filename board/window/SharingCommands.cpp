@@ -283,6 +283,13 @@ QString SharingCommands::nameOf(int author) const
     return shownName(others && found != others->all().end() ? found->second.presence.name : QString());
 }
 
+// By the order in which they came: the numbers of authors come by chance, and two of six would often share a colour.
+QColor SharingCommands::colorOf(int author) const
+{
+    const int place = m_sharing.placeOf(author);
+    return Board::colorOf(place > 0 ? place : author);
+}
+
 void SharingCommands::showState()
 {
     using State = DocumentSharing::State;
