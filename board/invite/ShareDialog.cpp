@@ -196,8 +196,13 @@ void ShareDialog::setLinks(const QList<LessonLink> &links)
     showLink(chosen);
     m_state->hide();
     m_invitation->show();
-    m_end->setText(tr("Stop sharing"));
+    m_end->setText(m_isOwn ? tr("Stop sharing") : tr("Leave the lesson"));
     m_end->show();
+}
+
+void ShareDialog::setOwn(bool isOwn)
+{
+    m_isOwn = isOwn;
 }
 
 void ShareDialog::showLink(int index)

@@ -1019,6 +1019,10 @@
         <source>This lesson is not shared</source>
         <translation>Diese Stunde wird nicht geteilt</translation>
     </message>
+    <message>
+        <source>Leave the lesson</source>
+        <translation>Die Stunde verlassen</translation>
+    </message>
 </context>
 <context>
     <name>Board::SharingCommands</name>

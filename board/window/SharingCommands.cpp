@@ -155,6 +155,7 @@ void SharingCommands::openDialog()
 
 void SharingCommands::showLinks()
 {
+    m_dialog->setOwn(m_sharing.isOwn());
     if (!m_sharing.isOwn())
         return m_dialog->setLinks({m_sharing.link()});
     QList<LessonLink> links;

@@ -38,6 +38,7 @@ private slots:
     void staysAtTheAddressThatWasChosen();
     void showsALessonThatCannotBeSpoken();
     void endsWhenTold();
+    void leavesAnothersLesson();
     void isNotEndedByAnEarlyKey();
     void growsWithItsWindow();
 
@@ -156,6 +157,16 @@ void tst_ShareDialog::endsWhenTold()
     QCOMPARE(part<QPushButton>("end").text(), QStringLiteral("Stop sharing"));
     part<QPushButton>("end").click();
     QCOMPARE(ended.count(), 1);
+}
+
+void tst_ShareDialog::leavesAnothersLesson()
+{
+    m_dialog->setOwn(false);
+    m_dialog->setLinks({kFirst});
+    QCOMPARE(part<QPushButton>("end").text(), QStringLiteral("Leave the lesson"));
+    m_dialog->setOwn(true);
+    m_dialog->setLinks({kFirst});
+    QCOMPARE(part<QPushButton>("end").text(), QStringLiteral("Stop sharing"));
 }
 
 void tst_ShareDialog::isNotEndedByAnEarlyKey()
