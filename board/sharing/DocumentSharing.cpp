@@ -324,6 +324,11 @@ int DocumentSharing::unsent() const
     return m_connection ? int(m_connection->client().pending()) : 0;
 }
 
+int DocumentSharing::placeOf(int author) const
+{
+    return m_connection ? m_connection->client().placeOf(author) : 0;
+}
+
 bool DocumentSharing::isConnected() const
 {
     return m_connection && m_connection->isOpen();

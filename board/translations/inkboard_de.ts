@@ -793,6 +793,17 @@
     </message>
 </context>
 <context>
+    <name>Board::Participant</name>
+    <message>
+        <source>%1 (me)</source>
+        <translation>%1 (ich)</translation>
+    </message>
+    <message>
+        <source>Me</source>
+        <translation>Ich</translation>
+    </message>
+</context>
+<context>
     <name>Board::PeopleBar</name>
     <message>
         <source>Share</source>
@@ -805,10 +816,6 @@
 </context>
 <context>
     <name>Board::PeopleButton</name>
-    <message>
-        <source>%1 (me)</source>
-        <translation>%1 (ich)</translation>
-    </message>
     <message>
         <source>In this lesson: %1</source>
         <translation>In dieser Stunde: %1</translation>
@@ -823,10 +830,6 @@
     <message>
         <source>In this lesson</source>
         <translation>In dieser Stunde</translation>
-    </message>
-    <message>
-        <source>%1 (me)</source>
-        <translation>%1 (ich)</translation>
     </message>
     <message>
         <source>%1, page %2</source>
@@ -1011,6 +1014,10 @@
     <message>
         <source>This lesson is not shared</source>
         <translation>Diese Stunde wird nicht geteilt</translation>
+    </message>
+    <message>
+        <source>Leave the lesson</source>
+        <translation>Die Stunde verlassen</translation>
     </message>
 </context>
 <context>

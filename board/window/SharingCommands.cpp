@@ -162,6 +162,7 @@ void SharingCommands::openDialog()
 
 void SharingCommands::showLinks()
 {
+    m_dialog->setOwn(m_sharing.isOwn());
     if (!m_sharing.isOwn())
         return m_dialog->setLinks({m_sharing.link()});
     QList<LessonLink> links;
@@ -288,6 +289,13 @@ QString SharingCommands::nameOf(int author) const
     const auto *others = m_sharing.others();
     const auto found = others ? others->all().find(author) : decltype(others->all().end())();
     return shownName(others && found != others->all().end() ? found->second.presence.name : QString());
+}
+
+// By the order in which they came: the numbers of authors come by chance, and two of six would often share a colour.
+QColor SharingCommands::colorOf(int author) const
+{
+    const int place = m_sharing.placeOf(author);
+    return Board::colorOf(place > 0 ? place : author);
 }
 
 void SharingCommands::showState()
