@@ -58,6 +58,8 @@ void Document::take(std::unique_ptr<Lesson> lesson, int author)
     m_lesson->pageChanged = [this](const PageId &page, const QRegion &area) {
         if (page == m_author->page())
             emit painted(area);
+        else
+            emit pageChanged(page);
     };
     m_lesson->pagesChanged = [this] { emit pagesChanged(); };
     m_lesson->logChanged = [this](const Lesson::LogChange &change) { noted(change); };

@@ -104,6 +104,9 @@ signals:
 
     // `area` of the page that is shown was painted.
     void painted(const QRegion &area);
+
+    // Others have changed another page.
+    void pageChanged(const InkLesson::PageId &page);
     void currentChanged();
     void pagesChanged();
     void stepsChanged(); // something can be undone, or done again, or no longer

@@ -255,10 +255,6 @@
         <source>A lesson (.inkboard), or the link to one that somebody shares; with --play it may be drawings of recorded strokes (JSON) instead.</source>
         <translation>Eine Stunde (.inkboard) oder der Link zu einer, die jemand teilt; mit --play können es stattdessen Zeichnungen aus aufgezeichneten Strichen (JSON) sein.</translation>
     </message>
-    <message>
-        <source>--export: only for a lesson of this board alone</source>
-        <translation>--export: nur für eine Stunde dieser Tafel allein</translation>
-    </message>
 </context>
 <context>
     <name>Board::CommandMenu</name>

@@ -62,6 +62,7 @@ private:
     void noteBothHold();
     QString nameOf(int author) const;
     QColor colorOf(int author) const;
+    bool isDrawing(int author) const;
 
     Document &m_document;
     Canvas &m_canvas;

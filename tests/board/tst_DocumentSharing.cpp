@@ -218,9 +218,12 @@ void tst_DocumentSharing::endsInAnOrdinaryLesson()
     QCOMPARE(journal.count('\n'), 5);
     QCOMPARE(QDir(journals.path()).entryList({"*.inkboard"}).size(), 1);
 
-    // And is shared once more, with what the others have drawn.
+    // And is shared once more, with what the others have drawn, at the same place as soon as that is free.
     SharingProbe another("Another");
+    const int port = teacher.sharing.port();
+    teacher.sharing.setPort(port);
     teacher.share();
+    QCOMPARE(teacher.sharing.port(), port);
     another.join(teacher);
     QTRY_COMPARE_WITH_TIMEOUT(another.objects(), 4U, kPatience);
     QCOMPARE(another.seen(), teacher.seen());
