@@ -174,6 +174,7 @@ void tst_SharedWindow::saysThatTwoHoldTheSame()
     SharingProbe other("Ada");
     other.sharing.join(sharing().link());
     draw(m_window->document(), "rectangle", {50, 50}, {150, 120});
+    QTRY_COMPARE_WITH_TIMEOUT(words(), QString("Shared with 1"), kPatience); // so that the name is known
     QTRY_VERIFY_WITH_TIMEOUT(other.document.isShared() && other.objects() == 1, kPatience);
     const InkLesson::ObjectId id = other.document.page().items()[0]->id;
     QVERIFY(m_window->document().author().reopen(id));
