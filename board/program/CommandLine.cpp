@@ -64,8 +64,8 @@ private:
                                        tr("Seconds, 120 without it, after which it ends with 1."), QStringLiteral("N")};
     const QCommandLineOption m_latency{
         QStringLiteral("record-latency"),
-        tr("Write a line into FILE for each object of others: its author, its number, and the milliseconds from its "
-           "last point to its pixels here."),
+        tr("Write a line into FILE for each object of others: its author, its number, and the milliseconds from the "
+           "slowest of its points to its pixels here."),
         QStringLiteral("FILE")};
     const QCommandLineOption m_export{QStringLiteral("export"),
                                       tr("Write the page to the PNG file OUT when the window is closed."),

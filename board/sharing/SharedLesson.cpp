@@ -26,6 +26,7 @@ SharedLesson::SharedLesson(const LessonLink &link, const QString &name, std::uni
     presence.name = name.left(kMostName);
     m_connection->setPresence(presence);
     connect(m_connection.get(), &LessonConnection::advanced, this, &SharedLesson::advanced);
+    connect(m_connection.get(), &LessonConnection::shown, this, &SharedLesson::shown);
     if (!m_lesson)
         return;
     m_connection->take(*m_lesson, Client::From::Here);

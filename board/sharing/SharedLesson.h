@@ -27,9 +27,10 @@ public:
     bool isGone() const { return m_connection->isGone(); }
 
 signals:
-    void joined();                                 // lesson() and author() are there
-    void advanced();                               // time has gone on, and perhaps the lesson with it
-    void settled(const InkLesson::StepId &record); // of another one, in the lesson now
+    void joined();                                     // lesson() and author() are there
+    void advanced();                                   // time has gone on, and perhaps the lesson with it
+    void settled(const InkLesson::StepId &record);     // of another one, in the lesson now
+    void shown(int author, const QByteArray &payload); // what another one does just now
 
 private:
     InkLesson::Lesson &begin(const InkLesson::Header &header);

@@ -1,0 +1,35 @@
+#pragma once
+
+#include "sharing/live/LiveMessage.h"
+
+#include <deque>
+#include <map>
+#include <vector>
+
+namespace Board {
+
+// How long what others draw takes from their hands to the pixels here, measured on one machine, by its one clock.
+class Latencies
+{
+public:
+    // What another is doing was shown at that time, in milliseconds since 1970.
+    void shown(int author, const QByteArray &payload, qint64 now);
+
+    // An object came as a record and is pixels. The milliseconds from the slowest of its points to its pixels here;
+    // from the end of the object where none of its points was seen before.
+    qint64 settled(const InkLesson::Record &record, qint64 now);
+
+private:
+    struct Drawn
+    {
+        int taken{};
+        quint64 acts{};
+        qint64 worst{};
+        int last{}; // number of a record: it is this one or one before. 0 while it is in the hand
+    };
+    void take(std::deque<Drawn> &drawn, const InkSharing::LiveActs &acts, qint64 now);
+
+    std::map<int, std::deque<Drawn>> m_drawn; // of each author, that no record has come of, the oldest first
+};
+
+} // namespace Board
