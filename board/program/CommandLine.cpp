@@ -65,7 +65,7 @@ private:
     const QCommandLineOption m_latency{
         QStringLiteral("record-latency"),
         tr("Write a line into FILE for each object of others: its author, its number, and the milliseconds from the "
-           "slowest of its points to its pixels here."),
+           "point in its middle to the pixels of that here."),
         QStringLiteral("FILE")};
     const QCommandLineOption m_export{QStringLiteral("export"),
                                       tr("Write the page to the PNG file OUT when the window is closed."),

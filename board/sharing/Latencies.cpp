@@ -1,6 +1,7 @@
 #include "board/sharing/Latencies.h"
 
 #include <algorithm>
+#include <iterator>
 
 namespace Board {
 
@@ -27,23 +28,29 @@ void Latencies::take(std::deque<Drawn> &drawn, const LiveActs &acts, qint64 now)
     const bool isNew = drawn.empty() || drawn.back().taken != acts.taken;
     if (isNew && acts.from == 0 && std::holds_alternative<InkLesson::Draw>(acts.record.deed))
         drawn.push_back({acts.taken});
-    if (drawn.empty() || drawn.back().taken != acts.taken || drawn.back().acts != acts.from || acts.time == 0)
+    if (drawn.empty() || drawn.back().taken != acts.taken || drawn.back().acts() != acts.from || acts.time == 0)
         return;
-    drawn.back().acts += actsOf(acts.record).size();
-    drawn.back().worst = std::max(drawn.back().worst, now - acts.time);
+    drawn.back().parts.push_back({acts.from, actsOf(acts.record).size(), acts.time, now});
 }
 
+// The acts of a part were done one after the other until the next part began.
 qint64 Latencies::settled(const InkLesson::Record &record, qint64 now)
 {
     std::deque<Drawn> &drawn = m_drawn[record.id.author];
     while (!drawn.empty() && drawn.front().last != 0 && drawn.front().last < record.id.number)
         drawn.pop_front(); // it left no mark
-    if (drawn.empty())
+    const quint64 middle = actsOf(record).size() / 2;
+    if (drawn.empty() || drawn.front().acts() <= middle) {
+        if (!drawn.empty())
+            drawn.pop_front();
         return now - record.time;
-    const Drawn first = drawn.front();
+    }
+    const std::vector<Part> parts = std::move(drawn.front().parts);
     drawn.pop_front();
-    const bool isWhole = first.acts >= actsOf(record).size();
-    return isWhole ? first.worst : std::max(first.worst, now - record.time); // its last points came with it
+    const auto part =
+        std::find_if(parts.begin(), parts.end(), [&](const Part &one) { return one.from + one.count > middle; });
+    const qint64 end = std::next(part) == parts.end() ? record.time : std::next(part)->time;
+    return part->shown - part->time - (end - part->time) * qint64(middle - part->from) / qint64(part->count);
 }
 
 } // namespace Board

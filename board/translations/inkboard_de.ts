@@ -236,8 +236,8 @@
         <translation>Sekunden, ohne Angabe 120, nach denen das Programm mit 1 endet.</translation>
     </message>
     <message>
-        <source>Write a line into FILE for each object of others: its author, its number, and the milliseconds from the slowest of its points to its pixels here.</source>
-        <translation>Für jedes Objekt der anderen eine Zeile in die Datei FILE schreiben: seinen Autor, seine Nummer und die Millisekunden vom langsamsten seiner Punkte bis zu dessen Pixeln hier.</translation>
+        <source>Write a line into FILE for each object of others: its author, its number, and the milliseconds from the point in its middle to the pixels of that here.</source>
+        <translation>Für jedes Objekt der anderen eine Zeile in die Datei FILE schreiben: seinen Autor, seine Nummer und die Millisekunden vom Punkt in seiner Mitte bis zu dessen Pixeln hier.</translation>
     </message>
     <message>
         <source>--%1 %2: not a number up to %3</source>

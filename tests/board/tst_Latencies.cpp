@@ -43,27 +43,37 @@ class tst_Latencies : public QObject
     Q_OBJECT
 
 private slots:
-    void theSlowestPointCounts();
-    void pointsThatComeWithTheRecordCount();
+    void thePointInTheMiddleCounts();
+    void theLastPartEndsWithTheObject();
+    void aPointThatComesWithTheRecordCountsFromItsEnd();
     void whatWasNotSeenCountsFromItsEnd();
     void whatHasLeftNoMarkIsPassedOver();
     void actsAfterAGapAreNotShown();
 };
 
-void tst_Latencies::theSlowestPointCounts()
+// Ten acts, four of which came at first, and then four that were done from 1040 to 1080: that of place five at 1050.
+void tst_Latencies::thePointInTheMiddleCounts()
 {
     Latencies latencies;
-    latencies.shown(kPen, told(1, 0, 2, 1000), 1020);
-    latencies.shown(kPen, told(1, 2, 3, 1040), 1095);
-    latencies.shown(kPen, told(1, 5, 1, 1080), 1100);
-    QCOMPARE(latencies.settled(drawn(1, 6, 1110), 1500), qint64(55));
+    latencies.shown(kPen, told(1, 0, 4, 1000), 1900);
+    latencies.shown(kPen, told(1, 4, 4, 1040), 1085);
+    latencies.shown(kPen, told(1, 8, 2, 1080), 1800);
+    QCOMPARE(latencies.settled(drawn(1, 10, 1110), 1500), qint64(35));
 }
 
-void tst_Latencies::pointsThatComeWithTheRecordCount()
+// The last that was told was done until the object was at its end.
+void tst_Latencies::theLastPartEndsWithTheObject()
+{
+    Latencies latencies;
+    latencies.shown(kPen, told(1, 0, 4, 1000), 1050);
+    QCOMPARE(latencies.settled(drawn(1, 5, 1040), 1100), qint64(30));
+}
+
+void tst_Latencies::aPointThatComesWithTheRecordCountsFromItsEnd()
 {
     Latencies latencies;
     latencies.shown(kPen, told(1, 0, 2, 1000), 1020);
-    QCOMPARE(latencies.settled(drawn(1, 3, 1030), 1100), qint64(70));
+    QCOMPARE(latencies.settled(drawn(1, 4, 1030), 1100), qint64(70));
 }
 
 void tst_Latencies::whatWasNotSeenCountsFromItsEnd()
@@ -81,8 +91,8 @@ void tst_Latencies::whatHasLeftNoMarkIsPassedOver()
     latencies.shown(kPen, told(2, 0, 2, 2000), 2033);
     latencies.shown(kPen, dropped(2, 5), 2050);
     latencies.shown(kPen, told(3, 0, 2, 2100), 2177);
-    QCOMPARE(latencies.settled(drawn(5, 2, 2040), 2200), qint64(33));
-    QCOMPARE(latencies.settled(drawn(6, 2, 2110), 2300), qint64(77));
+    QCOMPARE(latencies.settled(drawn(5, 2, 2020), 2200), qint64(23));
+    QCOMPARE(latencies.settled(drawn(6, 2, 2110), 2300), qint64(72));
 }
 
 void tst_Latencies::actsAfterAGapAreNotShown()
