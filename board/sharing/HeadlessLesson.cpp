@@ -1,6 +1,7 @@
 #include "board/sharing/HeadlessLesson.h"
 
 #include "board/sharing/DoorProcess.h"
+#include "board/sharing/KeptLesson.h"
 #include "board/sharing/Latencies.h"
 #include "board/sharing/LessonLink.h"
 #include "board/sharing/SharedLesson.h"
@@ -27,6 +28,7 @@ namespace Board {
 namespace {
 
 constexpr QSize kPage{1280, 800};
+constexpr int kBeginner = 1;
 
 class Headless
 {
@@ -47,7 +49,12 @@ private:
     void hold(const LessonLink &link);
     void recordLatency();
     void draw();
+    std::ptrdiff_t drawnBefore() const;
+    std::unique_ptr<InkLesson::Lesson> leftLesson();
     void step();
+    QString keep();
+    QString begin();
+    void finish();
     void end(const QString &problem);
     int objects() const;
     bool isDone() const;
@@ -60,14 +67,16 @@ private:
     QTemporaryDir m_folder;
     std::unique_ptr<DoorProcess> m_door;
     std::unique_ptr<SharedLesson> m_lesson;
-    std::unique_ptr<StrokePlayer> m_player;
+    std::unique_ptr<KeptLesson> m_kept;     // once there is a lesson; null where no journal is wanted
+    std::unique_ptr<StrokePlayer> m_player; // once the lesson is open
     std::vector<InkLesson::Stroke> m_strokes;
     std::optional<LessonLink> m_link;
+    InkLesson::Sharing m_sharing{};
+    QString m_before;
     QSize m_size{kPage};
     QTimer m_points; // is due when the next one is
     QFile m_latencyFile;
     Latencies m_latencies;
-    bool m_isTold{}; // the link
 };
 
 QString Headless::hold()
@@ -91,6 +100,7 @@ QString Headless::hold()
     }
     if (!m_result)
         m_loop.exec();
+    m_kept.reset();
     m_lesson.reset();
     m_door.reset(); // hands everybody what it has
     return *m_result;
@@ -112,7 +122,7 @@ QString Headless::readStrokes()
 QString Headless::openLatencyFile()
 {
     m_latencyFile.setFileName(m_order.latencyFile);
-    if (m_order.latencyFile.isEmpty() || m_latencyFile.open(QIODevice::WriteOnly))
+    if (m_order.latencyFile.isEmpty() || m_latencyFile.open(QIODevice::WriteOnly | QIODevice::Unbuffered))
         return {};
     return tr("%1: cannot be written: %2").arg(m_order.latencyFile, m_latencyFile.errorString());
 }
@@ -132,8 +142,14 @@ void Headless::startDoor()
 void Headless::hold(const LessonLink &link)
 {
     m_link = link;
-    auto begun = m_order.isJoining ? nullptr : std::make_unique<InkLesson::Lesson>(InkLesson::Header{m_size, 1});
-    m_lesson = std::make_unique<SharedLesson>(link, m_order.name, std::move(begun));
+    m_sharing = freshSharing(link, m_order.isJoining ? std::vector<int>() : std::vector<int>{kBeginner});
+    auto lesson = m_order.isJoining ? nullptr : std::make_unique<InkLesson::Lesson>(InkLesson::Header{m_size, 1});
+    auto from = InkSharing::Client::From::Here;
+    if (auto left = leftLesson()) {
+        lesson = std::move(left);
+        from = InkSharing::Client::From::Journal;
+    }
+    m_lesson = std::make_unique<SharedLesson>(*m_link, m_sharing, m_order.name, std::move(lesson), from);
     QObject::connect(m_lesson.get(), &SharedLesson::advanced, &m_loop, [this] { step(); });
     if (!m_latencyFile.isOpen())
         return;
@@ -141,6 +157,23 @@ void Headless::hold(const LessonLink &link)
         m_latencies.shown(author, payload, QDateTime::currentMSecsSinceEpoch());
     });
     QObject::connect(m_lesson.get(), &SharedLesson::settled, &m_loop, [this] { recordLatency(); });
+}
+
+// What a board that was killed has left, under its name and with its token. A door of our own may be at another address
+// now.
+std::unique_ptr<InkLesson::Lesson> Headless::leftLesson()
+{
+    if (m_order.journals.isEmpty())
+        return nullptr;
+    auto left = KeptLesson::leftIn(m_order.journals, m_order.isJoining ? m_link->text() : QString());
+    if (!left.lesson)
+        return nullptr;
+    if (const auto link = LessonLink::fromText(left.sharing.address))
+        m_link->lesson = link->lesson;
+    m_sharing = left.sharing;
+    m_sharing.address = m_link->text();
+    m_before = left.journal;
+    return std::move(left.lesson);
 }
 
 // Of the record that was settled last.
@@ -159,24 +192,60 @@ void Headless::step()
 {
     if (m_lesson->isGone())
         return end(tr("the door does not let this board in (%1)").arg(int(m_lesson->client().reason())));
-    if (!m_lesson->author() || (!m_isTold && !m_lesson->isOpen()))
+    if (!m_lesson->author())
         return;
-    if (!m_isTold) {
-        m_isTold = true;
-        if (const QString problem = writeLink(); !problem.isEmpty())
-            return end(problem);
+    QString problem = m_kept ? QString() : keep();
+    if (problem.isEmpty() && !m_player && m_lesson->isOpen())
+        problem = begin();
+    if (!problem.isEmpty())
+        end(problem);
+    else if (m_player && isDone())
+        finish();
+}
+
+QString Headless::keep()
+{
+    if (m_order.journals.isEmpty())
+        return {};
+    m_kept = std::make_unique<KeptLesson>(m_order.journals);
+    return m_kept->keep(*m_lesson, m_sharing, m_before);
+}
+
+// Others can join from now on.
+QString Headless::begin()
+{
+    const QString problem = writeLink();
+    if (!m_order.png.isEmpty() || m_latencyFile.isOpen())
         m_lesson->lesson()->page(InkLesson::kFirstPage).surface(); // somebody looks
-        draw();
-    }
-    if (isDone())
-        end(m_order.png.isEmpty()
-                ? QString()
-                : InkLesson::savePng(m_lesson->lesson()->page(InkLesson::kFirstPage).picture(), m_order.png));
+    draw();
+    return problem;
+}
+
+void Headless::finish()
+{
+    InkLesson::Page &page = m_lesson->lesson()->page(InkLesson::kFirstPage);
+    const QString problem = m_order.png.isEmpty() ? QString() : InkLesson::savePng(page.picture(), m_order.png);
+    if (m_kept && problem.isEmpty())
+        m_kept->discard();
+    end(problem);
+}
+
+// Of the strokes, those that the journal has.
+std::ptrdiff_t Headless::drawnBefore() const
+{
+    const InkLesson::Lesson &lesson = *m_lesson->lesson();
+    InkLesson::RecordReader reader;
+    return std::count_if(lesson.log().begin(), lesson.log().end(), [&](const QByteArray &code) {
+        InkLesson::Record record;
+        return reader.readCbor(code, record) && record.id.author == m_lesson->author()->number() &&
+               std::holds_alternative<InkLesson::Draw>(record.deed);
+    });
 }
 
 // Each point when it is due, as a hand does, and not when the connection is looked after.
 void Headless::draw()
 {
+    m_strokes.erase(m_strokes.begin(), m_strokes.begin() + std::min(std::ptrdiff_t(m_strokes.size()), drawnBefore()));
     m_player = std::make_unique<StrokePlayer>(std::move(m_strokes), *m_order.tool->kind, m_order.pace);
     const auto play = [this] { m_player->play(*m_lesson->author()); };
     QObject::connect(&m_points, &QTimer::timeout, &m_loop, play);

@@ -14,8 +14,10 @@ class SharedLesson : public QObject
     Q_OBJECT
 
 public:
-    // Begins it with `begun`, or joins what somebody else has begun where that is null.
-    SharedLesson(const LessonLink &link, const QString &name, std::unique_ptr<InkLesson::Lesson> begun);
+    // Begins it with a lesson, comes back to one from a journal, or joins what somebody else has begun where that is
+    // null.
+    SharedLesson(const LessonLink &link, const InkLesson::Sharing &sharing, const QString &name,
+                 std::unique_ptr<InkLesson::Lesson> lesson, InkSharing::Client::From from);
     ~SharedLesson() override;
 
     // Null until it was joined.
@@ -27,10 +29,11 @@ public:
     bool isGone() const { return m_connection->isGone(); }
 
 signals:
-    void joined();                                     // lesson() and author() are there
-    void advanced();                                   // time has gone on, and perhaps the lesson with it
-    void settled(const InkLesson::StepId &record);     // of another one, in the lesson now
-    void shown(int author, const QByteArray &payload); // what another one does just now
+    void joined();                                            // lesson() and author() are there
+    void advanced();                                          // time has gone on, and perhaps the lesson with it
+    void changed(const InkLesson::Lesson::LogChange &change); // in the midst of the lesson's work
+    void settled(const InkLesson::StepId &record);            // of another one, in the lesson now
+    void shown(int author, const QByteArray &payload);        // what another one does just now
 
 private:
     InkLesson::Lesson &begin(const InkLesson::Header &header);

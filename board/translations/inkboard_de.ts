@@ -255,6 +255,10 @@
         <source>--tool %1: nothing to draw with</source>
         <translation>--tool %1: damit lässt sich nichts zeichnen</translation>
     </message>
+    <message>
+        <source>Keep the lesson in FOLDER until it was held to its end. A board that was killed and is started again comes back to it, and draws what is left.</source>
+        <translation>Die Stunde im Ordner FOLDER aufbewahren, bis sie zu Ende gehalten ist. Eine Tafel, die beendet wurde und wieder gestartet wird, kehrt zu ihr zurück und zeichnet, was noch fehlt.</translation>
+    </message>
 </context>
 <context>
     <name>Board::CommandMenu</name>
@@ -495,6 +499,13 @@
     <message>
         <source>%1 of %2 objects are there, %3 steps are not with the others</source>
         <translation>%1 von %2 Objekten sind da, %3 Schritte sind nicht bei den anderen</translation>
+    </message>
+</context>
+<context>
+    <name>Board::KeptLesson</name>
+    <message>
+        <source>%1: cannot be written: %2</source>
+        <translation>%1: nicht beschreibbar: %2</translation>
     </message>
 </context>
 <context>
