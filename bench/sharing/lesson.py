@@ -102,22 +102,23 @@ class Lesson:
     def wait_for_boards(self, count, seconds=120):
         wait_for(lambda: self.metrics()["inkboard_connections"] >= count, seconds, f"{count} boards", every=0.2)
 
-    def share(self, name, *words, port=None):
+    def share(self, name, *words, port=None, measured=True):
         """The board that begins the lesson."""
         board = self.board("--share", "--door", f"http://127.0.0.1:{port or self.door_port}", "--link-file", "link",
-                           name=name, words=words)
+                           name=name, words=words, measured=measured)
         link = self.folder / "link"
         wait_for(lambda: link.exists() and link.read_text().strip(), 60, "a link")
         self.link = link.read_text().strip()
         return board
 
-    def join(self, name, *words, port=None):
-        link = self.link if port is None else re.sub(r":\d+/", f":{port}/", self.link, count=1)
-        return self.board("--join", link, name=name, words=words)
+    def join(self, name, *words, port=None, measured=True):
+        link = self.link if port is None else re.sub(r":\d+(?=[/#])", f":{port}", self.link, count=1)
+        return self.board("--join", link, name=name, words=words, measured=measured)
 
-    def board(self, *first, name, words):
-        process = self.run(BUILD / "board" / "inkboard", *first, "--name", name, "--record-latency", f"{name}.txt",
-                           *words, log=f"{name}.log")
+    def board(self, *first, name, words, measured):
+        """One that is not measured, and writes no page, does not paint."""
+        words = [*words, "--record-latency", f"{name}.txt"] if measured else words
+        process = self.run(BUILD / "board" / "inkboard", *first, "--name", name, *words, log=f"{name}.log")
         process.name = name
         return process
 
