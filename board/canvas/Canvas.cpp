@@ -38,6 +38,9 @@ Canvas::Canvas(Document &document, QWidget *parent)
     setCursor(Qt::CrossCursor);
     setAccessibleName(tr("Page"));
     m_desk.nameTag.setDensity(document.density());
+    m_desk.otherTags.setDensity(document.density());
+    m_desk.heldElsewhere = [this](int author) { emit heldElsewhere(author); };
+    connect(&document, &Document::pageLost, this, &Canvas::leavePage);
     connect(&document, &Document::painted, this, &Canvas::showPainted);
     connect(&document, &Document::currentChanged, this, &Canvas::showDocument);
     connect(&m_desk.laser, &LaserPen::changed, this, [this](const QRect &area) { update(view().covering(area)); });
@@ -136,15 +139,18 @@ void Canvas::showDocument()
     m_desk.selection.clear();
     growPage();
     m_desk.nameTag.setDensity(m_desk.document.density());
+    m_desk.otherTags.setDensity(m_desk.document.density());
     takeCursor(); // of a width at another density
     showPainted(page().rect());
     setCursor(m_cursor);
+    followView();
 }
 
 // Another part of the page, or another screen.
 void Canvas::showView()
 {
     m_desk.inHand.followView();
+    followView();
     const QCursor before = m_cursor;
     takeCursor();
     if (cursor() == before)
@@ -268,7 +274,39 @@ void Canvas::followName()
     const QRect tagged = m_desk.nameTag.follow(m_desk.document.author().object());
     if (!tagged.isEmpty())
         update(view().covering(tagged));
+    for (const QRect &part : m_desk.otherTags.follow(page()))
+        update(view().covering(part));
     emit changed();
+}
+
+void Canvas::setOthers(const std::map<int, Drawer> &others)
+{
+    m_desk.otherTags.setPeople(others);
+    followName();
+}
+
+void Canvas::setPointers(const QList<OtherPointer> &pointers)
+{
+    update(m_others.setPointers(pointers));
+}
+
+void Canvas::showPointers(bool isShown)
+{
+    update(m_others.setShown(isShown));
+}
+
+void Canvas::followView()
+{
+    update(m_others.setView([this](const QPointF &pt) { return view().fromPage(pt); }, rect()));
+}
+
+// What is in the hand goes with the page.
+void Canvas::leavePage()
+{
+    endDrawing();
+    m_desk.selection.clear();
+    m_desk.inHand.author().finish();
+    setCursor(m_cursor);
 }
 
 void Canvas::paintEvent(QPaintEvent *event)
@@ -283,8 +321,10 @@ void Canvas::paintEvent(QPaintEvent *event)
         painter.setPen(QPen(QColor(kAccentColor), kRingWidth, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
         painter.drawRect(rect().adjusted(kRingWidth / 2, kRingWidth / 2, -kRingWidth / 2, -kRingWidth / 2));
     }
+    m_others.paint(painter);
     painter.setTransform(view().transform(), true);
     m_desk.nameTag.paint(painter);
+    m_desk.otherTags.paint(painter);
     paintLaser(painter);
     m_desk.inHand.painted();
 }
@@ -292,6 +332,7 @@ void Canvas::paintEvent(QPaintEvent *event)
 void Canvas::resizeEvent(QResizeEvent * /*event*/)
 {
     growPage();
+    followView();
 }
 
 } // namespace Board

@@ -3,13 +3,16 @@
 #include "board/desk/Desk.h"
 #include "board/gestures/Pinch.h"
 #include "board/gestures/PointerGesture.h"
+#include "board/people/OtherPointers.h"
 #include "board/pointers/Fingers.h"
 #include "board/pointers/PenWatch.h"
 
 #include <QtGui/QCursor>
 #include <QtWidgets/QWidget>
 
+#include <map>
 #include <memory>
+#include <optional>
 
 class QTouchEvent;
 
@@ -44,6 +47,13 @@ public:
     // Whose name is shown beside what is drawn.
     void setDrawer(const Drawer &drawer);
 
+    // Who else draws on the lesson, by their authors.
+    void setOthers(const std::map<int, Drawer> &others);
+
+    // Where they point on this page, and whether that is shown.
+    void setPointers(const QList<OtherPointer> &pointers);
+    void showPointers(bool isShown);
+
     // The dots of a tool that scatters are the same after the same seed.
     void setSeed(quint32 seed) { m_desk.scatter = InkLesson::Scatter(seed); }
 
@@ -68,6 +78,12 @@ signals:
     // Something was drawn, an object was let go, or the like.
     void changed();
 
+    // Where the pointer is, in page pixels; nowhere once it has left.
+    void pointed(const std::optional<QPoint> &pt);
+
+    // Somebody else holds what was to be taken.
+    void heldElsewhere(int author);
+
     // What was dropped is no picture; in one line.
     void pictureRefused(const QString &problem);
 
@@ -79,6 +95,7 @@ protected:
     void keyReleaseEvent(QKeyEvent *event) override;
     void focusInEvent(QFocusEvent *event) override;
     void focusOutEvent(QFocusEvent *event) override;
+    void leaveEvent(QEvent *event) override;
     void wheelEvent(QWheelEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
     void mouseMoveEvent(QMouseEvent *event) override;
@@ -114,6 +131,8 @@ private:
     void showDocument();
     void showView();
     void followName();
+    void leavePage();
+    void followView();
     void growPage();
 
     InkLesson::ObjectId chosen() const; // kNothing for none
@@ -129,6 +148,7 @@ private:
     Qt::MouseButton m_button{Qt::NoButton}; // that was pressed
     Fingers m_fingers;
     PenWatch m_pen;
+    OtherPointers m_others;
     QCursor m_cursor{Qt::CrossCursor}; // beside an object
     bool m_ringed{};                   // the Tab key has come here
 };

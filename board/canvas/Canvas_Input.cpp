@@ -41,6 +41,7 @@ bool Canvas::press(Device device, const QPointF &pos)
 
 void Canvas::begin(Device device, std::unique_ptr<PointerGesture> gesture, const QPointF &pos)
 {
+    emit pointed(pageAt(pos));
     m_device = device;
     m_gesture = std::move(gesture);
     if (m_gesture->cursor())
@@ -50,6 +51,7 @@ void Canvas::begin(Device device, std::unique_ptr<PointerGesture> gesture, const
 
 void Canvas::move(Device device, const QPointF &pos)
 {
+    emit pointed(pageAt(pos));
     if (m_device == Device::None)
         showHandle(pageAt(pos));
     else if (m_device == device)
@@ -60,6 +62,8 @@ void Canvas::release(Device device, const QPointF &pos)
 {
     if (m_device != device)
         return;
+    if (device == Device::Finger)
+        emit pointed({});
     const auto gesture = takeGesture();
     gesture->release(spotAt(pos));
     if (gesture->cursor())
@@ -139,6 +143,12 @@ void Canvas::focusOutEvent(QFocusEvent *event)
     m_ringed = false;
     QWidget::focusOutEvent(event);
     update();
+}
+
+void Canvas::leaveEvent(QEvent *event)
+{
+    QWidget::leaveEvent(event);
+    emit pointed({});
 }
 
 // Not under a pointer that draws: its point would leap.

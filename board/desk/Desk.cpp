@@ -1,5 +1,6 @@
 #include "board/desk/Desk.h"
 
+#include "lesson/layers/HitTest.h"
 #include "lesson/pages/Page.h"
 
 #include <algorithm>
@@ -31,6 +32,16 @@ Ink Desk::pageInk() const
 int Desk::reach()
 {
     return view().pageLength(kReach);
+}
+
+int Desk::holderAt(const QPoint &pt)
+{
+    const auto &hands = page().hands();
+    const auto found = std::find_if(hands.begin(), hands.end(), [&](const InkLesson::Hand &hand) {
+        return hand.author != document.author().number() && hand.held != InkLesson::kNothing &&
+               InkLesson::paintsNear(*hand.object, pt, reach());
+    });
+    return found == hands.end() ? 0 : found->author;
 }
 
 InkLesson::ObjectId Desk::topmostAt(const QPoint &pt)

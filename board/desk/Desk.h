@@ -2,11 +2,14 @@
 
 #include "board/desk/InHand.h"
 #include "board/desk/LaserPen.h"
+#include "board/desk/OtherTags.h"
 #include "board/desk/Selection.h"
 #include "board/person/NameTag.h"
 #include "board/view/Navigator.h"
 
 #include "lesson/objects/Scatter.h"
+
+#include <functional>
 
 namespace Board {
 
@@ -28,12 +31,17 @@ struct Desk
     int reach();
     InkLesson::ObjectId topmostAt(const QPoint &pt);
 
+    // Who else holds the object that is met there, which is not to be taken then; 0 for nobody.
+    int holderAt(const QPoint &pt);
+
     Document &document;
     Navigator navigator;
     InHand inHand;
     Selection selection;
     LaserPen laser;
     NameTag nameTag;
+    OtherTags otherTags;
+    std::function<void(int author)> heldElsewhere; // somebody wants to take what this author holds
     InkLesson::Scatter scatter;
     const Tool *tool;
     Ink ink; // the width in pixels of a plain screen

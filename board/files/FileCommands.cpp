@@ -30,6 +30,7 @@ FileCommands::FileCommands(Document &document, Canvas &canvas, QWidget &window)
     connect(group.add("save", tr("Save"), QStringLiteral("Ctrl+S")), &QAction::triggered, this, &FileCommands::save);
     connect(group.add("save-as", tr("Save as…"), QStringLiteral("Ctrl+Shift+S")), &QAction::triggered, this,
             &FileCommands::saveAs);
+    connect(&m_recovery, &Recovery::wasShared, this, &FileCommands::wasShared, Qt::QueuedConnection);
     connect(
         &document, &Document::journalFailed, this,
         [this](const QString &problem) { warn(tr("The lesson is not safe"), problem); }, Qt::QueuedConnection);
@@ -40,9 +41,22 @@ void FileCommands::warn(const QString &title, const QString &problem)
     QMessageBox::warning(&m_window, title, problem);
 }
 
+// What the others do until the sharing has ended is saved as well, where the rest is.
 bool FileCommands::letGo()
 {
     m_canvas.finish();
+    if (m_document.isShared() && !m_sharing.mayEnd())
+        return false;
+    if (!letGoOfChanges())
+        return false;
+    const bool isSaved = m_document.isSaved();
+    if (m_document.isShared())
+        m_sharing.end();
+    return !isSaved || m_document.isSaved() || save();
+}
+
+bool FileCommands::letGoOfChanges()
+{
     if (m_document.isSaved())
         return true;
     const auto answer =

@@ -6,6 +6,8 @@
 
 #include <QtCore/QObject>
 
+#include <functional>
+
 class QWidget;
 
 namespace Board {
@@ -31,11 +33,25 @@ public:
     // Asks what is to become of changes. False when the person wants to go on with them.
     bool letGo();
 
+    // A lesson that others take part in: whether it may be left, and what is done then. Asked, and done, before the
+    // document goes.
+    struct Sharing
+    {
+        std::function<bool()> mayEnd;
+        std::function<void()> end;
+    };
+    void setSharing(const Sharing &sharing) { m_sharing = sharing; }
+
     // Opens the lesson, if one is named, offers what a board that ended by itself has left in `folder`, and keeps a
     // journal there from now on.
     void startJournal(const QString &folder, const QString &lessonFile = {});
 
+signals:
+    // The document was recovered, and had been shared.
+    void wasShared(const InkLesson::Sharing &sharing);
+
 private:
+    bool letGoOfChanges();
     bool saveTo(const QString &fileName);
     bool saveElsewhere(const QString &problem);
     void claimFile();
@@ -46,6 +62,7 @@ private:
     QWidget &m_window;
     InkLesson::FileClaim m_claim; // to the file of the document
     Recovery m_recovery;
+    Sharing m_sharing;
 };
 
 } // namespace Board

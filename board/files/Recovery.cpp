@@ -148,11 +148,14 @@ QString Recovery::choose()
 // A last line that was cut off is what recovery is for.
 void Recovery::open(const QString &journal)
 {
+    const InkLesson::Sharing sharing = InkLesson::Journal::sharingOf(journal);
     const QString problem =
         withOpeningBar(m_window, [&](const Document::Progress &tell) { return m_document.recover(journal, tell); });
     if (!problem.isEmpty() && !endsWithinALine(journal))
         QMessageBox::warning(&m_window, tr("The lesson could not be read to its end"), problem);
     m_opened = journal.endsWith(QLatin1String(kKeptSuffix)) ? journal : keepForLater(journal);
+    if (!sharing.token.isEmpty())
+        emit wasShared(sharing);
 }
 
 void Recovery::forget()

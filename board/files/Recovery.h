@@ -1,5 +1,7 @@
 #pragma once
 
+#include "lesson/storage/Sharing.h"
+
 #include <QtCore/QObject>
 #include <QtCore/QStringList>
 
@@ -32,6 +34,10 @@ public:
 
     // What was opened is saved now, or not wanted.
     void forget();
+
+signals:
+    // The lesson that was opened had been shared.
+    void wasShared(const InkLesson::Sharing &sharing);
 
 private:
     QStringList lessons() const; // the newest first

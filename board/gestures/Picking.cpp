@@ -14,6 +14,11 @@ Picking::Picking(Desk &desk)
 void Picking::press(const PointerSpot &at)
 {
     m_press = at.pt;
+    if (const int holder = m_desk.holderAt(at.pt)) {
+        m_desk.selection.clear();
+        m_desk.heldElsewhere(holder);
+        return;
+    }
     m_desk.selection.pick(m_desk.topmostAt(at.pt));
 }
 

@@ -35,8 +35,11 @@ void Removing::removeAlong(const QPoint &from, const QPoint &to)
     const QPoint by = to - from;
     const int steps = std::max(std::abs(by.x()), std::abs(by.y())) / (m_desk.reach() + 1) + 1;
     for (int i = 1; i <= steps; ++i) {
-        const ObjectId id = m_desk.topmostAt(from + by * i / steps);
-        if (id != kNothing)
+        const QPoint pt = from + by * i / steps;
+        const ObjectId id = m_desk.topmostAt(pt);
+        if (const int holder = m_desk.holderAt(pt))
+            m_desk.heldElsewhere(holder);
+        else if (id != kNothing)
             m_step = m_desk.inHand.author().remove({id}, m_step);
     }
 }

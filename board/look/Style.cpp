@@ -51,6 +51,11 @@ QString windowStyle()
         QDialog QPushButton:disabled { color: #a9b2be; }
         QDialog QLineEdit, #rail QLineEdit { font-size: 14px; padding: 6px 8px; border: 1px solid #c3ccd8; border-radius: 8px; }
         QDialog QLineEdit:focus, #rail QLineEdit:focus { border: 2px solid #2563c9; padding: 5px 7px; }
+        QDialog QLabel[title="true"] { color: #27313d; font-size: 24px; font-weight: bold; }
+        QDialog #words { color: #27313d; font-size: 18px; }
+        QDialog QComboBox { font-size: 14px; min-height: 28px; }
+        QDialog QProgressBar { background: #e3ecfb; border: none; border-radius: 4px; min-height: 8px; max-height: 8px; }
+        QDialog QProgressBar::chunk { background: #2563c9; border-radius: 4px; }
         QDialog QCheckBox { color: #27313d; font-size: 14px; }
         QDialog QTreeView { font-size: 14px; border: 1px solid #d9dee6; border-radius: 8px; }
         QDialog QTreeView::item { padding: 3px 0; }

@@ -67,7 +67,7 @@ QImage drawerIcon(const Drawer &drawer, int side)
         painter.drawImage((side - scaled.width()) / 2, (side - scaled.height()) / 2, scaled);
         return image;
     }
-    painter.fillPath(disc, QColor(kAccentColor));
+    painter.fillPath(disc, drawer.color.isValid() ? drawer.color : QColor(kAccentColor));
     painter.setPen(QColor(kAccentTextColor));
     painter.setFont(font(side * 3 / 5));
     painter.drawText(image.rect(), Qt::AlignCenter, drawer.name.left(1).toUpper());
@@ -135,7 +135,7 @@ void NameTag::paint(QPainter &painter) const
     painter.setOpacity(kOpacity);
     if (!m_nameArea.isEmpty()) {
         painter.setPen(Qt::NoPen);
-        painter.setBrush(QColor(kTextColor));
+        painter.setBrush(m_drawer.color.isValid() ? m_drawer.color : QColor(kTextColor));
         painter.drawRoundedRect(m_nameArea, m_nameArea.height() / 2.0, m_nameArea.height() / 2.0);
         painter.setPen(QColor(kAccentTextColor));
         painter.setFont(font(m_textSize));

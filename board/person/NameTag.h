@@ -2,6 +2,7 @@
 
 #include <QtCore/QRect>
 #include <QtCore/QString>
+#include <QtGui/QColor>
 #include <QtGui/QImage>
 
 class CInkGraph;
@@ -9,7 +10,7 @@ class QPainter;
 
 namespace Board {
 
-// The person who draws at this board, as the settings keep it.
+// A person who draws: the one at this board as the settings keep it, or another one.
 struct Drawer
 {
     static constexpr int kMaxName = 31; // units of UTF-16 that an object keeps
@@ -17,6 +18,7 @@ struct Drawer
     QString name{};
     QImage icon{};  // null for the first letter of the name
     bool isShown{}; // beside what is being drawn
+    QColor color{}; // behind the name and its letter; invalid for that of the board
 };
 
 Drawer readDrawer();

@@ -100,7 +100,8 @@ Reader::Reader()
                          m_pace, m_until, m_timeout, m_latency, m_journal, m_help, m_version});
     m_parser.addPositionalArgument(
         QStringLiteral("FILE"),
-        tr("A lesson (.inkboard); with --play it may be drawings of recorded strokes (JSON) instead."),
+        tr("A lesson (.inkboard), or the link to one that somebody shares; with --play it may be drawings of recorded "
+           "strokes (JSON) instead."),
         QStringLiteral("[FILE...]"));
 }
 
@@ -155,7 +156,10 @@ QString Reader::readWindow(CommandLine &line) const
         return tr("%1: the window opens one lesson at a time").arg(files.at(1));
     if (!files.isEmpty() && m_parser.isSet(m_size))
         return tr("--size: a lesson has a size of its own");
-    line.lessonFile = files.value(0);
+    line.link = LessonLink::fromText(files.value(0));
+    line.lessonFile = line.link ? QString() : files.value(0);
+    if (line.link && m_parser.isSet(m_export))
+        return tr("--export: only for a lesson of this board alone");
     if (m_parser.isSet(m_png))
         return tr("--png: only with --play; the window has --export");
     line.exportFile = m_parser.value(m_export);

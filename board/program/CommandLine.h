@@ -2,6 +2,7 @@
 
 #include "board/playing/Player.h"
 #include "board/sharing/HeadlessLesson.h"
+#include "board/sharing/LessonLink.h"
 
 #include <QtCore/QSize>
 #include <QtCore/QString>
@@ -19,13 +20,14 @@ struct CommandLine
     enum class Task { ShowWindow, Play, HoldLesson, ShowText };
 
     Task task{Task::ShowWindow};
-    PlayOrder play;     // for Play
-    SharingOrder share; // for HoldLesson
-    const Tool *tool{}; // first tool of the window
-    QSize pageSize;     // first size of the page in the window
-    QString lessonFile; // opened in the window; may be empty
-    QString exportFile; // written when the window is closed; may be empty
-    QString text;       // for ShowText
+    PlayOrder play;                 // for Play
+    SharingOrder share;             // for HoldLesson
+    const Tool *tool{};             // first tool of the window
+    QSize pageSize;                 // first size of the page in the window
+    QString lessonFile;             // opened in the window; may be empty
+    std::optional<LessonLink> link; // to the lesson that is joined in the window
+    QString exportFile;             // written when the window is closed; may be empty
+    QString text;                   // for ShowText
 };
 
 // Whether the arguments ask for something that needs no display. Looks for words only: it is asked before Qt has

@@ -1,8 +1,10 @@
 #include "board/canvas/Canvas.h"
 #include "board/files/FileCommands.h"
+#include "board/person/NameTag.h"
 #include "board/program/CommandLine.h"
 #include "board/program/Translation.h"
 #include "board/window/MainWindow.h"
+#include "board/window/SharingCommands.h"
 
 #include <QtCore/QFile>
 #include <QtCore/QLocale>
@@ -50,17 +52,19 @@ int showWindow(const CommandLine &line)
     MainWindow window(line.pageSize);
     if (window.canvas().page().isNull())
         return ended(QApplication::translate("Board", "not enough memory for the page"));
+    const QString folder = QStandardPaths::writableLocation(QStandardPaths::AppDataLocation);
     window.setAsksBeforeClosing(line.exportFile.isEmpty());
+    window.sharing().sharing().setFolder(folder);
     window.chooseTool(*line.tool);
     window.show();
     // The window is seen before a lesson is read.
     QTimer::singleShot(0, &window, [&] {
         if (line.exportFile.isEmpty()) // or a script runs it
-            window.files().startJournal(QStandardPaths::writableLocation(QStandardPaths::AppDataLocation) +
-                                            QStringLiteral("/journals"),
-                                        line.lessonFile);
+            window.files().startJournal(folder + QStringLiteral("/journals"), line.lessonFile);
         else if (!line.lessonFile.isEmpty())
             window.files().openFile(line.lessonFile);
+        if (line.link)
+            window.joinLesson(*line.link, readDrawer().name);
     });
     QApplication::exec();
     return ended(line.exportFile.isEmpty() ? QString() : window.exportPage(line.exportFile));

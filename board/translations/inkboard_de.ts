@@ -192,10 +192,6 @@
         <translation>Pixel der Seite, höchstens %1 je Kante und %2 insgesamt. Ohne Angabe 1280x800 im Fenster, mit dem sie wächst und wo sie die Pixel eines skalierten Bildschirms hat, und so groß wie die größte FILE bei --play. Eine Stunde hat ihre eigene.</translation>
     </message>
     <message>
-        <source>A lesson (.inkboard); with --play it may be drawings of recorded strokes (JSON) instead.</source>
-        <translation>Eine Stunde (.inkboard); mit --play auch Zeichnungen aus aufgezeichneten Strichen (JSON).</translation>
-    </message>
-    <message>
         <source>Play the stroke FILEs onto one page, the first lowest, or the first page of a lesson, instead of opening the window. Needs --png, but no display. With --share and --join one FILE is drawn at the pace of a hand.</source>
         <translation>Die Strichdateien FILE auf eine Seite zeichnen, die erste zuunterst, oder die erste Seite einer Stunde, statt das Fenster zu öffnen. Braucht --png, aber keinen Bildschirm. Mit --share und --join wird eine FILE im Tempo einer Hand gezeichnet.</translation>
     </message>
@@ -258,6 +254,14 @@
     <message>
         <source>Keep the lesson in FOLDER until it was held to its end. A board that was killed and is started again comes back to it, and draws what is left.</source>
         <translation>Die Stunde im Ordner FOLDER aufbewahren, bis sie zu Ende gehalten ist. Eine Tafel, die beendet wurde und wieder gestartet wird, kehrt zu ihr zurück und zeichnet, was noch fehlt.</translation>
+    </message>
+    <message>
+        <source>A lesson (.inkboard), or the link to one that somebody shares; with --play it may be drawings of recorded strokes (JSON) instead.</source>
+        <translation>Eine Stunde (.inkboard) oder der Link zu einer, die jemand teilt; mit --play können es stattdessen Zeichnungen aus aufgezeichneten Strichen (JSON) sein.</translation>
+    </message>
+    <message>
+        <source>--export: only for a lesson of this board alone</source>
+        <translation>--export: nur für eine Stunde dieser Tafel allein</translation>
     </message>
 </context>
 <context>
@@ -509,6 +513,49 @@
     </message>
 </context>
 <context>
+    <name>Board::JoinDialog</name>
+    <message>
+        <source>Join</source>
+        <translation>Beitreten</translation>
+    </message>
+    <message>
+        <source>Join a lesson</source>
+        <translation>Einer Stunde beitreten</translation>
+    </message>
+    <message>
+        <source>Link of the lesson, or its address and code</source>
+        <translation>Link der Stunde, oder Adresse und Code</translation>
+    </message>
+    <message>
+        <source>My name</source>
+        <translation>Mein Name</translation>
+    </message>
+    <message>
+        <source>may stay empty</source>
+        <translation>darf leer bleiben</translation>
+    </message>
+    <message>
+        <source>My name, for the others to see</source>
+        <translation>Mein Name, den die anderen sehen</translation>
+    </message>
+    <message>
+        <source>Link, or address and code</source>
+        <translation>Link, oder Adresse und Code</translation>
+    </message>
+    <message>
+        <source>Paste</source>
+        <translation>Einfügen</translation>
+    </message>
+    <message>
+        <source>This leads to a lesson at %1.</source>
+        <translation>Dies führt zu einer Stunde bei %1.</translation>
+    </message>
+    <message>
+        <source>The board that shares the lesson shows both: in its menu, under “Share this lesson”.</source>
+        <translation>Die Tafel, die die Stunde teilt, zeigt beides: im Menü unter „Diese Stunde teilen“.</translation>
+    </message>
+</context>
+<context>
     <name>Board::LessonList</name>
     <message>
         <source>Unsaved lessons</source>
@@ -521,6 +568,37 @@
     <message>
         <source>Delete</source>
         <translation>Löschen</translation>
+    </message>
+</context>
+<context>
+    <name>Board::LinkReader</name>
+    <message>
+        <source>This link leads to no lesson. Copy it once more, from the beginning to the end.</source>
+        <translation>Dieser Link führt zu keiner Stunde. Bitte noch einmal kopieren, von Anfang bis Ende.</translation>
+    </message>
+    <message>
+        <source>A link is missing, or the address before the code, such as 192.168.1.5:4640.</source>
+        <translation>Es fehlt ein Link, oder die Adresse vor dem Code, zum Beispiel 192.168.1.5:4640.</translation>
+    </message>
+    <message>
+        <source>The code has a sign that no code has: there are letters and digits only, and no U.</source>
+        <translation>Ein Zeichen kommt in keinem Code vor: es gibt nur Buchstaben und Ziffern, und kein U.</translation>
+    </message>
+    <message>
+        <source>This is the address. After it comes the code, seven groups of four.</source>
+        <translation>Das ist die Adresse. Nach ihr kommt der Code, sieben Gruppen aus vier Zeichen.</translation>
+    </message>
+    <message>
+        <source>The code goes on: %1 of its %2 signs are here.</source>
+        <translation>Der Code geht weiter: %1 seiner %2 Zeichen sind da.</translation>
+    </message>
+    <message>
+        <source>The code has %1 signs, and here are %2.</source>
+        <translation>Der Code hat %1 Zeichen, und hier sind %2.</translation>
+    </message>
+    <message>
+        <source>Something is mistyped. Compare the address first, then each group of the code.</source>
+        <translation>Etwas ist vertippt. Erst die Adresse vergleichen, dann jede Gruppe des Codes.</translation>
     </message>
 </context>
 <context>
@@ -730,6 +808,54 @@
     </message>
 </context>
 <context>
+    <name>Board::PeopleBar</name>
+    <message>
+        <source>Share</source>
+        <translation>Teilen</translation>
+    </message>
+    <message>
+        <source>Share this lesson</source>
+        <translation>Diese Stunde teilen</translation>
+    </message>
+</context>
+<context>
+    <name>Board::PeopleButton</name>
+    <message>
+        <source>%1 (me)</source>
+        <translation>%1 (ich)</translation>
+    </message>
+    <message>
+        <source>In this lesson: %1</source>
+        <translation>In dieser Stunde: %1</translation>
+    </message>
+</context>
+<context>
+    <name>Board::PeopleList</name>
+    <message>
+        <source>Show where the others point</source>
+        <translation>Zeigen, wohin die anderen deuten</translation>
+    </message>
+    <message>
+        <source>In this lesson</source>
+        <translation>In dieser Stunde</translation>
+    </message>
+    <message>
+        <source>%1 (me)</source>
+        <translation>%1 (ich)</translation>
+    </message>
+    <message>
+        <source>%1, page %2</source>
+        <translation>%1, Seite %2</translation>
+    </message>
+</context>
+<context>
+    <name>Board::PersonName</name>
+    <message>
+        <source>Somebody</source>
+        <translation>Jemand</translation>
+    </message>
+</context>
+<context>
     <name>Board::PictureFile</name>
     <message>
         <source>it is too large</source>
@@ -753,6 +879,13 @@
     <message>
         <source>not enough memory for a page of %1x%2 pixels</source>
         <translation>nicht genug Speicher für eine Seite von %1x%2 Pixeln</translation>
+    </message>
+</context>
+<context>
+    <name>Board::QrCode</name>
+    <message>
+        <source>QR code of the link</source>
+        <translation>QR-Code des Links</translation>
     </message>
 </context>
 <context>
@@ -834,6 +967,196 @@
     <message>
         <source>Ink on the screen</source>
         <translation>Tinte auf dem Bildschirm</translation>
+    </message>
+</context>
+<context>
+    <name>Board::ShareDialog</name>
+    <message>
+        <source>Copy</source>
+        <translation>Kopieren</translation>
+    </message>
+    <message>
+        <source>If they cannot come this way, take another address of this machine:</source>
+        <translation>Kommt so niemand herein, hilft eine andere Adresse dieses Rechners:</translation>
+    </message>
+    <message>
+        <source>Share this lesson</source>
+        <translation>Diese Stunde teilen</translation>
+    </message>
+    <message>
+        <source>Come to this lesson</source>
+        <translation>Kommt in diese Stunde</translation>
+    </message>
+    <message>
+        <source>Address of this machine</source>
+        <translation>Adresse dieses Rechners</translation>
+    </message>
+    <message>
+        <source>In Inkboard, choose “Join a lesson”. Then type this, in small or capital letters:</source>
+        <translation>In Inkboard „Einer Stunde beitreten“ wählen. Dann dies eingeben, groß oder klein geschrieben:</translation>
+    </message>
+    <message>
+        <source>Or take the link, which the picture holds, too:</source>
+        <translation>Oder den Link nehmen, den auch das Bild enthält:</translation>
+    </message>
+    <message>
+        <source>Link to this lesson</source>
+        <translation>Link zu dieser Stunde</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
+    </message>
+    <message>
+        <source>Do not share</source>
+        <translation>Nicht teilen</translation>
+    </message>
+    <message>
+        <source>Stop sharing</source>
+        <translation>Nicht mehr teilen</translation>
+    </message>
+    <message>
+        <source>Copied</source>
+        <translation>Kopiert</translation>
+    </message>
+    <message>
+        <source>Sharing is being started …</source>
+        <translation>Das Teilen wird begonnen …</translation>
+    </message>
+    <message>
+        <source>This lesson is not shared</source>
+        <translation>Diese Stunde wird nicht geteilt</translation>
+    </message>
+</context>
+<context>
+    <name>Board::SharingCommands</name>
+    <message>
+        <source>Sharing</source>
+        <translation>Teilen</translation>
+    </message>
+    <message>
+        <source>Share this lesson…</source>
+        <translation>Diese Stunde teilen …</translation>
+    </message>
+    <message>
+        <source>Stop sharing</source>
+        <translation>Nicht mehr teilen</translation>
+    </message>
+    <message>
+        <source>Join a lesson…</source>
+        <translation>Einer Stunde beitreten …</translation>
+    </message>
+    <message>
+        <source>Who is here</source>
+        <translation>Wer da ist</translation>
+    </message>
+    <message>
+        <source>A step of yours could not be shared, and is gone: %1</source>
+        <translation>Ein Schritt von dir ließ sich nicht teilen und ist weg: %1</translation>
+    </message>
+    <message>
+        <source>Somebody has removed the page. What you were drawing is on it, and comes back with it.</source>
+        <translation>Jemand hat die Seite entfernt. Was du gerade gezeichnet hast, ist darauf und kommt mit ihr zurück.</translation>
+    </message>
+    <message>
+        <source>Somebody has removed the page.</source>
+        <translation>Jemand hat die Seite entfernt.</translation>
+    </message>
+    <message>
+        <source>%1 is holding this just now.</source>
+        <translation>%1 hält das gerade fest.</translation>
+    </message>
+    <message>
+        <source>This machine has no network just now, so that only boards on this machine can come. Once there is one, share the lesson again to see how others come to it.</source>
+        <translation>Dieser Rechner hat gerade kein Netz, so dass nur Tafeln auf diesem Rechner teilnehmen können. Sobald es eines gibt, zeigt „Diese Stunde teilen“ noch einmal, wie andere dazukommen.</translation>
+    </message>
+    <message>
+        <source>The lesson was shared</source>
+        <translation>Die Stunde war geteilt</translation>
+    </message>
+    <message>
+        <source>This lesson was shared with others. Go on sharing it?</source>
+        <translation>Diese Stunde war mit anderen geteilt. Weiter teilen?</translation>
+    </message>
+    <message>
+        <source>Otherwise it is an ordinary lesson from now on, with all that is in it.</source>
+        <translation>Sonst ist sie von nun an eine gewöhnliche Stunde, mit allem, was darin ist.</translation>
+    </message>
+    <message>
+        <source>Go on sharing</source>
+        <translation>Weiter teilen</translation>
+    </message>
+    <message>
+        <source>Ordinary lesson</source>
+        <translation>Gewöhnliche Stunde</translation>
+    </message>
+    <message>
+        <source>nats-server is not installed: the lesson is in this machine&apos;s memory while it is shared, and otherwise in the boards that take part alone.</source>
+        <translation>nats-server ist nicht installiert: Solange die Stunde geteilt wird, ist sie im Speicher dieses Rechners, sonst nur in den Tafeln, die teilnehmen.</translation>
+    </message>
+    <message>
+        <source>The lesson is not shared</source>
+        <translation>Die Stunde wird nicht geteilt</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Join a lesson</source>
+        <translation>Einer Stunde beitreten</translation>
+    </message>
+    <message>
+        <source>The others keep all that is there, and can go on with it, each alone. Nobody can come any more.</source>
+        <translation>Die anderen behalten alles, was da ist, und können damit weitermachen, jeder für sich. Niemand kann mehr dazukommen.</translation>
+    </message>
+    <message>
+        <source>The others go on without you, and keep what you have drawn.</source>
+        <translation>Die anderen machen ohne dich weiter und behalten, was du gezeichnet hast.</translation>
+    </message>
+    <message>
+        <source>What is not sent yet stays on this board alone.</source>
+        <translation>Was noch nicht gesendet ist, bleibt nur auf dieser Tafel.</translation>
+    </message>
+    <message>
+        <source>Stop sharing?</source>
+        <translation>Nicht mehr teilen?</translation>
+    </message>
+    <message>
+        <source>Leave the lesson?</source>
+        <translation>Die Stunde verlassen?</translation>
+    </message>
+    <message>
+        <source>Nobody else is in this lesson.</source>
+        <translation>Sonst ist niemand in dieser Stunde.</translation>
+    </message>
+    <message>
+        <source>One other is in this lesson.</source>
+        <translation>Noch jemand ist in dieser Stunde.</translation>
+    </message>
+    <message>
+        <source>%1 others are in this lesson.</source>
+        <translation>%1 andere sind in dieser Stunde.</translation>
+    </message>
+    <message>
+        <source>This lesson is somebody else&apos;s.</source>
+        <translation>Diese Stunde gehört jemand anderem.</translation>
+    </message>
+    <message>
+        <source>Leave it</source>
+        <translation>Verlassen</translation>
+    </message>
+    <message>
+        <source>Leave the lesson</source>
+        <translation>Die Stunde verlassen</translation>
+    </message>
+    <message>
+        <source>%1 is holding this, too. What is done last counts.</source>
+        <translation>%1 hält das auch fest. Was zuletzt getan wird, gilt.</translation>
+    </message>
+    <message>
+        <source>Pointers of the others</source>
+        <translation>Zeiger der anderen</translation>
     </message>
 </context>
 <context>

@@ -16,12 +16,15 @@
 #include "board/look/Style.h"
 #include "board/pages/PageCommands.h"
 #include "board/pages/PageStrip.h"
+#include "board/people/PeopleBar.h"
 #include "board/person/NameDialog.h"
 #include "board/rail/ToolRail.h"
 #include "board/screen/ScreenInk.h"
+#include "board/window/SharingCommands.h"
 
 #include "lesson/paper/PageSize.h"
 
+#include <QtCore/QTimer>
 #include <QtGui/QCloseEvent>
 #include <QtGui/QGuiApplication>
 #include <QtGui/QScreen>
@@ -36,7 +39,8 @@ namespace Board {
 namespace {
 
 constexpr int kHintHeight = 32;
-constexpr int kGap = 8; // around the divider
+constexpr int kGap = 8;     // around the divider
+constexpr int kSaid = 8000; // milliseconds that words stay
 
 QWidget *makeDivider(QWidget *parent)
 {
@@ -57,6 +61,8 @@ double densityFor(const QSize &plainSize)
 
 } // namespace
 
+MainWindow::~MainWindow() = default;
+
 MainWindow::MainWindow(const QSize &plainSize)
     : m_document(InkLesson::pageSizeAt(plainSize, densityFor(plainSize)), densityFor(plainSize))
     , m_canvas(new Canvas(m_document, this))
@@ -66,6 +72,8 @@ MainWindow::MainWindow(const QSize &plainSize)
     , m_dash(new DashControl(this))
     , m_option(new OptionControl(this))
     , m_hint(new QLabel(this))
+    , m_saying(new QTimer(this))
+    , m_people(new PeopleBar(this))
     , m_tool(&tools().front())
 {
     setWindowTitle(tr("Inkboard"));
@@ -74,6 +82,7 @@ MainWindow::MainWindow(const QSize &plainSize)
     auto *foot = new QHBoxLayout(m_hint); // the bar above has no room to spare in a small window
     foot->setContentsMargins(0, 0, 16, 0);
     foot->addStretch(1);
+    foot->addWidget(m_people);
     foot->addWidget(m_dash);
     foot->addWidget(m_option);
     setStyleSheet(windowStyle());
@@ -113,6 +122,7 @@ void MainWindow::addCommands()
     addZoomCommands(*m_canvas, *this);
     m_undo = command("undo");
     m_redo = command("redo");
+    addSharing();
     m_rail->add(*command("picture"), groupTitle(*findTool(QStringLiteral("text"))));
     const CommandGroup group(boardGroup(), *this);
     connect(group.add("shortcuts", tr("Keys…"), QStringLiteral("F1")), &QAction::triggered, this,
@@ -122,6 +132,30 @@ void MainWindow::addCommands()
     connect(group.add("name", tr("My name…"), QStringLiteral("F2")), &QAction::triggered, this,
             &MainWindow::askForName);
     connect(group.add("quit", tr("Quit"), QStringLiteral("Ctrl+Q")), &QAction::triggered, this, &MainWindow::close);
+}
+
+void MainWindow::addSharing()
+{
+    m_sharing = std::make_unique<SharingCommands>(m_document, *m_canvas, *m_people, *this);
+    m_files->setSharing({[this] { return m_sharing->mayEnd(); }, [this] { m_sharing->end(); }});
+    connect(m_files, &FileCommands::wasShared, m_sharing.get(), &SharingCommands::offerToResume);
+    connect(m_sharing.get(), &SharingCommands::said, this, &MainWindow::say);
+    connect(m_sharing.get(), &SharingCommands::joinRequested, this, &MainWindow::joinLesson);
+    m_saying->setSingleShot(true);
+    m_saying->setInterval(kSaid);
+    connect(m_saying, &QTimer::timeout, this, &MainWindow::showState);
+}
+
+void MainWindow::joinLesson(const LessonLink &link, const QString &name)
+{
+    if (m_files->letGo())
+        m_sharing->joinLesson(link, name);
+}
+
+void MainWindow::say(const QString &words)
+{
+    m_hint->setText(words);
+    m_saying->start();
 }
 
 QAction *MainWindow::command(const char *name) const
@@ -143,6 +177,10 @@ QWidget *MainWindow::makeBar(QWidget *parent)
     row->addSpacing(kGap);
     row->addWidget(m_width);
     row->addStretch(1);
+    QToolButton *share = m_people->shareButton(); // its picture says enough: there is no room to spare
+    share->setToolButtonStyle(Qt::ToolButtonIconOnly);
+    share->setProperty("sign", true);
+    row->addWidget(share);
     for (const char *name : {"undo", "redo", "clear"}) {
         auto *button = new QToolButton(bar);
         button->setDefaultAction(command(name));
@@ -203,6 +241,8 @@ void MainWindow::showState()
     m_undo->setEnabled(author.canUndo());
     m_redo->setEnabled(author.canRedo());
     m_dash->setVisible(hand && hand->tool ? hand->tool->takesDash : m_tool->takesDash());
+    if (m_saying->isActive())
+        return;
     const bool edited = hand && !hand->isForming();
     m_hint->setText(edited ? tr("Drag a handle to change the object. Enter lets it go, %1 deletes it.")
                                  .arg(keysText(*command("delete")))
@@ -218,8 +258,10 @@ void MainWindow::closeEvent(QCloseEvent *event)
 {
     m_canvas->finish();
     const bool closes = !m_asks || m_files->letGo();
-    if (closes)
+    if (closes) {
+        m_sharing->end();
         m_document.discardJournal();
+    }
     event->setAccepted(closes);
 }
 

@@ -1,6 +1,9 @@
 #include "Patience.h"
 #include "board/canvas/Canvas.h"
 #include "board/commands/ShortcutDialog.h"
+#include "board/invite/JoinDialog.h"
+#include "board/invite/ShareDialog.h"
+#include "board/people/PeopleBar.h"
 #include "board/person/NameDialog.h"
 #include "board/screen/ScreenBar.h"
 #include "board/tools/Tools.h"
@@ -109,6 +112,13 @@ void tst_Access::namesAllControlsOfTheDialogs()
     QCOMPARE(namelessControls(name), QString());
     ScreenBar bar;
     QCOMPARE(namelessControls(bar), QString());
+    ShareDialog share;
+    QCOMPARE(namelessControls(share), QString());
+    JoinDialog join(nullptr, {});
+    QCOMPARE(namelessControls(join), QString());
+    PeopleBar people;
+    people.setPeople({{}});
+    QCOMPARE(namelessControls(people), QString());
 }
 
 // Each part of the window once, from the upper left to the lower right.
@@ -121,10 +131,9 @@ void tst_Access::goesThroughTheWindowByTab()
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
         names.append(nameOf(QApplication::focusWidget()));
     } while (!m_window->canvas().hasFocus() && names.size() < 50);
-    QCOMPARE(names.join(QStringLiteral(", ")),
-             QStringLiteral(
-                 "Pages, Add a page, Line style, Zoom to 100 %, Black, Pen width, Clear, Menu, Search for a tool, "
-                 "Line, Page"));
+    QCOMPARE(names.join(QStringLiteral(", ")), QStringLiteral("Pages, Add a page, Line style, Zoom to 100 %, Black, "
+                                                              "Pen width, Share this lesson, Clear, Menu, Search for a "
+                                                              "tool, Line, Page"));
 }
 
 void tst_Access::showsWhereTheFocusIs()

@@ -12,6 +12,8 @@
 #include <QtCore/QString>
 #include <QtCore/QStringList>
 
+#include <map>
+
 class Cddl
 {
 public:
@@ -50,10 +52,13 @@ private:
             m_rules[name] = body.simplified();
     }
 
-    // Of the commas or the slashes that are in no brackets.
-    static QStringList parts(const QString &text, QChar separator)
+    // Of the commas or the slashes that are in no brackets. Each text is taken apart once.
+    const QStringList &parts(const QString &text, QChar separator) const
     {
-        QStringList parts{QString()};
+        QStringList &parts = m_parts[{text, separator}];
+        if (!parts.isEmpty())
+            return parts;
+        parts.append(QString());
         int depth = 0;
         for (const QChar c : text) {
             depth += c == '{' || c == '[' || c == '(' ? 1 : c == '}' || c == ']' || c == ')' ? -1 : 0;
@@ -70,7 +75,7 @@ private:
 
     QString check(const QString &type, const QCborValue &value, const QString &place) const
     {
-        const QStringList choices = parts(type, '/');
+        const QStringList &choices = parts(type, '/');
         if (choices.size() > 1) {
             QStringList problems;
             for (const QString &choice : choices) {
@@ -158,4 +163,5 @@ private:
     }
 
     QMap<QString, QString> m_rules;
+    mutable std::map<std::pair<QString, QChar>, QStringList> m_parts;
 };
