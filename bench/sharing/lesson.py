@@ -111,6 +111,9 @@ class Lesson:
         self.link = link.read_text().strip()
         return board
 
+    def link_over(self, wire):
+        return re.sub(r":\d+(?=[/#])", f":{wire.port}", self.link, count=1)
+
     def join(self, name, *words, port=None, measured=True):
         link = self.link if port is None else re.sub(r":\d+(?=[/#])", f":{port}", self.link, count=1)
         return self.board("--join", link, name=name, words=words, measured=measured)

@@ -86,7 +86,7 @@ def others_ink(how):
 
 def late_join(how):
     """5: who comes when much is there."""
-    objects = 1000 if how.quick else 10000
+    objects = 10000 if how.long else 1000
     with Lesson() as lesson:
         lesson.start_engine()
         lesson.start_door(*lesson.engine_words())
@@ -100,7 +100,7 @@ def late_join(how):
             now, before = before, lesson.metrics()["inkboard_records_total"]
             return before >= objects and now == before
 
-        wait_for(is_stored, 300, "the lesson", every=0.5)
+        wait_for(is_stored, 900, "the lesson", every=0.5)
         stored = lesson.metrics()["inkboard_received_bytes_total"]
         rows = []
         for name, over, figure in (("LAN", wire, 2), ("10 Mbit/s", slow_wire, 5)):

@@ -7,10 +7,21 @@ import os
 import sys
 import traceback
 
+import own_rows
 import rows
 from lesson import end_with_us
 
-ROWS = {"1": rows.same_pixels, "3": rows.others_ink, "5": rows.late_join, "6": rows.cut, "7": rows.engine_lost}
+ROWS = {
+    "1": rows.same_pixels,
+    "2": own_rows.own_ink,
+    "3": rows.others_ink,
+    "4": own_rows.undo,
+    "5": rows.late_join,
+    "6": rows.cut,
+    "7": rows.engine_lost,
+    "12": own_rows.presence,
+    "17": own_rows.picture,
+}
 
 
 def arguments():
@@ -20,7 +31,7 @@ def arguments():
     parser.add_argument("--seeds", type=int, help="of the simulator: 300, and 20 with --quick; 10000 is the figure's")
     parser.add_argument("--boards", type=int, default=30)
     parser.add_argument("--whole", type=int, default=10, help="of these, that paint; the others only follow")
-    parser.add_argument("--long", action="store_true", help="with the cut of ten minutes")
+    parser.add_argument("--long", action="store_true", help="with the cut of ten minutes, and 10 000 objects for who comes late")
     how = parser.parse_args()
     how.seeds = how.seeds or (20 if how.quick else 300)
     how.seconds = 20 if how.quick else 60

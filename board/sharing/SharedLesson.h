@@ -24,6 +24,9 @@ public:
     InkLesson::Lesson *lesson() { return m_lesson.get(); }
     InkLesson::Author *author() { return m_author.get(); }
 
+    void setPresence(const InkSharing::Presence &presence) { m_connection->setPresence(presence); }
+    const InkSharing::Others *others() const { return m_connection->others(); } // null until it was joined
+
     const InkSharing::Client &client() const { return m_connection->client(); }
     bool isOpen() const { return m_connection->isOpen(); }
     bool isGone() const { return m_connection->isGone(); }
