@@ -1,6 +1,7 @@
 #include "board/document/Document.h"
 
 #include "board/document/BackgroundFile.h"
+#include "board/document/ThreadWorkers.h"
 
 #include "lesson/storage/LessonFile.h"
 
@@ -19,6 +20,8 @@ namespace {
 constexpr int kOnlyAuthor = 1;
 constexpr int kSyncDelay = 500; // milliseconds
 constexpr int kKeptPages = 3;   // that were shown last, and keep their pixels
+constexpr int kPackDelay = 300; // milliseconds
+constexpr std::size_t kMostPackedBytes = 64 << 20;
 
 // Sorts by time, and is like no other.
 QString freshJournalName()
@@ -36,6 +39,12 @@ Document::Document(const QSize &pageSize, double density, QObject *parent)
     m_syncing.setSingleShot(true);
     m_syncing.setInterval(kSyncDelay);
     connect(&m_syncing, &QTimer::timeout, this, [this] { m_journal->sync(); });
+    m_packing.setSingleShot(true);
+    m_packing.setInterval(kPackDelay);
+    connect(&m_packing, &QTimer::timeout, this, [this] {
+        for (int i = 1; i < m_kept.size(); ++i)
+            pack(m_kept[i]);
+    });
     m_looking.setSingleShot(true);
     m_looking.setInterval(0);
     connect(&m_looking, &QTimer::timeout, this, &Document::lookAround);
@@ -58,6 +67,8 @@ void Document::take(std::unique_ptr<Lesson> lesson, int author)
     m_lesson->pageChanged = [this](const PageId &page, const QRegion &area) {
         if (page == m_author->page())
             emit painted(area);
+        else
+            emit pageChanged(page);
     };
     m_lesson->pagesChanged = [this] { emit pagesChanged(); };
     m_lesson->logChanged = [this](const Lesson::LogChange &change) { noted(change); };
@@ -66,6 +77,7 @@ void Document::take(std::unique_ptr<Lesson> lesson, int author)
     m_isChanged = false;
     m_shown = 0;
     m_kept = {m_author->page()};
+    m_packed.clear();
 }
 
 void Document::noted(const Record &record)
@@ -114,13 +126,31 @@ void Document::turnTo(const PageId &page)
     emit currentChanged();
 }
 
-// Those of the page that was shown longest ago are painted again when somebody turns back to it.
+// Those of the page that was shown longest ago come back from a note of them, which is made while nobody waits.
 void Document::keepPixels(const PageId &page)
 {
     m_kept.removeOne(page);
     m_kept.prepend(page);
-    while (m_kept.size() > kKeptPages)
-        m_lesson->page(m_kept.takeLast()).release();
+    while (m_kept.size() > kKeptPages) {
+        const PageId left = m_kept.takeLast();
+        pack(left);
+        m_lesson->page(left).release();
+    }
+    m_packing.start();
+}
+
+// The notes of the pages that were left longest ago make room for others.
+void Document::pack(const PageId &page)
+{
+    m_lesson->page(page).pack();
+    m_packed.removeOne(page);
+    m_packed.prepend(page);
+    std::size_t bytes = 0;
+    for (const PageId &other : qAsConst(m_packed)) {
+        bytes += m_lesson->page(other).packedBytes();
+        if (bytes > kMostPackedBytes)
+            m_lesson->page(other).dropPacked();
+    }
 }
 
 void Document::showPage(int index)
@@ -211,7 +241,7 @@ QString Document::save(const QString &fileName)
 
 bool Document::load(const QString &fileName, QString &problem, const Progress &tell, int author)
 {
-    constexpr double kReading = 0.3; // of the time that it takes
+    constexpr double kReading = 0.15; // of the time that it takes
     const auto toldOf = [&tell](double from, double share) {
         return [&tell, from, share](double done) {
             if (tell)
@@ -221,7 +251,8 @@ bool Document::load(const QString &fileName, QString &problem, const Progress &t
     std::unique_ptr<Lesson> lesson = openLesson(fileName, problem, toldOf(0, kReading));
     if (!lesson)
         return false;
-    lesson->page(lesson->pageId(0)).prepare(toldOf(kReading, 1 - kReading));
+    ThreadWorkers workers;
+    lesson->page(lesson->pageId(0)).prepare(toldOf(kReading, 1 - kReading), &workers);
     m_author->finish();
     take(std::move(lesson), author);
     tellOpened();

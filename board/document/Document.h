@@ -104,6 +104,9 @@ signals:
 
     // `area` of the page that is shown was painted.
     void painted(const QRegion &area);
+
+    // Others have changed another page.
+    void pageChanged(const InkLesson::PageId &page);
     void currentChanged();
     void pagesChanged();
     void stepsChanged(); // something can be undone, or done again, or no longer
@@ -119,6 +122,7 @@ private:
     void follow();
     void turnTo(const InkLesson::PageId &page);
     void keepPixels(const InkLesson::PageId &page);
+    void pack(const InkLesson::PageId &page);
     void stayOnAPage();
     void takeBack(const std::optional<InkLesson::StepId> &step, bool (InkLesson::Author::*act)());
     void remember(const QString &fileName);
@@ -136,8 +140,10 @@ private:
     QTimer m_looking; // once others have changed something
     bool m_isShared{};
     bool m_journalFails{};
-    int m_shown{};                   // place of the page that is shown
-    QList<InkLesson::PageId> m_kept; // pages that were shown last, the newest first
+    int m_shown{};                     // place of the page that is shown
+    QList<InkLesson::PageId> m_kept;   // pages that were shown last, the newest first
+    QList<InkLesson::PageId> m_packed; // and those of which there is a note, the newest first
+    QTimer m_packing;
 
     InkLesson::SavedFile m_saved;
     bool m_isChanged{}; // since it was saved; that a page has grown is no change

@@ -4,6 +4,7 @@
 #include "board/commands/CommandGroup.h"
 #include "board/files/OpeningBar.h"
 
+#include <QtCore/QTimer>
 #include <QtWidgets/QAction>
 #include <QtWidgets/QFileDialog>
 #include <QtWidgets/QMessageBox>
@@ -30,7 +31,11 @@ FileCommands::FileCommands(Document &document, Canvas &canvas, QWidget &window)
     connect(group.add("save", tr("Save"), QStringLiteral("Ctrl+S")), &QAction::triggered, this, &FileCommands::save);
     connect(group.add("save-as", tr("Save as…"), QStringLiteral("Ctrl+Shift+S")), &QAction::triggered, this,
             &FileCommands::saveAs);
-    connect(&m_recovery, &Recovery::wasShared, this, &FileCommands::wasShared, Qt::QueuedConnection);
+    // Later: it asks, and there is a journal by then.
+    connect(&m_recovery, &Recovery::wasShared, this, [this](const InkLesson::Sharing &sharing) {
+        QTimer::singleShot(0, this, [this, sharing] { emit wasShared(sharing); });
+    });
+    connect(&document, &Document::opened, this, &FileCommands::claimFile);
     connect(
         &document, &Document::journalFailed, this,
         [this](const QString &problem) { warn(tr("The lesson is not safe"), problem); }, Qt::QueuedConnection);

@@ -4,7 +4,6 @@
 #include "board/invite/QrCode.h"
 #include "board/invite/SpokenLink.h"
 
-#include <QtCore/QTimer>
 #include <QtGui/QClipboard>
 #include <QtGui/QGuiApplication>
 #include <QtWidgets/QComboBox>
@@ -132,6 +131,9 @@ QLayout *ShareDialog::makeLinkRow()
     m_link->setAccessibleName(tr("Link to this lesson"));
     m_copy->setObjectName(QStringLiteral("copy"));
     connect(m_copy, &QPushButton::clicked, this, &ShareDialog::copy);
+    m_copied.setSingleShot(true);
+    m_copied.setInterval(kCopiedTime);
+    connect(&m_copied, &QTimer::timeout, m_copy, [this] { m_copy->setText(tr("Copy")); });
     auto *row = new QHBoxLayout;
     row->addWidget(m_link, 1);
     row->addWidget(m_copy);
@@ -194,8 +196,13 @@ void ShareDialog::setLinks(const QList<LessonLink> &links)
     showLink(chosen);
     m_state->hide();
     m_invitation->show();
-    m_end->setText(tr("Stop sharing"));
+    m_end->setText(m_isOwn ? tr("Stop sharing") : tr("Leave the lesson"));
     m_end->show();
+}
+
+void ShareDialog::setOwn(bool isOwn)
+{
+    m_isOwn = isOwn;
 }
 
 void ShareDialog::showLink(int index)
@@ -216,7 +223,7 @@ void ShareDialog::copy()
 {
     QGuiApplication::clipboard()->setText(m_link->text());
     m_copy->setText(tr("Copied"));
-    QTimer::singleShot(kCopiedTime, m_copy, [this] { m_copy->setText(tr("Copy")); });
+    m_copied.start();
 }
 
 } // namespace Board

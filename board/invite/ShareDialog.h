@@ -2,6 +2,7 @@
 
 #include "board/sharing/LessonLink.h"
 
+#include <QtCore/QTimer>
 #include <QtWidgets/QDialog>
 
 class QComboBox;
@@ -34,6 +35,9 @@ public:
     // The same lesson by each address of this machine, the likeliest first. Not empty.
     void setLinks(const QList<LessonLink> &links);
 
+    // Whether the links that follow are of this board's own lesson, as they are at first; another one can only be left.
+    void setOwn(bool isOwn);
+
 signals:
     void ended(); // the person wants to share no longer, or not to begin with it
 
@@ -48,6 +52,8 @@ private:
     void copy();
 
     QList<LessonLink> m_links;
+    bool m_isOwn{true};
+    QTimer m_copied; // until the button offers to copy again
     QLabel *m_title; // all owned by this dialog
     QLabel *m_words;
     QProgressBar *m_busy;

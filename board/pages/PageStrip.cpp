@@ -12,6 +12,7 @@
 #include <QtWidgets/QVBoxLayout>
 
 #include <functional>
+#include <utility>
 
 namespace Board {
 
@@ -20,6 +21,7 @@ namespace {
 constexpr QSize kThumbnail{128, 80};
 constexpr int kStripWidth = 168;
 constexpr int kRefreshDelay = 300; // milliseconds
+constexpr int kOthersDelay = 2000; // of pages that others draw on
 
 QIcon thumbnail(const InkLesson::Page &page, double ratio)
 {
@@ -63,13 +65,22 @@ PageStrip::PageStrip(Document &document, Canvas &canvas, QWidget *parent)
     m_refreshing.setSingleShot(true);
     m_refreshing.setInterval(kRefreshDelay);
     connect(&m_refreshing, &QTimer::timeout, this, &PageStrip::refreshChanged);
+    m_refreshingOthers.setSingleShot(true);
+    m_refreshingOthers.setInterval(kOthersDelay);
+    connect(&m_refreshingOthers, &QTimer::timeout, this, &PageStrip::refreshOthers);
     connect(&canvas, &Canvas::changed, this, [this] {
         refreshLeft();
         m_changed = m_document.author().page();
         m_refreshing.start();
     });
+    connect(&document, &Document::pageChanged, this, [this](const InkLesson::PageId &page) {
+        m_elsewhere.insert(page);
+        if (!m_refreshingOthers.isActive())
+            m_refreshingOthers.start();
+    });
     connect(&document, &Document::opened, this, [this] {
         m_refreshing.stop();
+        m_elsewhere.clear();
         m_icons.clear();
     });
     connect(&document, &Document::pagesChanged, this, &PageStrip::showPages);
@@ -156,9 +167,25 @@ void PageStrip::showCurrent()
 void PageStrip::refreshChanged()
 {
     m_refreshing.stop();
-    m_icons.erase(m_changed);
-    if (QListWidgetItem *item = m_list->item(m_document.lesson().indexOf(m_changed)))
-        item->setIcon(icon(m_changed));
+    refresh(m_changed);
+}
+
+void PageStrip::refresh(const InkLesson::PageId &page)
+{
+    m_icons.erase(page);
+    if (QListWidgetItem *item = m_list->item(m_document.lesson().indexOf(page)))
+        item->setIcon(icon(page));
+}
+
+// Not while something is in the hand: a page that nobody looks at has to be painted for it.
+void PageStrip::refreshOthers()
+{
+    if (m_document.author().hand()) {
+        m_refreshingOthers.start();
+        return;
+    }
+    for (const InkLesson::PageId &page : std::exchange(m_elsewhere, {}))
+        refresh(page);
 }
 
 } // namespace Board

@@ -7,6 +7,7 @@
 #include <QtWidgets/QWidget>
 
 #include <unordered_map>
+#include <unordered_set>
 
 class QHBoxLayout;
 class QListWidget;
@@ -32,6 +33,8 @@ private:
     void showCurrent();
     void refreshLeft();
     void refreshChanged();
+    void refresh(const InkLesson::PageId &page);
+    void refreshOthers();
     QIcon icon(const InkLesson::PageId &id);
     void movePage(int from, int to);
 
@@ -41,7 +44,9 @@ private:
     QListWidget *m_list;
     std::unordered_map<InkLesson::PageId, QIcon> m_icons; // also of pages that were taken away
     InkLesson::PageId m_changed{};                        // the page that was drawn on last
+    std::unordered_set<InkLesson::PageId> m_elsewhere;    // pages that others have drawn on
     QTimer m_refreshing;                                  // once the drawing pauses
+    QTimer m_refreshingOthers;
 };
 
 } // namespace Board

@@ -14,6 +14,9 @@ struct Participant
     int page{}; // that is looked at, counted from 1; 0 where that is not known
     bool isMe{};
 
+    // How a list calls this person, whatever the name is.
+    QString words() const;
+
     bool operator==(const Participant &other) const
     {
         return author == other.author && name == other.name && color == other.color && page == other.page &&

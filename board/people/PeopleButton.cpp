@@ -2,7 +2,6 @@
 
 #include "board/look/Style.h"
 #include "board/people/PersonDisc.h"
-#include "board/people/PersonName.h"
 
 #include <QtGui/QFontMetrics>
 #include <QtGui/QKeyEvent>
@@ -30,6 +29,7 @@ PeopleButton::PeopleButton(QWidget *parent)
     setAttribute(Qt::WA_Hover);
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     setObjectName(QStringLiteral("people"));
+    tellNames();
 }
 
 void PeopleButton::setPeople(const QList<Participant> &people)
@@ -37,14 +37,19 @@ void PeopleButton::setPeople(const QList<Participant> &people)
     if (m_people == people)
         return; // told every second
     m_people = people;
-    QStringList names;
-    for (const Participant &person : people)
-        names.append(person.isMe ? tr("%1 (me)").arg(isolatedName(person.name)) : isolatedName(person.name));
-    setAccessibleName(tr("In this lesson: %1").arg(people.size()));
-    setAccessibleDescription(names.join(QStringLiteral(", ")));
-    setToolTip(accessibleName());
+    tellNames();
     updateGeometry();
     update();
+}
+
+void PeopleButton::tellNames()
+{
+    QStringList names;
+    for (const Participant &person : qAsConst(m_people))
+        names.append(person.words());
+    setAccessibleName(tr("In this lesson: %1").arg(m_people.size()));
+    setAccessibleDescription(names.join(QStringLiteral(", ")));
+    setToolTip(accessibleName());
 }
 
 QString PeopleButton::moreText(int discs) const

@@ -29,6 +29,7 @@ protected:
     void keyPressEvent(QKeyEvent *event) override;
 
 private:
+    void tellNames();
     int widthOf(int discs) const;
     QString moreText(int discs) const;
 

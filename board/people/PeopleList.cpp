@@ -2,7 +2,6 @@
 
 #include "board/look/Style.h"
 #include "board/people/PersonDisc.h"
-#include "board/people/PersonName.h"
 
 #include <QtCore/QEvent>
 #include <QtGui/QPainter>
@@ -80,9 +79,7 @@ void PeopleList::setPeople(const QList<Participant> &people)
         else if (person == m_people[i])
             continue;
         QListWidgetItem *item = m_list->item(i);
-        QString text = isolatedName(person.name);
-        if (person.isMe)
-            text = tr("%1 (me)").arg(text);
+        QString text = person.words();
         if (person.page > 0)
             text = tr("%1, page %2").arg(text).arg(person.page);
         item->setText(text);

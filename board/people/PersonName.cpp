@@ -83,6 +83,11 @@ QString shownName(const QString &name)
     return known.isEmpty() ? QCoreApplication::translate("Board::PersonName", "Somebody") : known;
 }
 
+bool hasName(const QString &name)
+{
+    return !knownName(name).isEmpty();
+}
+
 QString isolatedName(const QString &name)
 {
     constexpr ushort kIsolate = 0x2068;

@@ -9,7 +9,10 @@ namespace Board {
 // like markup: show it as plain text.
 QString shownName(const QString &name);
 
-// The same between signs that keep its direction, right to left perhaps, from the words around it.
+// Whether any of it is seen.
+bool hasName(const QString &name);
+
+// What is shown, between signs that keep its direction, right to left perhaps, from the words around it.
 QString isolatedName(const QString &name);
 
 // The first letter of the name, to stand in a disc; a question mark for none.

@@ -158,8 +158,6 @@ QString Reader::readWindow(CommandLine &line) const
         return tr("--size: a lesson has a size of its own");
     line.link = LessonLink::fromText(files.value(0));
     line.lessonFile = line.link ? QString() : files.value(0);
-    if (line.link && m_parser.isSet(m_export))
-        return tr("--export: only for a lesson of this board alone");
     if (m_parser.isSet(m_png))
         return tr("--png: only with --play; the window has --export");
     line.exportFile = m_parser.value(m_export);

@@ -105,9 +105,13 @@ void DocumentSharing::share()
     m_state = State::Starting;
     m_isOwn = true;
     m_isBack = false;
-    m_link = LessonLink::fresh({});
+    m_link = LessonLink::fresh(linkHere(m_port, {}).door);
+    m_since.start();
     emit progressed(tr("The lesson is being made ready for others …"));
-    openDoor(DoorProcess::freePort(m_port));
+    if (m_endingDoors.empty())
+        openDoor(DoorProcess::freePort(m_port));
+    else
+        waitForPort(); // so that the address stays
 }
 
 void DocumentSharing::resume(const Sharing &sharing)
@@ -135,9 +139,9 @@ void DocumentSharing::waitForPort()
 {
     if (m_state != State::Starting)
         return;
-    const int port = m_link.door.port(m_port);
+    const int port = this->port();
     const int free = DoorProcess::freePort(port);
-    if (free == port || m_since.elapsed() >= kPortPatience)
+    if (free == port || port == 0 || m_since.elapsed() >= kPortPatience)
         openDoor(free);
     else
         QTimer::singleShot(kLook, this, &DocumentSharing::waitForPort);
@@ -318,6 +322,11 @@ int DocumentSharing::people() const
 int DocumentSharing::unsent() const
 {
     return m_connection ? int(m_connection->client().pending()) : 0;
+}
+
+int DocumentSharing::placeOf(int author) const
+{
+    return m_connection ? m_connection->client().placeOf(author) : 0;
 }
 
 bool DocumentSharing::isConnected() const

@@ -76,6 +76,7 @@ public:
     const InkSharing::Others *others() const; // null while it is not shared
     int people() const;                       // others who are there
     int unsent() const;                       // steps
+    int placeOf(int author) const;            // among all who ever came, the same on every board; 0 if not known yet
     bool isConnected() const;
 
     // How it stands, for people.

@@ -259,10 +259,6 @@
         <source>A lesson (.inkboard), or the link to one that somebody shares; with --play it may be drawings of recorded strokes (JSON) instead.</source>
         <translation>Eine Stunde (.inkboard) oder der Link zu einer, die jemand teilt; mit --play können es stattdessen Zeichnungen aus aufgezeichneten Strichen (JSON) sein.</translation>
     </message>
-    <message>
-        <source>--export: only for a lesson of this board alone</source>
-        <translation>--export: nur für eine Stunde dieser Tafel allein</translation>
-    </message>
 </context>
 <context>
     <name>Board::CommandMenu</name>
@@ -808,6 +804,17 @@
     </message>
 </context>
 <context>
+    <name>Board::Participant</name>
+    <message>
+        <source>%1 (me)</source>
+        <translation>%1 (ich)</translation>
+    </message>
+    <message>
+        <source>Me</source>
+        <translation>Ich</translation>
+    </message>
+</context>
+<context>
     <name>Board::PeopleBar</name>
     <message>
         <source>Share</source>
@@ -820,10 +827,6 @@
 </context>
 <context>
     <name>Board::PeopleButton</name>
-    <message>
-        <source>%1 (me)</source>
-        <translation>%1 (ich)</translation>
-    </message>
     <message>
         <source>In this lesson: %1</source>
         <translation>In dieser Stunde: %1</translation>
@@ -838,10 +841,6 @@
     <message>
         <source>In this lesson</source>
         <translation>In dieser Stunde</translation>
-    </message>
-    <message>
-        <source>%1 (me)</source>
-        <translation>%1 (ich)</translation>
     </message>
     <message>
         <source>%1, page %2</source>
@@ -1026,6 +1025,10 @@
     <message>
         <source>This lesson is not shared</source>
         <translation>Diese Stunde wird nicht geteilt</translation>
+    </message>
+    <message>
+        <source>Leave the lesson</source>
+        <translation>Die Stunde verlassen</translation>
     </message>
 </context>
 <context>

@@ -24,6 +24,7 @@
 #include <QtWidgets/QPushButton>
 #include <QtWidgets/QToolButton>
 
+#include <algorithm>
 #include <map>
 
 namespace Board {
@@ -78,7 +79,10 @@ void SharingCommands::addCommands()
 void SharingCommands::showTips()
 {
     m_bar.shareButton()->setToolTip(m_share->toolTip());
-    m_bar.findChild<PeopleButton *>()->setToolTip(m_who->toolTip());
+    auto *people = m_bar.findChild<PeopleButton *>();
+    people->setToolTip(m_who->toolTip());
+    if (people->accessibleName().isEmpty())
+        people->setAccessibleName(m_who->text());
     auto *pointers = m_bar.findChild<QCheckBox *>();
     pointers->setToolTip(m_pointers->toolTip());
     pointers->setAccessibleName(pointers->text());
@@ -120,7 +124,10 @@ void SharingCommands::connectPeople()
 
 void SharingCommands::showPointers(bool isShown)
 {
-    Settings().setValue(QLatin1String(kPointers), isShown);
+    if (isShown)
+        Settings().remove(QLatin1String(kPointers));
+    else
+        Settings().setValue(QLatin1String(kPointers), false);
     m_bar.setShown(isShown);
     m_canvas.showPointers(isShown);
 }
@@ -155,6 +162,7 @@ void SharingCommands::openDialog()
 
 void SharingCommands::showLinks()
 {
+    m_dialog->setOwn(m_sharing.isOwn());
     if (!m_sharing.isOwn())
         return m_dialog->setLinks({m_sharing.link()});
     QList<LessonLink> links;
@@ -283,6 +291,13 @@ QString SharingCommands::nameOf(int author) const
     return shownName(others && found != others->all().end() ? found->second.presence.name : QString());
 }
 
+// By the order in which they came: the numbers of authors come by chance, and two of six would often share a colour.
+QColor SharingCommands::colorOf(int author) const
+{
+    const int place = m_sharing.placeOf(author);
+    return Board::colorOf(place > 0 ? place : author);
+}
+
 void SharingCommands::showState()
 {
     using State = DocumentSharing::State;
@@ -292,6 +307,14 @@ void SharingCommands::showState()
     m_bar.setConnection(state == State::Joining ? QString() : m_sharing.words(), m_sharing.isConnected());
     showPeople();
     noteBothHold();
+}
+
+// On this page: their name stands beside what they draw.
+bool SharingCommands::isDrawing(int author) const
+{
+    const auto &hands = m_document.page().hands();
+    return std::any_of(hands.begin(), hands.end(),
+                       [author](const InkLesson::Hand &hand) { return hand.author == author && hand.isForming(); });
 }
 
 void SharingCommands::showPeople()
@@ -308,7 +331,7 @@ void SharingCommands::showPeople()
         const auto &presence = other.presence;
         people.append({author, presence.name, colorOf(author), m_document.lesson().indexOf(presence.page) + 1, false});
         drawers[author] = {shownName(presence.name).left(Drawer::kMaxName), {}, true, colorOf(author)};
-        if (presence.pointer && presence.page == m_document.author().page())
+        if (presence.pointer && presence.page == m_document.author().page() && !isDrawing(author))
             pointers.append({presence.name, colorOf(author), *presence.pointer});
     }
     m_bar.setPeople(people);

@@ -61,6 +61,8 @@ private:
     void showPointers(bool isShown);
     void noteBothHold();
     QString nameOf(int author) const;
+    bool isDrawing(int author) const;
+    QColor colorOf(int author) const;
 
     Document &m_document;
     Canvas &m_canvas;

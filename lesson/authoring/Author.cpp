@@ -291,7 +291,7 @@ void Author::settleNew()
     lived.isPainted = true;
     const StepId id = emitDeed(Draw{std::move(hand.life)}, 0, std::move(lived));
     if (id == kNothing) {
-        page.setPaper(page.paper()); // without it
+        page.spoil(); // without it
         show(page.repaint());
     }
     const Item *item = page.item(id);

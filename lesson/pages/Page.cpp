@@ -2,9 +2,11 @@
 
 #include "lesson/layers/HitTest.h"
 #include "lesson/objects/Tools.h"
+#include "lesson/pages/Difference.h"
 #include "lesson/paper/PaperPainter.h"
 
 #include <algorithm>
+#include <atomic>
 #include <utility>
 
 namespace InkLesson {
@@ -55,6 +57,14 @@ const PageLayers &Page::layers() const
 
 void Page::paintAnew()
 {
+    if (m_packed) {
+        m_layers = m_packed->unpacked(paintedPaper(m_paper, rect().size(), m_density));
+        ++m_backgrounds;
+    }
+    if (isPainted()) {
+        show(rect());
+        return;
+    }
     m_layers = std::make_unique<PageLayers>(rect().size());
     if (m_layers->isNull())
         return;
@@ -64,12 +74,30 @@ void Page::paintAnew()
     show(rect());
 }
 
-void Page::prepare(const std::function<void(double)> &tell)
+// Objects paint themselves at once, each alone; what comes of it is kept in their order, as ever.
+void Page::prepare(const std::function<void(double)> &tell, Workers *workers)
 {
-    double done = 0;
-    for (const auto &item : m_items) {
-        makeSprite(*item);
-        tell(++done / double(m_items.size()));
+    constexpr std::size_t kAtOnce = 64; // objects
+    std::vector<Sketch> sketches(std::size_t(workers ? workers->count() : 1));
+    for (std::size_t first = 0; first < m_items.size(); first += kAtOnce) {
+        const std::size_t end = std::min(first + kAtOnce, m_items.size());
+        std::vector<std::shared_ptr<const Sprite>> sprites(end - first);
+        std::atomic<std::size_t> next{first};
+        const auto work = [&](int worker) {
+            for (std::size_t i = next++; i < end; i = next++) {
+                if (awaitsSprite(*m_items[i]))
+                    sprites[i - first] = sketched(*m_items[i], sketches[std::size_t(worker)]);
+            }
+        };
+        if (workers)
+            workers->run(work);
+        else
+            work(0);
+        for (std::size_t i = first; i < end; ++i) {
+            if (awaitsSprite(*m_items[i])) // still, since there is room for so many
+                keepSprite(*m_items[i], std::move(sprites[i - first]));
+            tell(double(i + 1) / double(m_items.size()));
+        }
     }
 }
 
@@ -77,6 +105,12 @@ void Page::release()
 {
     m_layers.reset();
     forgetSprites();
+}
+
+void Page::pack()
+{
+    if (isPainted() && m_changed.empty() && !m_packed)
+        m_packed = std::make_unique<PackedLayers>(*m_layers);
 }
 
 void Page::keepSprites(bool keeps)
@@ -133,6 +167,7 @@ bool Page::isHeld(const ObjectId &id) const
 void Page::touch(const QRect &reach)
 {
     m_change = Change::Any;
+    m_packed.reset();
     QRect part = onPage(reach);
     if (part.isEmpty())
         return;
@@ -152,6 +187,7 @@ void Page::touch(const QRect &reach)
 void Page::count(const Item &item, int by)
 {
     m_flooding += item.tool && item.tool->floods ? by : 0;
+    m_onPixels += item.tool && item.tool->paintFlat ? by : 0;
     m_whole += item.isWhole ? by : 0;
     if (by < 0 && item.sprite)
         m_spriteBytes -= item.sprite->bytes();
@@ -219,9 +255,24 @@ void Page::reorder(const std::vector<ObjectId> &order, const std::vector<ObjectI
 void Page::setPaper(const Paper &paper)
 {
     m_paper = paper;
-    if (isPainted())
-        layPaper();
+    if (!isPainted()) {
+        touch(rect());
+        return;
+    }
+    const QImage before = m_layers->background();
+    const bool isFirst = m_changed.empty(), isAnother = m_change == Change::Paper;
+    layPaper();
     touch(rect());
+    if (keepsInk() && (isFirst || isAnother)) {
+        m_change = Change::Paper;
+        m_before = isFirst ? before : QImage();
+    }
+}
+
+// What works on the layers' pixels may read the paper, and then show it.
+bool Page::keepsInk() const
+{
+    return m_keepsSprites && m_onPixels == 0;
 }
 
 bool Page::grow(const QSize &size)
@@ -286,10 +337,20 @@ bool Page::canHaveSprite(const CInkGraph &object, const Tool *tool) const
     return m_keepsSprites && m_spriteBytes < kMostSpriteBytes && tool && tool->paintsOnce && object.m_nWidth > 1;
 }
 
+bool Page::awaitsSprite(const Item &item) const
+{
+    return !item.sprite && !item.isTooRich && canHaveSprite(*item.object, item.tool);
+}
+
+std::shared_ptr<const Sprite> Page::sketched(Item &item, Sketch &sketch) const
+{
+    return sketch.spriteOf(whole(item), onPage(item.asked), onPage(item.reach), rect().size());
+}
+
 void Page::makeSprite(Item &item)
 {
-    if (!item.sprite && !item.isTooRich && canHaveSprite(*item.object, item.tool))
-        keepSprite(item, m_sketch.spriteOf(whole(item), onPage(item.asked), onPage(item.reach), rect().size()));
+    if (awaitsSprite(item))
+        keepSprite(item, sketched(item, m_sketch));
 }
 
 // What the object has rendered for itself alone is given back then.
@@ -364,12 +425,15 @@ QRegion Page::repaint()
 {
     const std::vector<QRect> parts = std::exchange(m_changed, {});
     const Change change = std::exchange(m_change, Change::Any);
+    const QImage before = std::exchange(m_before, {});
     QRegion shown;
     for (const QRect &part : parts) {
         if (isPainted() && change == Change::Append && !isHeld(m_items.back()->id)) {
             LayerPainting painting(*m_layers, LayerPainting::On::PageAndInk, rect());
             paint(painting, *m_items.back());
         }
+        if (isPainted() && change == Change::Paper)
+            repaintPaper(before);
         shown |= change == Change::Any ? repaint(part) : part;
     }
     return show(shown);
@@ -383,11 +447,38 @@ QRect Page::repaint(const QRect &part)
         return area;
     m_layers->clear(area);
     LayerPainting painting(*m_layers, LayerPainting::On::PageAndInk, area);
+    layInk(painting, area);
+    return area;
+}
+
+// The ink stays. What paints nothing but sprites is painted anew where the paper differs, and nowhere else.
+void Page::repaintPaper(const QImage &before)
+{
+    std::vector<const Sprite *> sprites;
+    bool isWhole = true; // of sprites
+    for (const auto &item : m_items) {
+        if (isHeld(item->id))
+            continue;
+        makeSprite(*item);
+        isWhole = isWhole && item->sprite;
+        sprites.push_back(item->sprite.get());
+    }
+    const auto where = isWhole && !before.isNull() ? Difference::of(before, background()) : std::nullopt;
+    if (where) {
+        m_layers->layPage(*where, sprites);
+        return;
+    }
+    m_layers->clearPage(rect());
+    LayerPainting painting(*m_layers, LayerPainting::On::Page, rect());
+    layInk(painting, rect());
+}
+
+void Page::layInk(LayerPainting &painting, const QRect &area)
+{
     for (const auto &item : m_items) {
         if (area.intersects(extentOf(*item)) && !isHeld(item->id))
             paint(painting, *item);
     }
-    return area;
 }
 
 QRegion Page::show(const QRegion &area)

@@ -4,8 +4,10 @@
 #include "lesson/log/StepId.h"
 #include "lesson/objects/Life.h"
 #include "lesson/pages/Hand.h"
+#include "lesson/pages/PackedLayers.h"
 #include "lesson/pages/PageLayers.h"
 #include "lesson/pages/Sketch.h"
+#include "lesson/pages/Workers.h"
 #include "lesson/paper/Paper.h"
 
 #include "CInkGraph.h"
@@ -63,6 +65,12 @@ public:
     bool isPainted() const { return m_layers && !m_layers->isNull(); }
     void release();
 
+    // Notes what its pixels show, in less memory. Until something changes, or the note is dropped, it is painted from
+    // that. A page without pixels is left as it is.
+    void pack();
+    std::size_t packedBytes() const { return m_packed ? m_packed->bytes() : 0; }
+    void dropPacked() { m_packed.reset(); }
+
     // Gives an object of the page anew, as it was put there. Where there is such a function, objects whose sprites are
     // kept give back what they have rendered for themselves.
     std::function<std::unique_ptr<CInkGraph>(const ObjectId &id)> relive;
@@ -70,8 +78,9 @@ public:
     // The object of an item, whole.
     CInkGraph &whole(Item &item) const;
 
-    // Does ahead what takes longest of the first painting. `tell` hears now and then how much of that is done, up to 1.
-    void prepare(const std::function<void(double share)> &tell);
+    // Does ahead what takes longest of the first painting, with all hands that there are. `tell` hears now and then how
+    // much of that is done, up to 1.
+    void prepare(const std::function<void(double share)> &tell, Workers *workers = nullptr);
 
     // Whether objects are painted again by what they have painted, which takes memory for each; they are from the
     // start.
@@ -95,6 +104,9 @@ public:
     void reorder(const std::vector<ObjectId> &order, const std::vector<ObjectId> &moved);
 
     void setPaper(const Paper &paper);
+
+    // All of it is painted by the next repaint(), whatever has changed.
+    void spoil() { touch(rect()); }
 
     // Makes the page at least as large as `size`. False where there is not enough memory.
     bool grow(const QSize &size);
@@ -130,10 +142,15 @@ private:
     void count(const Item &item, int by);
     QRect closed(QRect area) const;
     QRect repaint(const QRect &part);
+    void layInk(LayerPainting &painting, const QRect &area);
+    bool keepsInk() const;
+    void repaintPaper(const QImage &before);
     bool leavesMark(CInkGraph &object, const QRect &asked, const Tool *tool, bool stays);
     CInkGraph &prepared(CInkGraph &object, const Tool *tool, int &background) const;
     void paint(LayerPainting &painting, Item &item);
     bool canHaveSprite(const CInkGraph &object, const Tool *tool) const;
+    bool awaitsSprite(const Item &item) const;
+    std::shared_ptr<const Sprite> sketched(Item &item, Sketch &sketch) const;
     void makeSprite(Item &item);
     void keepSprite(Item &item, std::shared_ptr<const Sprite> sprite);
     bool isSeenNear(Item &item, const QPoint &pt, int reach) const;
@@ -142,7 +159,8 @@ private:
     void layPaper();
 
     QRect m_rect;
-    std::unique_ptr<PageLayers> m_layers; // null until somebody asks for pixels
+    std::unique_ptr<PageLayers> m_layers;     // null until somebody asks for pixels
+    std::unique_ptr<PackedLayers> m_packed{}; // null unless page and ink are as it says
     const double m_density;
     Paper m_paper;
     int m_backgrounds{1}; // that there have been
@@ -159,9 +177,12 @@ private:
     Ahead m_ahead{};              // what has been painted ahead of its put()
     int m_whole{};                // of the items, those of which no part can be painted alone
     int m_flooding{};             // of the items, those that depend on the pixels below them
+    int m_onPixels{};             // of the items, those that work on the layers' pixels
     std::vector<QRect> m_changed; // of page and ink, since the last repaint
-    enum class Change { Any, Append, Painted };
-    Change m_change{Change::Any}; // one object came on top of all others, or was painted there before, and nothing else
+    // One object came on top of all others, or was painted there before, and nothing else; another paper was laid.
+    enum class Change { Any, Append, Painted, Paper };
+    Change m_change{Change::Any};
+    QImage m_before{}; // the background then, where one other was laid
     std::vector<Hand> m_hands;
 };
 

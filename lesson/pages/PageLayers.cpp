@@ -1,12 +1,15 @@
 #include "lesson/pages/PageLayers.h"
 
 #include "lesson/layers/StateMark.h"
+#include "lesson/pages/Difference.h"
 #include "lesson/pages/Sprite.h"
 
 #include "CInkGraph.h"
 
 #include <QtGui/QPaintEngine>
 #include <QtGui/QPainter>
+
+#include <algorithm>
 
 namespace InkLesson {
 
@@ -47,13 +50,13 @@ QImage viewOf(const QImage &image)
 
 } // namespace
 
-PageLayers::PageLayers(const QSize &size)
+PageLayers::PageLayers(const QSize &size, Pixels pixels)
     : m_page(size, QImage::Format_RGB32)
     , m_surface(size, QImage::Format_RGB32)
     , m_background(size, QImage::Format_RGB32)
     , m_ink(size, QImage::Format_ARGB32_Premultiplied)
 {
-    if (isNull())
+    if (isNull() || pixels == Pixels::Any)
         return;
     m_background.fill(Qt::white);
     m_page.fill(Qt::white);
@@ -71,9 +74,28 @@ void PageLayers::clear(const QRect &area)
     QPainter ink(&m_ink);
     ink.setCompositionMode(QPainter::CompositionMode_Source);
     ink.fillRect(area, Qt::transparent);
+    clearPage(area);
+}
+
+void PageLayers::clearPage(const QRect &area)
+{
     QPainter page(&m_page);
     page.setCompositionMode(QPainter::CompositionMode_Source);
     page.drawImage(area.topLeft(), m_background, area);
+}
+
+void PageLayers::layPage(const Difference &where, const std::vector<const Sprite *> &sprites)
+{
+    for (int y = 0; y < where.height(); ++y) {
+        if (where.begin(y) == where.end(y))
+            continue;
+        const auto *from = reinterpret_cast<const QRgb *>(m_background.constScanLine(y));
+        auto *to = reinterpret_cast<QRgb *>(m_page.scanLine(y));
+        for (const Difference::Span *span = where.begin(y); span != where.end(y); ++span)
+            std::copy(from + span->from, from + span->to, to + span->from);
+    }
+    for (const Sprite *sprite : sprites)
+        sprite->paint(m_page, where);
 }
 
 void PageLayers::restore(const QPoint &at, const QImage &page, const QImage &ink)
@@ -97,7 +119,7 @@ void PageLayers::showPage(const QRegion &area)
 struct LayerPainting::Painters
 {
     Painters(PageLayers &layers, On on, const QRect &area)
-        : page(on == On::PageAndInk ? layers.m_page : unseenPage, on == On::PageAndInk ? QRegion(area) : QRegion())
+        : page(on != On::Surface ? layers.m_page : unseenPage, on != On::Surface ? QRegion(area) : QRegion())
         , surface(on == On::Surface ? layers.m_surface : unseenSurface, on == On::Surface ? QRegion(area) : QRegion())
         , under(background = viewOf(layers.m_background), QRegion())
         , ink(on == On::PageAndInk ? layers.m_ink : unseenInk, on == On::PageAndInk ? QRegion(area) : QRegion())
@@ -131,7 +153,11 @@ void LayerPainting::paintSprites()
         for (int left = m_area.left(); left <= m_area.right(); left += kTile.width()) {
             const QRect tile = QRect(QPoint(left, top), kTile) & m_area;
             for (const Sprite *sprite : m_sprites) {
-                if (sprite->rect().intersects(tile))
+                if (!sprite->rect().intersects(tile))
+                    continue;
+                if (m_on == On::Page)
+                    sprite->paint(m_layers.m_page, tile);
+                else
                     sprite->paint(m_layers.m_page, m_layers.m_ink, tile);
             }
         }

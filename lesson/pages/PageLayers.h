@@ -14,14 +14,18 @@ class CInkGraph;
 
 namespace InkLesson {
 
+class Difference;
+class PackedLayers;
 class Sprite;
 
 // The four images that an object paints on, all of one size and in page pixels.
 class INKLESSON_EXPORT PageLayers
 {
 public:
-    // White. Null where there is not enough memory for all four.
-    explicit PageLayers(const QSize &size);
+    enum class Pixels { White, Any };
+
+    // Null where there is not enough memory for all four.
+    explicit PageLayers(const QSize &size, Pixels pixels = Pixels::White);
 
     bool isNull() const;
     QRect rect() const { return m_page.rect(); }
@@ -38,6 +42,12 @@ public:
     // Takes all committed ink away from `area`.
     void clear(const QRect &area);
 
+    // The same of the page, while the ink keeps its own.
+    void clearPage(const QRect &area);
+
+    // The same with what is told by `where`, on which `sprites` are then painted, the first one lowest.
+    void layPage(const Difference &where, const std::vector<const Sprite *> &sprites);
+
     // What was copied from page and ink.
     void restore(const QPoint &at, const QImage &page, const QImage &ink);
 
@@ -46,6 +56,7 @@ public:
 
 private:
     friend class LayerPainting;
+    friend class PackedLayers;
 
     QImage m_page;
     QImage m_surface;
@@ -53,12 +64,12 @@ private:
     QImage m_ink;
 };
 
-// Lets objects paint themselves, one over the other: committed ones on page and ink, others on the surface. None paints
-// outside of `area`, whatever clip it sets.
+// Lets objects paint themselves, one over the other: committed ones on page and ink, or on the page alone where the ink
+// has them already, others on the surface. None paints outside of `area`, whatever clip it sets.
 class INKLESSON_EXPORT LayerPainting
 {
 public:
-    enum class On { PageAndInk, Surface };
+    enum class On { PageAndInk, Page, Surface };
 
     LayerPainting(PageLayers &layers, On on, const QRect &area);
     ~LayerPainting();
@@ -66,7 +77,7 @@ public:
     // `reach` is what the object is asked to repaint.
     void paint(CInkGraph &object, const QRect &reach);
 
-    // On page and ink, what a committed object has painted. It outlives this.
+    // But on the surface, what a committed object has painted. It outlives this.
     void paint(const Sprite &sprite) { m_sprites.push_back(&sprite); }
 
 private:

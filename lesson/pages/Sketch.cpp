@@ -31,9 +31,10 @@ std::shared_ptr<const Sprite> Sketch::spriteOf(CInkGraph &object, const QRect &a
     }
     m_pixels.paintEngine()->setSystemClip(QRegion());
     std::optional<Sprite> sprite = Sprite::of(m_pixels, reach, object.m_color);
-    for (int y = reach.top(); y <= reach.bottom(); ++y) {
+    const QRect painted = sprite ? sprite->rect() : reach;
+    for (int y = painted.top(); y <= painted.bottom(); ++y) {
         auto *row = reinterpret_cast<QRgb *>(m_pixels.scanLine(y));
-        std::fill(row + reach.left(), row + reach.right() + 1, 0);
+        std::fill(row + painted.left(), row + painted.right() + 1, 0);
     }
     return sprite ? std::make_shared<const Sprite>(std::move(*sprite)) : nullptr;
 }

@@ -1,5 +1,7 @@
 #include "lesson/pages/Sprite.h"
 
+#include "lesson/pages/Difference.h"
+
 #include <QtGui/QRgba64>
 
 #include <algorithm>
@@ -93,31 +95,40 @@ const QRgb *rowOf(const QImage &image, int y)
 // The first pixel that is not transparent; `end` without one.
 const QRgb *firstSeen(const QRgb *pixel, const QRgb *end)
 {
-    constexpr std::ptrdiff_t kAtOnce = 8;
+    using Four = quint64 __attribute__((vector_size(16))); // pixels
+    constexpr std::ptrdiff_t kAtOnce = 16;
     for (; end - pixel >= kAtOnce; pixel += kAtOnce) {
-        QRgb any = 0;
-        for (std::ptrdiff_t i = 0; i < kAtOnce; ++i)
-            any |= pixel[i];
-        if (any != 0)
+        std::array<Four, 4> fours;
+        std::memcpy(fours.data(), pixel, sizeof fours);
+        const Four any = (fours[0] | fours[1]) | (fours[2] | fours[3]);
+        if ((any[0] | any[1]) != 0)
             break;
     }
     return std::find_if(pixel, end, [](QRgb other) { return other != 0; });
 }
 
-// The least rectangle that holds all of `area` that is not transparent.
+// The least rectangle that holds all of `area` that is not transparent. Of each row only what may make it larger is
+// read, and of those before the first and after the last everything.
 QRect seenPart(const QImage &picture, const QRect &area)
 {
-    QRect seen;
-    for (int y = area.top(); y <= area.bottom(); ++y) {
-        const QRgb *row = rowOf(picture, y), *const end = row + area.right() + 1;
-        const QRgb *first = firstSeen(row + area.left(), end), *last = end;
-        if (first == end)
-            continue;
-        while (last[-1] == 0)
-            --last;
-        seen |= QRect(int(first - row), y, int(last - first), 1);
+    const int right = area.right() + 1;
+    const auto isSeen = [&](int y) {
+        const QRgb *row = rowOf(picture, y);
+        return firstSeen(row + area.left(), row + right) != row + right;
+    };
+    int top = area.top(), bottom = area.bottom();
+    while (top <= bottom && !isSeen(top))
+        ++top;
+    while (top < bottom && !isSeen(bottom))
+        --bottom;
+    int from = right, to = area.left();
+    for (int y = top; y <= bottom; ++y) {
+        const QRgb *row = rowOf(picture, y);
+        from = int(firstSeen(row + area.left(), row + from) - row);
+        for (const QRgb *seen = row + to; (seen = firstSeen(seen, row + right)) != row + right; to = int(seen - row))
+            ++seen;
     }
-    return seen;
+    return top > bottom ? QRect() : QRect(QPoint(from, top), QPoint(to - 1, bottom));
 }
 
 // Puts the runs of one row after the other.
@@ -226,24 +237,6 @@ private:
     const std::ptrdiff_t m_perRow;
 };
 
-// Rows of the two images.
-struct Rows
-{
-    QRgb *page;
-    QRgb *ink;
-
-    void lay(int x, Channels pixel) const
-    {
-        page[x] = over(page[x], pixel);
-        ink[x] = over(ink[x], pixel);
-    }
-    void fill(int from, int to, QRgb pixel) const
-    {
-        std::fill(page + from, page + to, pixel);
-        std::fill(ink + from, ink + to, pixel);
-    }
-};
-
 // Pixels of a row.
 struct Span
 {
@@ -252,26 +245,104 @@ struct Span
     int to; // one more
 };
 
-// That part of a run that begins at `start`.
-void lay(const Run &run, int start, const Span &span, QRgb color, const Rows &rows)
+// Two pixels as one value, which processors multiply at once: what Channels do, for each of them.
+using Pair = quint16 __attribute__((vector_size(16)));
+using PairBytes = uchar __attribute__((vector_size(8)));
+constexpr int kPair = 2;
+constexpr int kAlpha = Q_BYTE_ORDER == Q_LITTLE_ENDIAN ? 3 : 0; // of the first pixel; four more of the second
+
+Pair pairOf(const void *pixels)
 {
-    const int from = span.from, to = span.to;
-    const Channels channels = channelsOf(color);
-    if (run.kind == Kind::Whole && uint(qAlpha(color)) == kFull) {
-        rows.fill(from, to, color);
-    } else if (run.kind == Kind::Whole) {
-        for (int x = from; x < to; ++x)
-            rows.lay(x, channels);
-    } else if (run.kind == Kind::Parts) {
-        for (int x = from; x < to; ++x)
-            rows.lay(x, scaled(channels, run.bytes[x - start]));
-    } else if (run.kind == Kind::Pixels) {
-        for (int x = from; x < to; ++x) {
-            QRgb pixel;
-            std::memcpy(&pixel, run.bytes + std::size_t(x - start) * sizeof pixel, sizeof pixel);
-            rows.lay(x, channelsOf(pixel));
-        }
+    PairBytes bytes;
+    std::memcpy(&bytes, pixels, sizeof bytes);
+    return __builtin_convertvector(bytes, Pair);
+}
+
+Pair pairOf(QRgb pixel)
+{
+    const std::array<QRgb, kPair> both{pixel, pixel};
+    return pairOf(both.data());
+}
+
+Pair scaled(const Pair &pixels, const Pair &parts)
+{
+    constexpr quint16 kHalf = 0x80;
+    const Pair product = pixels * parts;
+    return (product + (product >> 8) + kHalf) >> 8;
+}
+
+// What is laid over a row, in two forms: one pixel and two, from `x` on.
+struct Same
+{
+    const Pair pair;
+    const Channels one;
+
+    explicit Same(QRgb color)
+        : pair(pairOf(color))
+        , one(channelsOf(color))
+    {
     }
+    Pair pairAt(int) const { return pair; }
+    Channels at(int) const { return one; }
+};
+
+struct Parts
+{
+    const Same color;
+    const uchar *bytes;
+
+    Pair pairAt(int x) const
+    {
+        const quint16 a = bytes[x], b = bytes[x + 1];
+        return scaled(color.pair, Pair{a, a, a, a, b, b, b, b});
+    }
+    Channels at(int x) const { return scaled(color.one, bytes[x]); }
+};
+
+struct Kept
+{
+    const uchar *bytes;
+
+    const uchar *pixel(int x) const { return bytes + std::size_t(x) * sizeof(QRgb); }
+    Pair pairAt(int x) const { return pairOf(pixel(x)); }
+    Channels at(int x) const
+    {
+        QRgb one;
+        std::memcpy(&one, pixel(x), sizeof one);
+        return channelsOf(one);
+    }
+};
+
+template <typename Above>
+void layOver(QRgb *row, int count, const Above &above)
+{
+    int x = 0;
+    for (; x + kPair <= count; x += kPair) {
+        const Pair pixels = above.pairAt(x);
+        const Pair alphas = __builtin_shufflevector(pixels, pixels, kAlpha, kAlpha, kAlpha, kAlpha, kAlpha + 4,
+                                                    kAlpha + 4, kAlpha + 4, kAlpha + 4);
+        const Pair sum = pixels + scaled(pairOf(row + x), quint16(kFull) - alphas);
+        const PairBytes bytes = __builtin_convertvector(sum, PairBytes);
+        std::memcpy(row + x, &bytes, sizeof bytes);
+    }
+    if (x < count)
+        row[x] = over(row[x], above.at(x));
+}
+
+// That part of a run that begins at `start`.
+void lay(const Run &run, int start, const Span &span, QRgb color, QRgb *row)
+{
+    const int count = span.to - span.from;
+    const std::ptrdiff_t passed = span.from - start;
+    row += span.from;
+    if (run.kind == Kind::Whole && uint(qAlpha(color)) == kFull)
+        std::fill(row, row + count, color);
+    else if (run.kind == Kind::Whole)
+        layOver(row, count, Same(color));
+    else if (run.kind == Kind::Parts)
+        layOver(row, count, Parts{Same(color), run.bytes + passed});
+    else if (run.kind == Kind::Pixels)
+        layOver(row, count, Kept{run.bytes + passed * std::ptrdiff_t(sizeof(QRgb))});
 }
 
 } // namespace
@@ -302,29 +373,62 @@ std::optional<Sprite> Sprite::of(const QImage &picture, const QRect &area, const
 }
 
 template <typename Lay>
+void Sprite::visitRow(int y, int left, int right, Lay lay) const
+{
+    const quint32 *place = &m_rows[std::size_t(y - m_rect.top())];
+    const uchar *head = m_runs.data() + place[0], *const end = m_runs.data() + place[1];
+    for (int x = m_rect.left(); head != end && x < right;) {
+        const Run run = runAt(head);
+        if (run.kind != Kind::Skipped && x + run.length > left)
+            lay(run, x);
+        x += run.length;
+        head = run.end;
+    }
+}
+
+template <typename Lay>
 void Sprite::visit(const QRect &area, Lay lay) const
 {
     const QRect within = area & m_rect;
     const int left = within.left(), right = within.right() + 1;
     for (int y = within.top(); y <= within.bottom(); ++y) {
-        const quint32 *place = &m_rows[std::size_t(y - m_rect.top())];
-        const uchar *head = m_runs.data() + place[0], *const end = m_runs.data() + place[1];
-        for (int x = m_rect.left(); head != end && x < right;) {
-            const Run run = runAt(head);
-            if (run.kind != Kind::Skipped && x + run.length > left)
-                lay(run, x, Span{y, std::max(x, left), std::min(x + run.length, right)});
-            x += run.length;
-            head = run.end;
-        }
+        visitRow(y, left, right, [&](const Run &run, int x) {
+            lay(run, x, Span{y, std::max(x, left), std::min(x + run.length, right)});
+        });
     }
+}
+
+void Sprite::paint(QImage &page, const QRect &area) const
+{
+    const Pixels rows(page);
+    visit(area, [&](const Run &run, int start, const Span &span) { lay(run, start, span, m_color, rows.row(span.y)); });
 }
 
 void Sprite::paint(QImage &page, QImage &ink, const QRect &area) const
 {
     const Pixels pageRows(page), inkRows(ink);
     visit(area, [&](const Run &run, int start, const Span &span) {
-        lay(run, start, span, m_color, {pageRows.row(span.y), inkRows.row(span.y)});
+        lay(run, start, span, m_color, pageRows.row(span.y));
+        lay(run, start, span, m_color, inkRows.row(span.y));
     });
+}
+
+void Sprite::paint(QImage &page, const Difference &where) const
+{
+    const Pixels rows(page);
+    for (int y = m_rect.top(); y <= m_rect.bottom(); ++y) {
+        const Difference::Span *span = where.begin(y), *const end = where.end(y);
+        if (span == end)
+            continue;
+        QRgb *const row = rows.row(y);
+        visitRow(y, span->from, end[-1].to, [&](const Run &run, int x) {
+            const int to = x + run.length;
+            while (span != end && span->to <= x)
+                ++span;
+            for (const Difference::Span *one = span; one != end && one->from < to; ++one)
+                lay(run, x, Span{y, std::max(x, one->from), std::min(to, one->to)}, m_color, row);
+        });
+    }
 }
 
 bool Sprite::paintsIn(const QRect &area) const

@@ -11,6 +11,8 @@
 
 namespace InkLesson {
 
+class Difference;
+
 // What an object has painted, kept as runs of pixels, so that it can be painted again without the object, in a small
 // part of the time and in any area alone.
 //
@@ -27,6 +29,10 @@ public:
 
     // Paints it over the pixels of both within `area`, which lies in them: `page` is RGB32, `ink` ARGB32_Premultiplied.
     void paint(QImage &page, QImage &ink, const QRect &area) const;
+    void paint(QImage &page, const QRect &area) const; // over that alone
+
+    // The same over what is told by `where`, which is as high as the page.
+    void paint(QImage &page, const Difference &where) const;
 
     // Whether there is anything of it in that area.
     bool paintsIn(const QRect &area) const;
@@ -37,6 +43,8 @@ public:
     std::size_t bytes() const { return m_runs.capacity() + m_rows.capacity() * sizeof(m_rows[0]); }
 
 private:
+    template <typename Lay>
+    void visitRow(int y, int left, int right, Lay lay) const; // the runs of a row that reach into these pixels
     template <typename Lay>
     void visit(const QRect &area, Lay lay) const; // the runs of pixels there
 

@@ -67,7 +67,8 @@ public:
     State state() const { return m_state; }
     Reason reason() const { return m_reason; } // that a door gave last
     std::size_t pending() const { return m_lesson ? m_lesson->log().size() - m_lesson->settled() : 0; }
-    quint64 length() const { return m_reader.length(); } // of the stream, as far as it is known here
+    quint64 length() const { return m_reader.length(); }               // of the stream, as far as it is known here
+    int placeOf(int author) const { return m_reader.placeOf(author); } // the same at every board; 0 before it is known
     Chain chain() const { return m_reader.chainAt(m_reader.length()); }
 
     void opened(qint64 now);

@@ -68,6 +68,12 @@ void StreamReader::join(const QByteArray &tokenHash, const std::vector<int> &aut
     m_members.push_back({tokenHash, authors});
 }
 
+int StreamReader::placeOf(int author) const
+{
+    const auto member = m_memberOf.find(author);
+    return member == m_memberOf.end() ? 0 : int(member->second) + 1;
+}
+
 bool StreamReader::counts(const RecordEntry &entry, Taken &taken)
 {
     const auto member = m_memberOf.find(entry.id.author);

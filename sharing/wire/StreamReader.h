@@ -43,6 +43,9 @@ public:
     std::vector<int> authorsOf(const QByteArray &tokenHash) const;
     bool isClaimed(int author) const { return m_memberOf.count(author) != 0; }
 
+    // The place of the author's member among all, from 1 for who has begun the lesson; 0 where nobody has the author.
+    int placeOf(int author) const;
+
     // The record that the next one of the author's member names.
     InkLesson::StepId lastOf(int author) const;
 

@@ -6,7 +6,9 @@
 #include "pens/textured_p.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
+#include <iterator>
 
 using namespace InkInternal;
 
@@ -22,6 +24,17 @@ constexpr struct
     int alpha;
     float width; // of the pen width
 } kPasses[] = {{60, 1.0f}, {40, 0.8f}, {60, 0.6f}, {60, 0.4f}};
+
+// Of eight bits in each channel, whatever the model of the object's colour.
+std::array<QPen, std::size(kPasses)> pensOf(const QColor &color, int width)
+{
+    std::array<QPen, std::size(kPasses)> pens;
+    std::transform(std::begin(kPasses), std::end(kPasses), pens.begin(), [&](const auto &pass) {
+        const QColor shade(color.red(), color.green(), color.blue(), pass.alpha);
+        return QPen(shade, truncated(double(pass.width * float(width))), Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin);
+    });
+    return pens;
+}
 
 // Whether a disc covers every pixel of `area`, with room for its rim to be no perfect circle.
 bool covers(const QPointF &center, double diameter, const QRectF &area)
@@ -106,8 +119,7 @@ void CInkColorBrush::DrawColorBrushGraph(QPainter &painter)
     QPainter cache(m_pImage);
     setHighQualityAntialiasing(cache);
     cache.setRenderHint(QPainter::SmoothPixmapTransform);
-    // Eight bits of each channel, whatever the model of the object's colour.
-    const QColor opaque(m_color.red(), m_color.green(), m_color.blue());
+    const std::array<QPen, std::size(kPasses)> pens = pensOf(m_color, m_nWidth);
     const double margin = std::abs(double(m_nWidth)) + 1;
     const QRectF pixels = reachOf(*m_pImage);
     const QRectF reach = pixels.adjusted(-margin, -margin, margin, margin);
@@ -120,11 +132,8 @@ void CInkColorBrush::DrawColorBrushGraph(QPainter &painter)
         if (isWhole && isSettled)
             continue;
         const QImage before = isWhole ? m_pImage->copy() : QImage();
-        for (const auto &pass : kPasses) {
-            QColor color = opaque;
-            color.setAlpha(pass.alpha);
-            const int width = truncated(double(pass.width * float(m_nWidth)));
-            cache.setPen(QPen(color, width, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+        for (const QPen &pen : pens) {
+            cache.setPen(pen);
             cache.drawLine(points.at(i), points.at(i + 1));
         }
         isSettled = isWhole && *m_pImage == before;

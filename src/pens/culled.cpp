@@ -271,11 +271,20 @@ bool isPlain(const QPen &pen)
            pen.widthF() >= 0 && (pen.widthF() == 0 || !pen.isCosmetic());
 }
 
+// Whether Qt divides colours by their alpha again, four pixels at a time: what is left over of a span is rounded
+// otherwise, and where a span ends depends on all that is painted.
+bool dividesByAlpha(const QPaintDevice &device)
+{
+    const auto *image = dynamic_cast<const QImage *>(&device);
+    return image && (image->format() == QImage::Format_ARGB32 || image->format() == QImage::Format_RGBA8888);
+}
+
 // A texture is sampled from the start of each span on, unless it is moved only.
-bool isPaintedPixelByPixel(const QBrush &brush, const QTransform &transform)
+bool isPaintedPixelByPixel(const QBrush &brush, const QTransform &transform, const QPaintDevice &device)
 {
     return brush.style() == Qt::SolidPattern ||
-           (brush.style() == Qt::TexturePattern && (brush.transform() * transform).type() <= QTransform::TxTranslate);
+           (brush.style() == Qt::TexturePattern && (brush.transform() * transform).type() <= QTransform::TxTranslate &&
+            !dividesByAlpha(device));
 }
 
 // Whether a box and its image under the transform can stand for each other.
@@ -290,8 +299,8 @@ bool canCull(const QPainter &painter, const QVector<QPointF> &points, const QTra
     const QPaintEngine *engine = painter.paintEngine(); // null while the painter is not active
     return engine && engine->type() == QPaintEngine::Raster && points.size() > 2 &&
            painter.brush().style() == Qt::NoBrush && isPlain(painter.pen()) &&
-           isPaintedPixelByPixel(painter.pen().brush(), transform) && !isSamePlace(points.first(), points.last()) &&
-           mapsBoxes(transform) && mapsBoxes(painter.deviceTransform());
+           isPaintedPixelByPixel(painter.pen().brush(), transform, *engine->paintDevice()) &&
+           !isSamePlace(points.first(), points.last()) && mapsBoxes(transform) && mapsBoxes(painter.deviceTransform());
 }
 
 // In a world of its own, or in the painter's; setting that anew would also switch it on.

@@ -118,10 +118,15 @@ void tst_Document::keepsThePixelsOfThePagesThatWereShownLast()
     document.showPage(3);
     for (int page = 0; page < 4; ++page)
         QCOMPARE(document.page(page).isPainted(), page != 0);
+    QVERIFY(document.page(0).packedBytes() > 0);
     document.showPage(0);
     QCOMPARE(document.page().picture(), first);
     QVERIFY(!document.page(2).isPainted());
     QVERIFY(document.page(1).isPainted());
+    QTRY_VERIFY(document.page(1).packedBytes() > 0); // while nobody waits
+    QVERIFY(document.page(1).isPainted());
+    draw(document, "line", {10, 90}, {80, 10});
+    QCOMPARE(document.page().packedBytes(), std::size_t(0));
 }
 
 void tst_Document::undoesOnAnotherPage()

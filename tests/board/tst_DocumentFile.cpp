@@ -175,8 +175,8 @@ void tst_DocumentFile::openingTellsHowFarItIs()
     QCOMPARE(opened.open(path("far.inkboard"), [&told](double share) { told.push_back(share); }), QString());
     QCOMPARE(told.size(), std::size_t(4));
     QVERIFY(std::is_sorted(told.begin(), told.end()));
-    QCOMPARE(told[1], 0.3);
-    QCOMPARE(told[2], 0.65);
+    QCOMPARE(told[1], 0.15);
+    QCOMPARE(told[2], 0.575);
     QCOMPARE(told[3], 1.0);
 }
 

@@ -14,6 +14,7 @@ class tst_DocumentSharing : public QObject
 
 private slots:
     void sharesInTheMidstOfALesson();
+    void knowsInWhichOrderTheyCame();
     void undoesOwnStepsOnly();
     void showsWhatGrowsElsewhere();
     void drawsWhileThereIsNoDoor();
@@ -64,6 +65,21 @@ void tst_DocumentSharing::sharesInTheMidstOfALesson()
     QTRY_COMPARE_WITH_TIMEOUT(teacher.sharing.words(), QString("Shared with 1"), kPatience);
     QTRY_COMPARE_WITH_TIMEOUT(pupil.sharing.words(), QString("Shared with 1"), kPatience);
     QCOMPARE(teacher.sharing.others()->all().begin()->second.presence.name, QString("Pupil"));
+}
+
+// The same at every board, whatever numbers their authors have drawn.
+void tst_DocumentSharing::knowsInWhichOrderTheyCame()
+{
+    SharingProbe teacher("Teacher"), first("First"), second("Second");
+    QCOMPARE(teacher.sharing.placeOf(1), 0);
+    teacher.share();
+    first.join(teacher);
+    second.join(teacher);
+    const int authors[] = {1, first.document.author().number(), second.document.author().number()};
+    for (const SharingProbe *board : {&teacher, &first, &second}) {
+        for (int i = 0; i < 3; ++i)
+            QTRY_COMPARE_WITH_TIMEOUT(board->sharing.placeOf(authors[i]), i + 1, kPatience);
+    }
 }
 
 void tst_DocumentSharing::undoesOwnStepsOnly()
@@ -202,9 +218,12 @@ void tst_DocumentSharing::endsInAnOrdinaryLesson()
     QCOMPARE(journal.count('\n'), 5);
     QCOMPARE(QDir(journals.path()).entryList({"*.inkboard"}).size(), 1);
 
-    // And is shared once more, with what the others have drawn.
+    // And is shared once more, with what the others have drawn, at the same place as soon as that is free.
     SharingProbe another("Another");
+    const int port = teacher.sharing.port();
+    teacher.sharing.setPort(port);
     teacher.share();
+    QCOMPARE(teacher.sharing.port(), port);
     another.join(teacher);
     QTRY_COMPARE_WITH_TIMEOUT(another.objects(), 4U, kPatience);
     QCOMPARE(another.seen(), teacher.seen());

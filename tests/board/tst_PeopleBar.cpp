@@ -42,7 +42,7 @@ private slots:
     void showsTheColorOfEach();
     void namesAllForTheEar();
     void listsAll();
-    void listsWhoHasNoPage();
+    void listsWhoHasNoNameOrPage();
     void goesOnListingWhileTheyComeAndGo();
     void opensByKeys();
     void switchesPointers();
@@ -131,6 +131,7 @@ void tst_PeopleBar::showsTheColorOfEach()
 
 void tst_PeopleBar::namesAllForTheEar()
 {
+    QCOMPARE(button().accessibleName(), QStringLiteral("In this lesson: 0"));
     m_bar->setPeople(people(3));
     QCOMPARE(button().accessibleName(), QStringLiteral("In this lesson: 3"));
     QCOMPARE(button().accessibleDescription(),
@@ -148,10 +149,12 @@ void tst_PeopleBar::listsAll()
     QVERIFY(list().height() < 400); // and scrolls
 }
 
-void tst_PeopleBar::listsWhoHasNoPage()
+void tst_PeopleBar::listsWhoHasNoNameOrPage()
 {
     m_bar->setPeople({{1, {}, QColor(kTeacher), 0, false}});
     QCOMPARE(row(0), QString::fromUtf16(u"\u2068Somebody\u2069"));
+    m_bar->setPeople({{1, QString(QChar(0x200B)), QColor(kTeacher), 2, true}});
+    QCOMPARE(row(0), QStringLiteral("Me, page 2"));
 }
 
 void tst_PeopleBar::goesOnListingWhileTheyComeAndGo()

@@ -52,6 +52,7 @@ void tst_PersonName::shows()
     QFETCH(QString, name);
     QFETCH(QString, shown);
     QCOMPARE(shownName(name), shown);
+    QCOMPARE(hasName(name), shown != QLatin1String("Somebody"));
 }
 
 void tst_PersonName::isBounded_data()

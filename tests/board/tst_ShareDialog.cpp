@@ -38,6 +38,7 @@ private slots:
     void staysAtTheAddressThatWasChosen();
     void showsALessonThatCannotBeSpoken();
     void endsWhenTold();
+    void leavesAnothersLesson();
     void isNotEndedByAnEarlyKey();
     void growsWithItsWindow();
 
@@ -102,6 +103,7 @@ void tst_ShareDialog::copiesTheLink()
     part<QPushButton>("copy").click();
     QCOMPARE(QGuiApplication::clipboard()->text(), QStringLiteral("http://192.168.1.5:4640/#AQIDBAUGBwgJCgsMDQ4PEA"));
     QCOMPARE(part<QPushButton>("copy").text(), QStringLiteral("Copied"));
+    QTRY_COMPARE_WITH_TIMEOUT(part<QPushButton>("copy").text(), QStringLiteral("Copy"), kPatience);
 }
 
 void tst_ShareDialog::offersEachAddress()
@@ -155,6 +157,16 @@ void tst_ShareDialog::endsWhenTold()
     QCOMPARE(part<QPushButton>("end").text(), QStringLiteral("Stop sharing"));
     part<QPushButton>("end").click();
     QCOMPARE(ended.count(), 1);
+}
+
+void tst_ShareDialog::leavesAnothersLesson()
+{
+    m_dialog->setOwn(false);
+    m_dialog->setLinks({kFirst});
+    QCOMPARE(part<QPushButton>("end").text(), QStringLiteral("Leave the lesson"));
+    m_dialog->setOwn(true);
+    m_dialog->setLinks({kFirst});
+    QCOMPARE(part<QPushButton>("end").text(), QStringLiteral("Stop sharing"));
 }
 
 void tst_ShareDialog::isNotEndedByAnEarlyKey()

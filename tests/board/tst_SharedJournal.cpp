@@ -12,6 +12,7 @@ private slots:
     void comesBackToTheLesson_data();
     void comesBackToTheLesson();
     void opensAsAnOrdinaryLesson();
+    void waitsForADoorThatIsGone();
 };
 
 namespace {
@@ -104,6 +105,28 @@ void tst_SharedJournal::opensAsAnOrdinaryLesson()
     QVERIFY(!back.document.isSaved());
     QCOMPARE(back.document.keepJournal(folder.path()), QString());
     QVERIFY(contents(back.document.journalName()).startsWith("{\"inkboard\":2,"));
+}
+
+// For as long as the person likes.
+void tst_SharedJournal::waitsForADoorThatIsGone()
+{
+    SharingProbe back("Back");
+    auto other = std::make_unique<SharingProbe>("Other");
+    other->share();
+    Writer writer(other->sharing.link().text(), back.folder.path());
+    writer.kill(5);
+    other.reset();
+    const QString journal = InkLesson::Journal::abandoned(back.folder.path())[0];
+    back.document.recover(journal);
+    back.sharing.resume(InkLesson::Journal::sharingOf(journal));
+    QVERIFY(back.document.isShared());
+    QTRY_VERIFY_WITH_TIMEOUT(back.sharing.words().startsWith("Reconnecting since 1 s"), kPatience);
+    const int steps = back.document.stepsToUndo();
+    draw(back.document, "line", {10, 280}, {390, 280});
+    back.sharing.end();
+    QVERIFY(back.sharing.isIdle());
+    QVERIFY(!back.document.isShared());
+    QCOMPARE(back.document.stepsToUndo(), steps + 1);
 }
 
 QTEST_MAIN(tst_SharedJournal)

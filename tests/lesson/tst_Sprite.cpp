@@ -1,3 +1,4 @@
+#include "lesson/pages/Difference.h"
 #include "lesson/pages/Sprite.h"
 
 #include "Exact.h"
@@ -139,6 +140,32 @@ TEST(Sprite, onlyTheAreaIsPainted)
     EXPECT_EQ(pixelAt(layers.page, 30, 3), kWhite);
 }
 
+// On the page alone, and where it has another paper.
+TEST(Sprite, onlyWhatDiffersIsPainted)
+{
+    QImage picture = pictureOf(std::vector<QRgb>(30, kRed), {20, 2});
+    for (int x = 40; x < 47; ++x)
+        pixelAt(picture, x, 5) = 0x80800000;
+    const auto sprite = Sprite::of(picture, {0, 0, 64, 8}, Qt::red);
+    ASSERT_TRUE(sprite);
+    Layers before, after;
+    for (const int x : {3, 20, 25, 26, 41, 44, 46, 49, 50, 63}) {
+        pixelAt(after.page, x, 2) = 0xFF000000;
+        pixelAt(after.page, x, 5) = 0xFF000000;
+    }
+    sprite->paint(after.page, *Difference::of(before.page, after.page));
+    for (const int x : {20, 25, 26, 41, 49})
+        EXPECT_EQ(pixelAt(after.page, x, 2), kRed) << x;
+    for (const int x : {21, 24, 27, 40, 48})
+        EXPECT_EQ(pixelAt(after.page, x, 2), kWhite) << x;
+    for (const int x : {3, 50, 63})
+        EXPECT_EQ(pixelAt(after.page, x, 2), 0xFF000000) << x;
+    for (const int x : {41, 44, 46})
+        EXPECT_EQ(pixelAt(after.page, x, 5), 0xFF800000) << x;
+    EXPECT_EQ(pixelAt(after.page, 42, 5), kWhite);
+    EXPECT_EQ(pixelAt(after.page, 30, 3), kWhite);
+}
+
 TEST(Sprite, tellsWhereItPaints)
 {
     const auto sprite = Sprite::of(pictureOf({kRed, 0, 0, kRed}, {10, 3}), {0, 0, 64, 8}, Qt::red);
@@ -162,6 +189,20 @@ TEST(Sprite, itIsOfAnArea)
     nothing->paint(layers.page, layers.ink, layers.page.rect());
     EXPECT_FALSE(nothing->paintsIn(layers.page.rect()));
     EXPECT_TRUE(Sprite::of(QImage(), {0, 0, 64, 3}, Qt::red)->rect().isEmpty());
+}
+
+// Rows below the first go farther to the left and to the right, and one in between is empty.
+TEST(Sprite, itIsTheLeastThatHoldsAll)
+{
+    QImage picture = pictureOf({kRed, kRed}, {30, 2});
+    pixelAt(picture, 10, 4) = kRed;
+    pixelAt(picture, 50, 6) = 0x01010000;
+    const auto sprite = Sprite::of(picture, {0, 0, 64, 8}, Qt::red);
+    ASSERT_TRUE(sprite);
+    EXPECT_EQ(sprite->rect(), QRect(10, 2, 41, 5));
+    Layers layers;
+    sprite->paint(layers.page, layers.ink, layers.page.rect());
+    EXPECT_TRUE(samePixels(layers.ink, picture));
 }
 
 // A run of 64 pixels of no one colour takes 257 bytes, so 1020 of them are 262 140 and the next one is too much.

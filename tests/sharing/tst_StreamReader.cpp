@@ -73,6 +73,23 @@ TEST_F(StreamRules, rule2AMemberHasAnAuthorAndATokenOfTheirOwn)
     EXPECT_FALSE(reader.isClaimed(9));
 }
 
+TEST_F(StreamRules, membersHavePlacesInTheOrderOfTheirComing)
+{
+    EXPECT_EQ(reader.placeOf(1), 0);
+    counts(lesson('a'));
+    counts(member(8, 'b'));
+    counts(member(8, 'c'));
+    counts(member(7, 'd'));
+    EXPECT_EQ(reader.placeOf(1), 1);
+    EXPECT_EQ(reader.placeOf(5), 1) << "the same person";
+    EXPECT_EQ(reader.placeOf(8), 2);
+    EXPECT_EQ(reader.placeOf(7), 3);
+    EXPECT_EQ(reader.placeOf(9), 0);
+    reader.takeBackTo(2);
+    EXPECT_EQ(reader.placeOf(8), 2);
+    EXPECT_EQ(reader.placeOf(7), 0);
+}
+
 TEST_F(StreamRules, rule3PiecesCountInTheirOrderAndOnce)
 {
     const QByteArray content(2 * kPieceBytes + 1, 'x');

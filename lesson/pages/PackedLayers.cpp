@@ -1,0 +1,121 @@
+#include "lesson/pages/PackedLayers.h"
+
+#include "lesson/pages/PageLayers.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace InkLesson {
+
+namespace {
+
+// A run begins with a word: its kind in the two lowest bits, its length above. One of a colour has that in the next
+// word, and one that is kept a word for each pixel.
+enum class Kind : quint32 { Background, Ink, Color, Kept };
+constexpr int kKindBits = 2;
+constexpr std::size_t kMostLength = std::size_t(1) << 29;
+constexpr std::size_t kWorthARun = 3; // pixels
+
+struct Pixels
+{
+    const QRgb *first;
+    const QRgb *background;
+    const QRgb *ink; // below those that are packed
+};
+
+const QRgb *pixelsOf(const QImage &image)
+{
+    return reinterpret_cast<const QRgb *>(image.constBits());
+}
+
+std::size_t alike(const QRgb *pixels, const QRgb *others, std::size_t most)
+{
+    return std::size_t(std::mismatch(pixels, pixels + most, others).first - pixels);
+}
+
+// The longest run that begins at a pixel and that something else tells.
+std::pair<Kind, std::size_t> runAt(const Pixels &pixels, std::size_t at, std::size_t most)
+{
+    const QRgb *pixel = pixels.first + at, color = *pixel;
+    const auto end = std::find_if(pixel, pixel + most, [color](QRgb other) { return other != color; });
+    std::pair<Kind, std::size_t> best{Kind::Color, std::size_t(end - pixel)};
+    for (const auto &[kind, others] :
+         {std::pair(Kind::Background, pixels.background), std::pair(Kind::Ink, pixels.ink)}) {
+        const std::size_t length = others ? alike(pixel, others + at, most) : 0;
+        if (length >= best.second)
+            best = {kind, length};
+    }
+    return best;
+}
+
+std::vector<quint32> packed(const Pixels &pixels, std::size_t count)
+{
+    std::vector<quint32> words;
+    std::size_t head = 0; // of the run that is kept, where there is one
+    std::size_t kept = 0;
+    for (std::size_t at = 0; at < count;) {
+        const auto [kind, length] = runAt(pixels, at, std::min(count - at, kMostLength));
+        if (length >= kWorthARun) {
+            words.push_back(quint32(length << kKindBits) | quint32(kind));
+            if (kind == Kind::Color)
+                words.push_back(pixels.first[at]);
+            kept = 0;
+            at += length;
+            continue;
+        }
+        if (kept == 0 || kept == kMostLength) {
+            head = words.size();
+            kept = 0;
+            words.push_back(0);
+        }
+        words.push_back(pixels.first[at++]);
+        words[head] = quint32(++kept << kKindBits) | quint32(Kind::Kept);
+    }
+    words.shrink_to_fit();
+    return words;
+}
+
+void unpack(const std::vector<quint32> &words, QRgb *pixel, const QRgb *background, const QRgb *ink)
+{
+    const QRgb *const first = pixel;
+    for (auto word = words.begin(); word != words.end();) {
+        const std::size_t length = *word >> kKindBits;
+        const auto kind = Kind(*word++ & ((1U << kKindBits) - 1));
+        const std::ptrdiff_t at = pixel - first;
+        if (kind == Kind::Background)
+            std::copy_n(background + at, length, pixel);
+        else if (kind == Kind::Ink)
+            std::copy_n(ink + at, length, pixel);
+        else if (kind == Kind::Color)
+            std::fill_n(pixel, length, *word++);
+        else
+            std::copy_n(std::exchange(word, word + std::ptrdiff_t(length)), length, pixel);
+        pixel += length;
+    }
+}
+
+} // namespace
+
+PackedLayers::PackedLayers(const PageLayers &layers)
+    : m_size(layers.rect().size())
+{
+    const std::size_t count = std::size_t(m_size.width()) * std::size_t(m_size.height());
+    const QRgb *ink = pixelsOf(layers.ink());
+    m_ink = packed({ink, nullptr, nullptr}, count);
+    m_page = packed({pixelsOf(layers.page()), pixelsOf(layers.background()), ink}, count);
+}
+
+std::unique_ptr<PageLayers> PackedLayers::unpacked(QImage background) const
+{
+    auto layers = std::make_unique<PageLayers>(m_size, PageLayers::Pixels::Any);
+    layers->setBackground(std::move(background));
+    if (layers->isNull())
+        return nullptr;
+    const QRgb *below = pixelsOf(layers->m_background);
+    auto *ink = reinterpret_cast<QRgb *>(layers->m_ink.bits());
+    unpack(m_ink, ink, nullptr, nullptr);
+    unpack(m_page, reinterpret_cast<QRgb *>(layers->m_page.bits()), below, ink);
+    return layers;
+}
+
+} // namespace InkLesson
