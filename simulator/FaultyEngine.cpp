@@ -26,7 +26,7 @@ public:
         tryToOpen(engine, lesson, how);
     }
 
-    void append(const QByteArray &bytes, const QByteArray &id, std::function<void(Appended)> done) override
+    void append(const QByteArray &bytes, std::function<void(Appended)> done) override
     {
         auto isDone = std::make_shared<bool>(false);
         const auto tell = [isDone, done = std::move(done)](Appended how) {
@@ -36,7 +36,7 @@ public:
         later(m_server.world, kNoAnswer, [tell] { tell(Appended::Unknown); });
         if (happens(60, Sight::AppendLost))
             return;
-        m_there.send(delay(), guarded([this, bytes, id, tell] { store(bytes, id, tell); }));
+        m_there.send(delay(), guarded([this, bytes, tell] { store(bytes, tell); }));
     }
 
     void publish(const QByteArray &bytes) override
@@ -78,21 +78,21 @@ private:
     }
 
     // Whatever was stored outlives the door that has sent it.
-    void store(const QByteArray &bytes, const QByteArray &id, const std::function<void(Appended)> &tell)
+    void store(const QByteArray &bytes, const std::function<void(Appended)> &tell)
     {
         if (!m_server.isUp || !m_stream)
             return;
-        m_stream->append(bytes, id, [this, tell](Appended how) {
+        m_stream->append(bytes, [this, tell](Appended how) {
             if (!happens(60, Sight::AnswerLost))
                 pass([tell, how] { tell(how); });
         });
         m_server.note();
         if (happens(40, Sight::StoredTwice)) {
             const qint64 late = m_server.world.random.below(12000);
-            later(m_server.world, late, [this, bytes, id] {
+            later(m_server.world, late, [this, bytes] {
                 if (!m_server.isUp || !m_stream)
                     return;
-                m_stream->append(bytes, id, [](Appended) {});
+                m_stream->append(bytes, [](Appended) {});
                 m_server.note();
             });
         }

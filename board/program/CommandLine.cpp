@@ -64,9 +64,14 @@ private:
                                        tr("Seconds, 120 without it, after which it ends with 1."), QStringLiteral("N")};
     const QCommandLineOption m_latency{
         QStringLiteral("record-latency"),
-        tr("Write a line into FILE for each object of others: its author, its number, and the milliseconds from its "
-           "last point to its pixels here."),
+        tr("Write a line into FILE for each object of others: its author, its number, and the milliseconds from the "
+           "point in its middle to the pixels of that here."),
         QStringLiteral("FILE")};
+    const QCommandLineOption m_journal{
+        QStringLiteral("journal"),
+        tr("Keep the lesson in FOLDER until it was held to its end. A board that was killed and is started again comes "
+           "back to it, and draws what is left."),
+        QStringLiteral("FOLDER")};
     const QCommandLineOption m_export{QStringLiteral("export"),
                                       tr("Write the page to the PNG file OUT when the window is closed."),
                                       QStringLiteral("OUT")};
@@ -92,7 +97,7 @@ Reader::Reader()
     m_parser.setApplicationDescription(
         tr("A whiteboard for the classroom. It ends with 0, or with 2 after one line that says what is wrong."));
     m_parser.addOptions({m_play, m_png, m_export, m_tool, m_size, m_share, m_join, m_door, m_port, m_linkFile, m_name,
-                         m_pace, m_until, m_timeout, m_latency, m_help, m_version});
+                         m_pace, m_until, m_timeout, m_latency, m_journal, m_help, m_version});
     m_parser.addPositionalArgument(
         QStringLiteral("FILE"),
         tr("A lesson (.inkboard), or the link to one that somebody shares; with --play it may be drawings of recorded "
@@ -208,6 +213,7 @@ QString Reader::readSharing(CommandLine &line) const
     order.tool = line.tool;
     order.png = m_parser.value(m_png);
     order.latencyFile = m_parser.value(m_latency);
+    order.journals = m_parser.value(m_journal);
     if (!line.tool->kind)
         return tr("--tool %1: nothing to draw with").arg(m_parser.value(m_tool));
     for (const auto &[option, most, number] :

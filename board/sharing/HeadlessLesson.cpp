@@ -1,9 +1,11 @@
 #include "board/sharing/HeadlessLesson.h"
 
-#include "board/playing/Player.h"
 #include "board/sharing/DoorProcess.h"
+#include "board/sharing/KeptLesson.h"
+#include "board/sharing/Latencies.h"
 #include "board/sharing/LessonLink.h"
 #include "board/sharing/SharedLesson.h"
+#include "board/sharing/StrokePlayer.h"
 
 #include "lesson/log/RecordReader.h"
 #include "lesson/output/PngFile.h"
@@ -16,7 +18,9 @@
 #include <QtCore/QSaveFile>
 #include <QtCore/QTemporaryDir>
 #include <QtCore/QTextStream>
+#include <QtCore/QTimer>
 
+#include <algorithm>
 #include <optional>
 
 namespace Board {
@@ -24,58 +28,7 @@ namespace Board {
 namespace {
 
 constexpr QSize kPage{1280, 800};
-
-// Draws strokes at the pace of a hand.
-class Player
-{
-public:
-    Player(std::vector<InkLesson::Stroke> strokes, const InkLesson::Tool &tool, int pace)
-        : m_strokes(std::move(strokes))
-        , m_tool(tool)
-        , m_pace(pace)
-    {
-        m_clock.start();
-    }
-
-    bool hasEnded() const { return m_stroke == m_strokes.size(); }
-
-    // All that is due by now.
-    void play(InkLesson::Author &author)
-    {
-        for (qint64 due = m_clock.elapsed() * m_pace / 1000; !hasEnded() && (m_pace == 0 || m_played < due);)
-            m_pace == 0 ? playOne(author) : playPoint(author);
-    }
-
-private:
-    void playOne(InkLesson::Author &author) { playStroke(m_strokes[m_stroke++], m_tool, author); }
-
-    void playPoint(InkLesson::Author &author)
-    {
-        const InkLesson::Stroke &stroke = m_strokes[m_stroke];
-        if (m_acts.empty()) {
-            m_acts = pointerActs(stroke, m_tool);
-            author.begin({QLatin1String(m_tool.name), {stroke.color, stroke.width}, author.canvas()});
-        }
-        const InkLesson::PointerAct &act = m_acts[m_act++];
-        author.feed(act.code, act.pt);
-        ++m_played;
-        if (m_act < m_acts.size())
-            return;
-        author.finish();
-        m_acts.clear();
-        m_act = 0;
-        ++m_stroke;
-    }
-
-    const std::vector<InkLesson::Stroke> m_strokes;
-    const InkLesson::Tool &m_tool;
-    const int m_pace; // points a second
-    QElapsedTimer m_clock;
-    qint64 m_played{};
-    std::size_t m_stroke{};
-    std::vector<InkLesson::PointerAct> m_acts; // of that stroke; empty before it has begun
-    std::size_t m_act{};
-};
+constexpr int kBeginner = 1;
 
 class Headless
 {
@@ -94,8 +47,14 @@ private:
     QString openLatencyFile();
     void startDoor();
     void hold(const LessonLink &link);
-    void follow(const InkLesson::StepId &record);
+    void recordLatency();
+    void draw();
+    std::ptrdiff_t drawnBefore() const;
+    std::unique_ptr<InkLesson::Lesson> leftLesson();
     void step();
+    QString keep();
+    QString begin();
+    void finish();
     void end(const QString &problem);
     int objects() const;
     bool isDone() const;
@@ -108,12 +67,16 @@ private:
     QTemporaryDir m_folder;
     std::unique_ptr<DoorProcess> m_door;
     std::unique_ptr<SharedLesson> m_lesson;
-    std::unique_ptr<Player> m_player;
+    std::unique_ptr<KeptLesson> m_kept;     // once there is a lesson; null where no journal is wanted
+    std::unique_ptr<StrokePlayer> m_player; // once the lesson is open
     std::vector<InkLesson::Stroke> m_strokes;
     std::optional<LessonLink> m_link;
+    InkLesson::Sharing m_sharing{};
+    QString m_before;
     QSize m_size{kPage};
-    QFile m_latencies;
-    bool m_isTold{}; // the link
+    QTimer m_points; // is due when the next one is
+    QFile m_latencyFile;
+    Latencies m_latencies;
 };
 
 QString Headless::hold()
@@ -137,6 +100,7 @@ QString Headless::hold()
     }
     if (!m_result)
         m_loop.exec();
+    m_kept.reset();
     m_lesson.reset();
     m_door.reset(); // hands everybody what it has
     return *m_result;
@@ -157,10 +121,10 @@ QString Headless::readStrokes()
 
 QString Headless::openLatencyFile()
 {
-    m_latencies.setFileName(m_order.latencyFile);
-    if (m_order.latencyFile.isEmpty() || m_latencies.open(QIODevice::WriteOnly))
+    m_latencyFile.setFileName(m_order.latencyFile);
+    if (m_order.latencyFile.isEmpty() || m_latencyFile.open(QIODevice::WriteOnly | QIODevice::Unbuffered))
         return {};
-    return tr("%1: cannot be written: %2").arg(m_order.latencyFile, m_latencies.errorString());
+    return tr("%1: cannot be written: %2").arg(m_order.latencyFile, m_latencyFile.errorString());
 }
 
 void Headless::startDoor()
@@ -178,45 +142,116 @@ void Headless::startDoor()
 void Headless::hold(const LessonLink &link)
 {
     m_link = link;
-    auto begun = m_order.isJoining ? nullptr : std::make_unique<InkLesson::Lesson>(InkLesson::Header{m_size, 1});
-    m_lesson = std::make_unique<SharedLesson>(link, m_order.name, std::move(begun));
+    m_sharing = freshSharing(link, m_order.isJoining ? std::vector<int>() : std::vector<int>{kBeginner});
+    auto lesson = m_order.isJoining ? nullptr : std::make_unique<InkLesson::Lesson>(InkLesson::Header{m_size, 1});
+    auto from = InkSharing::Client::From::Here;
+    if (auto left = leftLesson()) {
+        lesson = std::move(left);
+        from = InkSharing::Client::From::Journal;
+    }
+    m_lesson = std::make_unique<SharedLesson>(*m_link, m_sharing, m_order.name, std::move(lesson), from);
     QObject::connect(m_lesson.get(), &SharedLesson::advanced, &m_loop, [this] { step(); });
-    QObject::connect(m_lesson.get(), &SharedLesson::settled, &m_loop,
-                     [this](const InkLesson::StepId &record) { follow(record); });
+    if (!m_latencyFile.isOpen())
+        return;
+    QObject::connect(m_lesson.get(), &SharedLesson::shown, &m_loop, [this](int author, const QByteArray &payload) {
+        m_latencies.shown(author, payload, QDateTime::currentMSecsSinceEpoch());
+    });
+    QObject::connect(m_lesson.get(), &SharedLesson::settled, &m_loop, [this] { recordLatency(); });
 }
 
-// How long it took from the last point of another's object to its pixels here.
-void Headless::follow(const InkLesson::StepId &record)
+// What a board that was killed has left, under its name and with its token. A door of our own may be at another address
+// now.
+std::unique_ptr<InkLesson::Lesson> Headless::leftLesson()
 {
-    if (!m_latencies.isOpen())
-        return;
-    InkLesson::Record read;
+    if (m_order.journals.isEmpty())
+        return nullptr;
+    auto left = KeptLesson::leftIn(m_order.journals, m_order.isJoining ? m_link->text() : QString());
+    if (!left.lesson)
+        return nullptr;
+    if (const auto link = LessonLink::fromText(left.sharing.address))
+        m_link->lesson = link->lesson;
+    m_sharing = left.sharing;
+    m_sharing.address = m_link->text();
+    m_before = left.journal;
+    return std::move(left.lesson);
+}
+
+// Of the record that was settled last.
+void Headless::recordLatency()
+{
+    InkLesson::Record record;
     const InkLesson::Lesson &lesson = *m_lesson->lesson();
-    if (!InkLesson::RecordReader().readCbor(lesson.log()[lesson.settled() - 1], read) ||
-        !std::holds_alternative<InkLesson::Draw>(read.deed))
+    if (!InkLesson::RecordReader().readCbor(lesson.log()[lesson.settled() - 1], record) ||
+        !std::holds_alternative<InkLesson::Draw>(record.deed))
         return;
-    QTextStream(&m_latencies) << record.author << ' ' << record.number << ' '
-                              << QDateTime::currentMSecsSinceEpoch() - read.time << '\n';
+    QTextStream(&m_latencyFile) << record.id.author << ' ' << record.id.number << ' '
+                                << m_latencies.settled(record, QDateTime::currentMSecsSinceEpoch()) << '\n';
 }
 
 void Headless::step()
 {
     if (m_lesson->isGone())
         return end(tr("the door does not let this board in (%1)").arg(int(m_lesson->client().reason())));
-    if (!m_lesson->author() || (!m_isTold && !m_lesson->isOpen()))
+    if (!m_lesson->author())
         return;
-    if (!m_isTold) {
-        m_isTold = true;
-        if (const QString problem = writeLink(); !problem.isEmpty())
-            return end(problem);
+    QString problem = m_kept ? QString() : keep();
+    if (problem.isEmpty() && !m_player && m_lesson->isOpen())
+        problem = begin();
+    if (!problem.isEmpty())
+        end(problem);
+    else if (m_player && isDone())
+        finish();
+}
+
+QString Headless::keep()
+{
+    if (m_order.journals.isEmpty())
+        return {};
+    m_kept = std::make_unique<KeptLesson>(m_order.journals);
+    return m_kept->keep(*m_lesson, m_sharing, m_before);
+}
+
+// Others can join from now on.
+QString Headless::begin()
+{
+    const QString problem = writeLink();
+    if (!m_order.png.isEmpty() || m_latencyFile.isOpen())
         m_lesson->lesson()->page(InkLesson::kFirstPage).surface(); // somebody looks
-        m_player = std::make_unique<Player>(std::move(m_strokes), *m_order.tool->kind, m_order.pace);
-    }
-    m_player->play(*m_lesson->author());
-    if (isDone())
-        end(m_order.png.isEmpty()
-                ? QString()
-                : InkLesson::savePng(m_lesson->lesson()->page(InkLesson::kFirstPage).picture(), m_order.png));
+    draw();
+    return problem;
+}
+
+void Headless::finish()
+{
+    InkLesson::Page &page = m_lesson->lesson()->page(InkLesson::kFirstPage);
+    const QString problem = m_order.png.isEmpty() ? QString() : InkLesson::savePng(page.picture(), m_order.png);
+    if (m_kept && problem.isEmpty())
+        m_kept->discard();
+    end(problem);
+}
+
+// Of the strokes, those that the journal has.
+std::ptrdiff_t Headless::drawnBefore() const
+{
+    const InkLesson::Lesson &lesson = *m_lesson->lesson();
+    InkLesson::RecordReader reader;
+    return std::count_if(lesson.log().begin(), lesson.log().end(), [&](const QByteArray &code) {
+        InkLesson::Record record;
+        return reader.readCbor(code, record) && record.id.author == m_lesson->author()->number() &&
+               std::holds_alternative<InkLesson::Draw>(record.deed);
+    });
+}
+
+// Each point when it is due, as a hand does, and not when the connection is looked after.
+void Headless::draw()
+{
+    m_strokes.erase(m_strokes.begin(), m_strokes.begin() + std::min(std::ptrdiff_t(m_strokes.size()), drawnBefore()));
+    m_player = std::make_unique<StrokePlayer>(std::move(m_strokes), *m_order.tool->kind, m_order.pace);
+    const auto play = [this] { m_player->play(*m_lesson->author()); };
+    QObject::connect(&m_points, &QTimer::timeout, &m_loop, play);
+    play();
+    m_points.setTimerType(Qt::PreciseTimer);
+    m_points.start(1000 / std::clamp(m_order.pace, 1, 1000));
 }
 
 // On the first page, by whomever.

@@ -22,6 +22,7 @@ struct SharingOrder
     QString png;         // of the first page, once they are there; may be empty
     int timeout{120};    // seconds
     QString latencyFile; // a line for each object of others; may be empty
+    QString journals;    // a folder where the lesson is kept until it was held to its end; may be empty
 };
 
 // Holds the lesson until the objects are there, nothing of this board is pending and the page is written. Returns what

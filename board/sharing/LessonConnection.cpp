@@ -15,7 +15,7 @@ using InkLesson::Sharing;
 
 namespace {
 
-constexpr int kTick = 20; // milliseconds
+constexpr int kTick = 11; // milliseconds: three of them for a frame
 
 QByteArray freshToken()
 {
@@ -155,6 +155,7 @@ void LessonConnection::heard(int author, const QByteArray &payload)
 {
     if (m_others && m_others->heard(author, payload, m_clock.elapsed()))
         m_sender->asked();
+    emit shown(author, payload);
 }
 
 } // namespace Board

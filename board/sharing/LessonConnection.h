@@ -54,9 +54,10 @@ public:
     bool isGone() const { return m_client.state() == InkSharing::Client::State::Gone; }
 
 signals:
-    void advanced();                     // time has gone on, and perhaps the lesson with it
-    void othersChanged();                // who is there, and where
-    void stepLost(const QString &words); // a step of this board does not count
+    void advanced();                                   // time has gone on, and perhaps the lesson with it
+    void othersChanged();                              // who is there, and where
+    void shown(int author, const QByteArray &payload); // what another does just now
+    void stepLost(const QString &words);               // a step of this board does not count
 
 private:
     void connectToDoor() override;

@@ -10,25 +10,20 @@ namespace Board {
 using namespace InkSharing;
 using InkLesson::Lesson;
 
-namespace {
-
-constexpr int kBeginner = 1;
-
-} // namespace
-
-SharedLesson::SharedLesson(const LessonLink &link, const QString &name, std::unique_ptr<Lesson> begun)
-    : m_lesson(std::move(begun))
+SharedLesson::SharedLesson(const LessonLink &link, const InkLesson::Sharing &sharing, const QString &name,
+                           std::unique_ptr<Lesson> lesson, Client::From from)
+    : m_lesson(std::move(lesson))
     , m_connection(std::make_unique<LessonConnection>(
-          link, freshSharing(link, m_lesson ? std::vector<int>{kBeginner} : std::vector<int>()),
-          [this](const InkLesson::Header &header) -> Lesson & { return begin(header); }))
+          link, sharing, [this](const InkLesson::Header &header) -> Lesson & { return begin(header); }))
 {
     Presence presence;
     presence.name = name.left(kMostName);
     m_connection->setPresence(presence);
     connect(m_connection.get(), &LessonConnection::advanced, this, &SharedLesson::advanced);
+    connect(m_connection.get(), &LessonConnection::shown, this, &SharedLesson::shown);
     if (!m_lesson)
         return;
-    m_connection->take(*m_lesson, Client::From::Here);
+    m_connection->take(*m_lesson, from);
     take();
 }
 
@@ -50,6 +45,7 @@ void SharedLesson::take()
 void SharedLesson::noted(const Lesson::LogChange &change)
 {
     using Kind = Lesson::LogChange::Kind;
+    emit changed(change);
     if (change.kind == Kind::CameBefore)
         emit settled(m_lesson->ids()[m_lesson->settled() - 1]);
 }

@@ -232,8 +232,8 @@
         <translation>Sekunden, ohne Angabe 120, nach denen das Programm mit 1 endet.</translation>
     </message>
     <message>
-        <source>Write a line into FILE for each object of others: its author, its number, and the milliseconds from its last point to its pixels here.</source>
-        <translation>Für jedes Objekt der anderen eine Zeile in die Datei FILE schreiben: seinen Autor, seine Nummer und die Millisekunden von seinem letzten Punkt bis zu seinen Pixeln hier.</translation>
+        <source>Write a line into FILE for each object of others: its author, its number, and the milliseconds from the point in its middle to the pixels of that here.</source>
+        <translation>Für jedes Objekt der anderen eine Zeile in die Datei FILE schreiben: seinen Autor, seine Nummer und die Millisekunden vom Punkt in seiner Mitte bis zu dessen Pixeln hier.</translation>
     </message>
     <message>
         <source>--%1 %2: not a number up to %3</source>
@@ -250,6 +250,10 @@
     <message>
         <source>--tool %1: nothing to draw with</source>
         <translation>--tool %1: damit lässt sich nichts zeichnen</translation>
+    </message>
+    <message>
+        <source>Keep the lesson in FOLDER until it was held to its end. A board that was killed and is started again comes back to it, and draws what is left.</source>
+        <translation>Die Stunde im Ordner FOLDER aufbewahren, bis sie zu Ende gehalten ist. Eine Tafel, die beendet wurde und wieder gestartet wird, kehrt zu ihr zurück und zeichnet, was noch fehlt.</translation>
     </message>
     <message>
         <source>A lesson (.inkboard), or the link to one that somebody shares; with --play it may be drawings of recorded strokes (JSON) instead.</source>
@@ -495,6 +499,13 @@
     <message>
         <source>%1 of %2 objects are there, %3 steps are not with the others</source>
         <translation>%1 von %2 Objekten sind da, %3 Schritte sind nicht bei den anderen</translation>
+    </message>
+</context>
+<context>
+    <name>Board::KeptLesson</name>
+    <message>
+        <source>%1: cannot be written: %2</source>
+        <translation>%1: nicht beschreibbar: %2</translation>
     </message>
 </context>
 <context>

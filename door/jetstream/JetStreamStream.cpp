@@ -39,7 +39,7 @@ qint64 JetStreamStream::now() const
 
 // Each append has a name of its own, which the engine stores once, whatever the way there doubles. The one that is
 // given would not do: a record that is sent again, since one before it was lost, has to come into the stream once more.
-void JetStreamStream::append(const QByteArray &bytes, const QByteArray & /*id*/, std::function<void(Appended)> done)
+void JetStreamStream::append(const QByteArray &bytes, std::function<void(Appended)> done)
 {
     NatsMessage message;
     if (bytes.size() <= Engine::kMostEntryBytes) // otherwise it cannot be sent

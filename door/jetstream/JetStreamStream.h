@@ -19,7 +19,7 @@ public:
                     InkSharing::StreamListener &listener);
     ~JetStreamStream() override;
 
-    void append(const QByteArray &bytes, const QByteArray &id, std::function<void(InkSharing::Appended)> done) override;
+    void append(const QByteArray &bytes, std::function<void(InkSharing::Appended)> done) override;
     void publish(const QByteArray &bytes) override;
 
     const QString &lesson() const { return m_lesson; }

@@ -45,9 +45,9 @@ public:
     {
     }
 
-    void append(const QByteArray &bytes, const QByteArray &id, std::function<void(Appended)> done) override
+    void append(const QByteArray &bytes, std::function<void(Appended)> done) override
     {
-        m_stream->append(bytes, id,
+        m_stream->append(bytes,
                          [done = std::move(done), underWay = std::make_shared<UnderWay>(m_counts)](Appended how) {
                              underWay->end(how);
                              done(how);

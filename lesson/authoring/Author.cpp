@@ -96,6 +96,7 @@ void Author::begin(Life life, std::unique_ptr<CInkGraph> object)
     if (!object || !m_problem.isEmpty())
         return;
     m_known = m_actsBefore = 0;
+    m_actTimes.clear();
     ++m_taken;
     Hand hand{m_number, exactLife(std::move(life)), std::move(object)};
     if (hand.object->m_color != hand.life.ink.color)
@@ -143,6 +144,15 @@ void Author::hold(Hand hand, const ObjectId &object)
     hand.life.acts.emplace_back(ReopenAct());
     perform(hand.life.acts.back(), *hand.object);
     show(lessonPage().take(std::move(hand)));
+    m_actTimes.clear();
+    timeActs(m_clock());
+}
+
+// Those of the object in hand that have no time yet.
+void Author::timeActs(qint64 time)
+{
+    if (const Hand *hand = this->hand())
+        m_actTimes.resize(hand->life.acts.size() - m_actsBefore, time);
 }
 
 void Author::feed(int code, const std::vector<QPoint> &pts)
@@ -150,11 +160,13 @@ void Author::feed(int code, const std::vector<QPoint> &pts)
     const Hand *hand = this->hand();
     if (!hand || !hasRoom(pts.size()))
         return;
+    const qint64 now = m_clock();
     show(lessonPage().feed(m_number, code, pts));
     if (hand->object->m_bFinished)
         settle();
     else if (code == PT_UP && !hand->isForming() && canReopen(hand->life))
         keepChange();
+    timeActs(now);
 }
 
 void Author::act(const Act &act)
@@ -164,9 +176,11 @@ void Author::act(const Act &act)
     m_problem = text && text->text.size() > kMostText ? tr("a text has at most %1 letters").arg(kMostText) : QString();
     if (!hand || !m_problem.isEmpty() || !hasRoom(1))
         return;
+    const qint64 now = m_clock();
     show(lessonPage().act(m_number, exactAct(act)));
     if (hand->held != kNothing && !hand->object->m_bFinished)
         keepChange();
+    timeActs(now);
 }
 
 // Of the object in hand, beside those that end and begin its steps.

@@ -64,6 +64,9 @@ public:
     int taken() const { return m_taken; }
     std::size_t actsBefore() const { return m_actsBefore; }
 
+    // When each of those after them was done, by the clock.
+    const std::vector<qint64> &actTimes() const { return m_actTimes; }
+
     // Fills the area of one colour around a point of the page, as it is seen now. False where there is nothing to fill.
     // The fill belongs to the innermost object around it while the author does nothing but move that: it moves along,
     // in the same step.
@@ -113,6 +116,7 @@ private:
     void hold(Hand hand, const ObjectId &object);
     void insert(Life life, int step);
     bool hasRoom(std::size_t acts) const;
+    void timeActs(qint64 time);
 
     Lesson &m_lesson;
     const int m_number;
@@ -130,8 +134,9 @@ private:
         int moved;
     };
     Poured m_poured{};
-    int m_taken{};                      // objects so far
-    std::size_t m_actsBefore{};         // of the object in hand, when it was taken
+    int m_taken{};              // objects so far
+    std::size_t m_actsBefore{}; // of the object in hand, when it was taken
+    std::vector<qint64> m_actTimes{};
     std::size_t m_known{};              // of the acts of the object in hand, those that are in the log
     int m_lifting{};                    // the step that has lifted the object in hand; its first change joins that
     Qt::PenStyle m_dash{Qt::SolidLine}; // of the object in hand, as the log has it

@@ -28,11 +28,6 @@ bool isRecord(const RecordEntry &entry)
            map.value(QLatin1String("number")).toInteger() == entry.id.number;
 }
 
-QByteArray nameOf(const InkLesson::StepId &id)
-{
-    return QByteArray::number(id.author) + '.' + QByteArray::number(id.number);
-}
-
 } // namespace
 
 DoorLesson::DoorLesson(const QString &name, Engine &engine, DoorOutlet &outlet)
@@ -100,7 +95,7 @@ void DoorLesson::join(Guest &guest, const Entry &entry)
         return;
     guest.joining = m_now;
     ++m_appends;
-    m_stream->append(encoded(entry), guest.tokenHash.toHex().left(32), [this](Appended) { --m_appends; });
+    m_stream->append(encoded(entry), [this](Appended) { --m_appends; });
 }
 
 void DoorLesson::welcome(int connection, Guest &guest)
@@ -139,7 +134,7 @@ void DoorLesson::append(int connection, const Append &append)
         }
         RecordEntry entry = *record;
         entry.after = after;
-        if (!put(connection, *guest, encoded(Entry(entry)), nameOf(entry.id)))
+        if (!put(connection, *guest, encoded(Entry(entry))))
             return;
         ++m_outlet.counts().records;
         after = guest->last = record->id;
@@ -160,11 +155,11 @@ void DoorLesson::piece(int connection, const SendPiece &piece)
         return;
     PieceEntry entry = piece.piece;
     entry.author = guest->authors.front();
-    put(connection, *guest, encoded(Entry(entry)), entry.hash.toHex().left(32) + '.' + QByteArray::number(entry.index));
+    put(connection, *guest, encoded(Entry(entry)));
 }
 
 // False where the writer has gone for that.
-bool DoorLesson::put(int connection, Guest &guest, const QByteArray &entry, const QByteArray &id)
+bool DoorLesson::put(int connection, Guest &guest, const QByteArray &entry)
 {
     if (guest.onItsWay + entry.size() > kMostOnItsWay) {
         turnAway(connection, Reason::TooMuch);
@@ -172,7 +167,7 @@ bool DoorLesson::put(int connection, Guest &guest, const QByteArray &entry, cons
     }
     guest.onItsWay += entry.size();
     ++m_appends;
-    m_stream->append(entry, id, [this, connection, size = entry.size()](Appended how) {
+    m_stream->append(entry, [this, connection, size = entry.size()](Appended how) {
         --m_appends;
         m_outlet.counts().unknownAppends += how == Appended::Unknown ? 1 : 0;
         const auto found = m_guests.find(connection);

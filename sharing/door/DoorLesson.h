@@ -70,7 +70,7 @@ private:
     void pumpAll();
     void turnAway(int connection, Reason reason);
     void again(int connection, Guest &guest);
-    bool put(int connection, Guest &guest, const QByteArray &entry, const QByteArray &id);
+    bool put(int connection, Guest &guest, const QByteArray &entry);
     std::optional<Reason> problemOf(const Guest &guest, const RecordEntry &record) const;
     void tellOthers(int connection, const LiveOf &live);
     Guest *welcomed(int connection);

@@ -43,9 +43,8 @@ public:
     virtual ~Stream();
 
     // Puts an entry at the end. Appends are stored in the order of their calls, or not at all; `done` is told once,
-    // after some seconds of no answer that it is unknown. Two appends of one `id` within a day may be stored once:
-    // nobody may rely on it, nor on the contrary.
-    virtual void append(const QByteArray &bytes, const QByteArray &id, std::function<void(Appended)> done) = 0;
+    // after some seconds of no answer that it is unknown. What is appended twice is stored twice.
+    virtual void append(const QByteArray &bytes, std::function<void(Appended)> done) = 0;
 
     // Tells the same lesson's listeners at all other engines, at most once, and not those at this one.
     virtual void publish(const QByteArray &bytes) = 0;

@@ -23,7 +23,7 @@ public:
     MemoryEngine &engine() const { return m_engine; }
     StreamListener &listener() const { return m_listener; }
 
-    void append(const QByteArray &bytes, const QByteArray & /*id*/, std::function<void(Appended)> done) override
+    void append(const QByteArray &bytes, std::function<void(Appended)> done) override
     {
         MemoryStore::Kept *kept = this->kept();
         const bool isStored = kept && !m_isLost && bytes.size() <= Engine::kMostEntryBytes;

@@ -19,6 +19,7 @@ enum KindOf { PresenceKind = 1, ActsKind, DropKind, AskKind };
 
 constexpr int kMost = std::numeric_limits<int>::max();
 constexpr qint64 kMostActs = 1 << 22;
+constexpr qint64 kMostTime = qint64(1) << 53;
 
 struct Writer
 {
@@ -40,6 +41,8 @@ struct Writer
         QCborMap map{{Kind, ActsKind}, {First, acts.taken}, {Second, qint64(acts.from)}, {Third, toCbor(acts.record)}};
         if (acts.held != InkLesson::kNothing)
             map.insert(Fourth, pairOf(acts.held));
+        if (acts.time > 0)
+            map.insert(Fifth, acts.time);
         return map;
     }
     QCborMap operator()(const LiveDrop &drop) const
@@ -78,7 +81,8 @@ LiveActs readActs(Fields &fields)
     LiveActs acts{int(fields.number(First, "taken", 1, kMost)),
                   quint64(fields.number(Second, "from", 0, kMostActs)),
                   {},
-                  fields.id(Fourth, "held")};
+                  fields.id(Fourth, "held"),
+                  fields.has(Fifth) ? fields.number(Fifth, "time", 1, kMostTime) : 0};
     InkLesson::RecordReader reader;
     if (!reader.readCbor(fields.bytes(Third, "record", 1, kMostLiveBytes), acts.record))
         fields.fail("record");

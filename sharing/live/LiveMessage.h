@@ -35,6 +35,7 @@ struct LiveActs
     quint64 from{}; // so many acts were done before
     InkLesson::Record record;
     InkLesson::ObjectId held{}; // that the object has become since
+    qint64 time{};              // of the first of these acts, by the author's clock; 0 where it is not told
 };
 
 // The object is not in hand any more; what has become of it stands in a record of this number or before.

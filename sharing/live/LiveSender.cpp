@@ -37,7 +37,7 @@ void LiveSender::tick(qint64 now)
 {
     if (now - m_frame < kFrame)
         return;
-    m_frame = now;
+    m_frame = now - m_frame < 2 * kFrame ? m_frame + kFrame : now; // thirty a second, however the ticks fall
     const Hand *hand = m_author.hand();
     const bool isAnother = !hand || m_author.taken() != m_taken;
     if (m_taken != 0 && isAnother)
@@ -77,6 +77,8 @@ bool LiveSender::tellActs(const Hand &hand)
     const std::vector<Act> acts(first, first + std::ptrdiff_t(count));
     const bool isCommitted = m_author.actsBefore() != 0;
     LiveActs message{m_taken, m_acts, {{m_author.number(), 1}, 1, 0, m_author.page(), Clear()}, hand.held};
+    if (m_acts < m_author.actTimes().size())
+        message.time = m_author.actTimes()[m_acts];
     if (m_acts == 0 && !isCommitted) {
         Life life{hand.life.tool, hand.life.ink, hand.life.canvas, {}, hand.life.position, acts};
         message.record.deed = Draw{std::move(life)};

@@ -61,7 +61,7 @@ protected:
     {
         bool isStored = false;
         std::function<void()> send = [&] {
-            stream.append(bytes, bytes, [&](Appended how) {
+            stream.append(bytes, [&](Appended how) {
                 if (how == Appended::Stored)
                     isStored = true;
                 else
@@ -113,7 +113,7 @@ TEST_F(JetStream, anAppendWithoutAServerIsUnknownAtOnce)
     server.stop();
     ASSERT_TRUE(runUntil([&] { return !static_cast<JetStreamEngine &>(*one).isUp(); }));
     bool isUnknown = false;
-    stream->append("a", "a", [&](Appended how) { isUnknown = how == Appended::Unknown; });
+    stream->append("a", [&](Appended how) { isUnknown = how == Appended::Unknown; });
     EXPECT_FALSE(isUnknown);
     EXPECT_TRUE(runUntil([&] { return isUnknown; }, 1'000));
 }
@@ -212,8 +212,7 @@ TEST_F(JetStream, aLongStreamComesWholeAndInOrder)
     int stored = 0;
     for (int i = 0; i < 5'000; ++i) {
         sent.push_back(QByteArray::number(i) + filling);
-        mine->append(sent.back(), QByteArray::number(i),
-                     [&](Appended how) { stored += how == Appended::Stored ? 1 : 0; });
+        mine->append(sent.back(), [&](Appended how) { stored += how == Appended::Stored ? 1 : 0; });
         if (i % 500 == 499) {
             ASSERT_TRUE(runUntil([&] { return stored == i + 1; }));
         }

@@ -48,8 +48,8 @@ protected:
 TEST_F(TimedEngineTest, countsWhatIsUnderWayAndHowItEnds)
 {
     const auto stream = engine.open(kLesson, Engine::Open::Create, listener);
-    stream->append("a", "a", [this](Appended how) { ends.push_back(how); });
-    stream->append(QByteArray(Engine::kMostEntryBytes + 1, 'x'), "b", [this](Appended how) { ends.push_back(how); });
+    stream->append("a", [this](Appended how) { ends.push_back(how); });
+    stream->append(QByteArray(Engine::kMostEntryBytes + 1, 'x'), [this](Appended how) { ends.push_back(how); });
     EXPECT_EQ(engine.counts().underWay, 2);
     EXPECT_EQ(stored(), "x_count 0\n");
     run();
@@ -62,7 +62,7 @@ TEST_F(TimedEngineTest, countsWhatIsUnderWayAndHowItEnds)
 TEST_F(TimedEngineTest, whatGoesWithItsStreamIsNotUnderWayAnyMore)
 {
     auto stream = engine.open(kLesson, Engine::Open::Create, listener);
-    stream->append("a", "a", [this](Appended how) { ends.push_back(how); });
+    stream->append("a", [this](Appended how) { ends.push_back(how); });
     stream.reset();
     run();
     EXPECT_EQ(engine.counts().underWay, 0);

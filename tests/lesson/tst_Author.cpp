@@ -30,9 +30,25 @@ TEST_F(AuthorTest, aStrokeIsOneStep)
     EXPECT_EQ(me.hand(), nullptr);
     EXPECT_EQ(records[0].id, (StepId{1, 1}));
     EXPECT_EQ(records[0].step, 1);
-    EXPECT_EQ(records[0].time, 1001);
+    EXPECT_EQ(records[0].time, 1042) << "after 41 acts, each at its time";
     EXPECT_EQ(records[0].page, kFirstPage);
     EXPECT_EQ(last<Draw>().life.acts.size(), 41U);
+}
+
+TEST_F(AuthorTest, theActsOfTheHandHaveTheTimesAtWhichTheyWereDone)
+{
+    me.begin(fresh("rectangle"));
+    EXPECT_EQ(me.actTimes(), std::vector<qint64>());
+    me.feed(PT_DOWN, {20, 20});
+    me.feed(PT_MOVE, {{30, 30}, {60, 40}});
+    EXPECT_EQ(me.actTimes(), (std::vector<qint64>{1001, 1002, 1002}));
+    me.finish();
+    const InkLesson::ObjectId line = this->line(me);
+    now = 2000;
+    ASSERT_TRUE(me.reopen(line));
+    EXPECT_EQ(me.actTimes(), std::vector<qint64>{2001}) << "the handles";
+    me.feed(PT_DOWN, {20, 20});
+    EXPECT_EQ(me.actTimes(), (std::vector<qint64>{2001, 2002}));
 }
 
 // Drawn, moved, coloured, widened and dashed: five steps, and the line is in the hand all the time.

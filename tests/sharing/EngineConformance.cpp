@@ -27,7 +27,7 @@ TEST_P(EngineConformance, appendsOfOneAreStoredInTheirOrder)
     int stored = 0;
     for (int i = 0; i < 200; ++i) {
         sent.push_back(QByteArray::number(i));
-        stream->append(sent.back(), sent.back(), [&](Appended how) { stored += how == Appended::Stored ? 1 : 0; });
+        stream->append(sent.back(), [&](Appended how) { stored += how == Appended::Stored ? 1 : 0; });
     }
     ASSERT_TRUE(world->runUntil([&] { return stored == 200 && first.told.size() == 200; }));
     EXPECT_EQ(first.told, sent);
@@ -52,7 +52,7 @@ TEST_P(EngineConformance, nothingIsToldFromInsideACall)
 {
     const auto stream = one->open(kLesson, Engine::Open::Create, first);
     EXPECT_EQ(first.catchings, 0);
-    stream->append("a", "a", [](Appended) {});
+    stream->append("a", [](Appended) {});
     EXPECT_EQ(first.told, Entries());
 }
 
@@ -103,7 +103,7 @@ TEST_P(EngineConformance, oneThatWasLetGoTellsNothingMore)
     auto mine = open(*one, first);
     const auto theirs = open(*two, second);
     bool isDone = false;
-    mine->append("a", "a", [&](Appended) { isDone = true; });
+    mine->append("a", [&](Appended) { isDone = true; });
     mine.reset();
     ASSERT_TRUE(append(*theirs, "b"));
     theirs->publish("live");

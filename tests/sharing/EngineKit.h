@@ -61,7 +61,7 @@ protected:
     bool append(InkSharing::Stream &stream, const QByteArray &bytes)
     {
         bool isDone = false;
-        stream.append(bytes, bytes.left(32), [&](InkSharing::Appended how) {
+        stream.append(bytes, [&](InkSharing::Appended how) {
             EXPECT_EQ(how, InkSharing::Appended::Stored);
             isDone = true;
         });

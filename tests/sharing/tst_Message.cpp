@@ -189,6 +189,12 @@ TEST(LiveMessage, comesAsItWas)
     EXPECT_EQ(actsOf(std::get<LiveActs>(read).record).size(), 1U);
     EXPECT_FALSE(readLive(encoded(LiveMessage(LiveActs{3, 5, record(7, 1, InkLesson::Clear()), {}})), read, problem));
     EXPECT_EQ(problem, QStringLiteral("record: not what it must be"));
+    ASSERT_TRUE(readLive(encoded(LiveMessage(LiveActs{3, 5, record(7, 1, change), {}, 1700000000000})), read, problem));
+    EXPECT_EQ(std::get<LiveActs>(read).time, 1700000000000);
+    QCborMap acts = QCborValue::fromCbor(encoded(LiveMessage(std::get<LiveActs>(read)))).toMap();
+    acts.insert(5, 0);
+    EXPECT_FALSE(readLive(QCborValue(acts).toCbor(), read, problem)) << "a time that is left out instead";
+    EXPECT_EQ(problem, QStringLiteral("time: not what it must be"));
     ASSERT_TRUE(readLive(encoded(LiveMessage(LiveDrop{3, 8})), read, problem));
     EXPECT_EQ(std::get<LiveDrop>(read).number, 8);
     ASSERT_TRUE(readLive(encoded(LiveMessage(LiveAsk{7})), read, problem));
