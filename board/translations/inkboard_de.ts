@@ -502,13 +502,6 @@
     </message>
 </context>
 <context>
-    <name>Board::KeptLesson</name>
-    <message>
-        <source>%1: cannot be written: %2</source>
-        <translation>%1: nicht beschreibbar: %2</translation>
-    </message>
-</context>
-<context>
     <name>Board::JoinDialog</name>
     <message>
         <source>Join</source>
@@ -549,6 +542,13 @@
     <message>
         <source>The board that shares the lesson shows both: in its menu, under “Share this lesson”.</source>
         <translation>Die Tafel, die die Stunde teilt, zeigt beides: im Menü unter „Diese Stunde teilen“.</translation>
+    </message>
+</context>
+<context>
+    <name>Board::KeptLesson</name>
+    <message>
+        <source>%1: cannot be written: %2</source>
+        <translation>%1: nicht beschreibbar: %2</translation>
     </message>
 </context>
 <context>
