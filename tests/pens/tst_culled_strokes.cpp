@@ -214,8 +214,8 @@ Case randomCase(quint32 seed)
     const int count = random.chance(80) ? random.integer(3, 40) : random.integer(1, 120);
     c.points = isLong ? wander(random, c.size) : randomPoints(random, c.size, count);
     c.isWorldIgnored = random.chance(5);
-    // Qt divides the colours of these by their alpha with other roundings for pixels in groups of four, and which are in
-    // one hangs on where the stack lies: it does not paint a texture's last bit twice.
+    // Qt divides the colours of these by their alpha with other roundings for pixels in groups of four, and which are
+    // in one hangs on where the stack lies: it does not paint a texture's last bit twice.
     if (c.pen == Eraser && c.format == QImage::Format_ARGB32)
         c.format = QImage::Format_ARGB32_Premultiplied;
     return c;
