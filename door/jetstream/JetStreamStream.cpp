@@ -37,8 +37,9 @@ qint64 JetStreamStream::now() const
     return m_engine.m_clock.elapsed();
 }
 
-// Each append has a name of its own, which the engine stores once, whatever the way there doubles. The one that is
-// given would not do: a record that is sent again, since one before it was lost, has to come into the stream once more.
+// Each append has a name of its own, which the engine stores once, whatever the way there doubles. One that
+// follows from the record would not do: what is sent again, since a record before it was lost, has to come into the
+// stream once more.
 void JetStreamStream::append(const QByteArray &bytes, std::function<void(Appended)> done)
 {
     NatsMessage message;
