@@ -7,6 +7,7 @@
 
 #include <QtGui/QPainter>
 #include <QtGui/QPixmap>
+#include <QtWidgets/QCheckBox>
 #include <QtWidgets/QHBoxLayout>
 #include <QtWidgets/QToolButton>
 
@@ -80,6 +81,16 @@ void PeopleBar::addShareButton(QHBoxLayout &row)
     m_share->setToolTip(m_share->accessibleName());
     connect(m_share, &QToolButton::clicked, this, &PeopleBar::shareRequested);
     row.addWidget(m_share);
+}
+
+QAbstractButton *PeopleBar::peopleButton() const
+{
+    return m_people;
+}
+
+QAbstractButton *PeopleBar::pointersBox() const
+{
+    return m_list->pointersBox();
 }
 
 void PeopleBar::setPeople(const QList<Participant> &people)

@@ -5,6 +5,7 @@
 #include <QtCore/QList>
 #include <QtWidgets/QWidget>
 
+class QAbstractButton;
 class QHBoxLayout;
 class QToolButton;
 
@@ -25,6 +26,10 @@ public:
 
     // May stand elsewhere in the window.
     QToolButton *shareButton() const { return m_share; }
+
+    // What the list is opened by, and what in it shows the pointers: their tips name the keys for that.
+    QAbstractButton *peopleButton() const;
+    QAbstractButton *pointersBox() const;
 
     // In the order in which they are shown. Empty where the lesson is not shared.
     void setPeople(const QList<Participant> &people);

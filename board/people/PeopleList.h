@@ -19,6 +19,8 @@ class PeopleList : public QFrame
 public:
     explicit PeopleList(QWidget *parent = nullptr);
 
+    QCheckBox *pointersBox() const { return m_pointers; }
+
     void setPeople(const QList<Participant> &people);
     void setShown(bool isShown); // the pointers
 

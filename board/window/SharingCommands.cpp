@@ -7,7 +7,6 @@
 #include "board/invite/JoinDialog.h"
 #include "board/invite/ShareDialog.h"
 #include "board/people/PeopleBar.h"
-#include "board/people/PeopleButton.h"
 #include "board/people/PersonColor.h"
 #include "board/people/PersonName.h"
 #include "board/person/Settings.h"
@@ -18,7 +17,6 @@
 #include <QtCore/QEventLoop>
 #include <QtNetwork/QHostAddress>
 #include <QtWidgets/QAction>
-#include <QtWidgets/QCheckBox>
 #include <QtWidgets/QMessageBox>
 #include <QtWidgets/QProgressDialog>
 #include <QtWidgets/QPushButton>
@@ -69,7 +67,7 @@ void SharingCommands::addCommands()
     connect(m_pointers, &QAction::toggled, this, &SharingCommands::showPointers);
     const CommandGroup ofButtons(tr("Sharing"), m_window, CommandGroup::Place::Buttons);
     m_who = ofButtons.add("people", tr("Who is here"), QStringLiteral("F8"));
-    connect(m_who, &QAction::triggered, m_bar.findChild<PeopleButton *>(), &QAbstractButton::click);
+    connect(m_who, &QAction::triggered, m_bar.peopleButton(), &QAbstractButton::click);
     connect(m_share, &QAction::changed, this, &SharingCommands::showTips);
     connect(m_who, &QAction::changed, this, &SharingCommands::showTips);
     connect(m_pointers, &QAction::changed, this, &SharingCommands::showTips);
@@ -79,11 +77,11 @@ void SharingCommands::addCommands()
 void SharingCommands::showTips()
 {
     m_bar.shareButton()->setToolTip(m_share->toolTip());
-    auto *people = m_bar.findChild<PeopleButton *>();
+    auto *people = m_bar.peopleButton();
     people->setToolTip(m_who->toolTip());
     if (people->accessibleName().isEmpty())
         people->setAccessibleName(m_who->text());
-    auto *pointers = m_bar.findChild<QCheckBox *>();
+    auto *pointers = m_bar.pointersBox();
     pointers->setToolTip(m_pointers->toolTip());
     pointers->setAccessibleName(pointers->text());
 }
