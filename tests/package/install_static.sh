@@ -7,7 +7,7 @@ set -euo pipefail
 build=$(dirname "$3")/build
 rm -rf "$build" "$3"
 "$1" -G Ninja -S "$2" -B "$build" -D CMAKE_BUILD_TYPE=Debug -D BUILD_SHARED_LIBS=OFF \
-    -D INK_BUILD_BOARD=OFF -D INK_BUILD_TESTS=OFF -D CMAKE_INSTALL_LIBDIR="$4"
+    -D INK_BUILD_BOARD=OFF -D INK_BUILD_DOOR=OFF -D INK_BUILD_TESTS=OFF -D CMAKE_INSTALL_LIBDIR="$4"
 "$1" --build "$build"
 "$1" --install "$build" --prefix "$3"
 
