@@ -34,21 +34,21 @@ is_refused() { [ "$(titled "$1" | wc -l)" -gt 1 ]; }
 is_accepted() { ! is_refused "$1"; }
 # is_answered TITLE: has gone, or refuses
 is_answered() { is_hidden "$1" || is_refused "$1"; }
-# in_dialog TITLE TEXT: enters a file name. The list of completions, which comes when it has read the folder, may take a Return
-# for itself. Text is typed anew only while nothing can be under way that closes the dialog: its letters would be commands.
+# in_dialog TITLE TEXT: enters a file name. A dialog that has just come may take no letter yet, and its list of completions,
+# which comes when it has read the folder, may take a Return for itself: all is entered again then, slowly.
 in_dialog() {
-    focus "$1"
-    xdotool type --delay 5 "$2"
-    for seconds in 3 6 12 24 48 96; do
+    delay=5
+    for seconds in 5 10 20 40 80 160; do
+        focus "$1"
+        keys ctrl+a
+        xdotool type --delay $delay "$2"
+        delay=50
         keys Return
         wait_at_most $seconds is_answered "$1" || continue
         is_refused "$1" || break
         focus "$1"
         keys Return
         wait_for is_accepted "$1" || fail "the refusal of \"$1\" stays"
-        focus "$1"
-        keys ctrl+a
-        xdotool type --delay 50 "$2"
     done
     is_hidden "$1" || fail "the dialog \"$1\" stays"
     focus Inkboard
