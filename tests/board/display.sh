@@ -27,8 +27,9 @@ fail() {
 
 # wait_for COMMAND...: until the command succeeds
 wait_for() { wait_at_most $patience "$@"; }
-# wait_at_most SECONDS COMMAND...
+# wait_at_most SECONDS COMMAND...: which may wait itself
 wait_at_most() {
+    local tries
     tries=$(($1 * 20))
     shift
     until "$@"; do

@@ -19,6 +19,8 @@ trap 'leave_pages; clean_up' EXIT
 
 # The object that was deleted before it was let go is none of them.
 has_steps() { [ "$(grep -c '"do":' "$folder"/data/inkboard/journals/*.inkboard)" -eq 26 ]; }
+# What a lesson was opened from is called so only then, and the window takes no key before.
+is_open() { ls "$folder"/data/inkboard/journals/*.kept >"$folder/kept" 2>/dev/null; }
 # has_file NAME: to its last line or chunk
 has_file() { tail -c 20 "$folder/$1" 2>/dev/null | grep -aqE 'IEND|</svg>|%%EOF'; }
 keys() { xdotool key "$@"; }
@@ -35,22 +37,22 @@ is_accepted() { ! is_refused "$1"; }
 # is_answered TITLE: has gone, or refuses
 is_answered() { is_hidden "$1" || is_refused "$1"; }
 # in_dialog TITLE TEXT: enters a file name. A dialog that has just come may take no letter yet, and its list of completions,
-# which comes when it has read the folder, may take a Return for itself: all is entered again then, slowly.
+# which comes when it has read the folder, may take a Return for itself: all is entered again then. It is sent to the window
+# of the dialog by its number, for what comes once that has gone must reach no other.
 in_dialog() {
-    delay=5
+    focus "$1"
+    dialog=$window
     for seconds in 5 10 20 40 80 160; do
-        focus "$1"
-        keys ctrl+a
-        xdotool type --delay $delay "$2"
-        delay=50
-        keys Return
+        xdotool key --window "$dialog" ctrl+a type --window "$dialog" --delay 20 "$2" >"$folder/entered" 2>&1 || true
+        xdotool key --window "$dialog" Return >>"$folder/entered" 2>&1 || true
+        xdotool keyup Return # which had no window to go to, if the dialog went at the press
         wait_at_most $seconds is_answered "$1" || continue
         is_refused "$1" || break
         focus "$1"
         keys Return
         wait_for is_accepted "$1" || fail "the refusal of \"$1\" stays"
     done
-    is_hidden "$1" || fail "the dialog \"$1\" stays"
+    is_hidden "$1" || fail "the dialog \"$1\" stays: $(cat "$folder/entered")"
     focus Inkboard
 }
 
@@ -111,6 +113,7 @@ start_board 1020 700
 focus "A lesson was not closed"
 keys Return
 wait_for is_hidden "A lesson was not closed" || fail "the question stays"
+wait_for is_open || fail "the lesson is not opened"
 focus Inkboard
 keys Prior Prior Prior
 for page in 1 2 3; do
