@@ -2,15 +2,17 @@
 
 // The window of the board, and when it has been painted.
 
+#include "board/canvas/Canvas.h"
 #include "board/window/MainWindow.h"
 
 #include <QtWidgets/QApplication>
 
 #include <algorithm>
 #include <memory>
+#include <utility>
 #include <vector>
 
-// Notes when a window has been painted and handed to the window system.
+// Notes when a window has been painted, its canvas too, and handed to the window system.
 class Application : public QApplication
 {
 public:
@@ -18,15 +20,18 @@ public:
 
     bool notify(QObject *receiver, QEvent *event) override
     {
-        const bool paints = event->type() == QEvent::UpdateRequest;
+        const bool isHandedOver = event->type() == QEvent::UpdateRequest;
+        m_isPainted |= event->type() == QEvent::Paint && qobject_cast<Board::Canvas *>(receiver);
         const bool handled = QApplication::notify(receiver, event); // which may delete the event
-        m_paintings += paints ? 1 : 0;
+        if (isHandedOver && std::exchange(m_isPainted, false))
+            ++m_paintings;
         return handled;
     }
 
     int paintings() const { return m_paintings; }
 
 private:
+    bool m_isPainted{}; // the canvas, since then
     int m_paintings{};
 };
 
