@@ -1,7 +1,6 @@
 #include "board/document/Document.h"
 
 #include "board/document/BackgroundFile.h"
-#include "board/document/ThreadWorkers.h"
 
 #include "lesson/storage/LessonFile.h"
 
@@ -59,6 +58,7 @@ void Document::take(std::unique_ptr<Lesson> lesson, int author)
         emit leaving();
     m_author.reset();
     m_lesson = std::move(lesson);
+    m_lesson->lend(&m_workers);
     m_isShared = false;
     m_author = std::make_unique<Author>(
         *m_lesson, author, [] { return QDateTime::currentMSecsSinceEpoch(); },
@@ -251,8 +251,8 @@ bool Document::load(const QString &fileName, QString &problem, const Progress &t
     std::unique_ptr<Lesson> lesson = openLesson(fileName, problem, toldOf(0, kReading));
     if (!lesson)
         return false;
-    ThreadWorkers workers;
-    lesson->page(lesson->pageId(0)).prepare(toldOf(kReading, 1 - kReading), &workers);
+    lesson->lend(&m_workers);
+    lesson->page(lesson->pageId(0)).prepare(toldOf(kReading, 1 - kReading));
     m_author->finish();
     take(std::move(lesson), author);
     tellOpened();

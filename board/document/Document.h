@@ -1,5 +1,7 @@
 #pragma once
 
+#include "board/document/ThreadWorkers.h"
+
 #include "lesson/authoring/Author.h"
 #include "lesson/storage/Journal.h"
 
@@ -132,6 +134,7 @@ private:
     void writeAnew(const InkLesson::Sharing *sharing);
     void tellJournal(bool isWritten);
 
+    ThreadWorkers m_workers;
     std::unique_ptr<InkLesson::Lesson> m_lesson;
     std::unique_ptr<InkLesson::Author> m_author;
     std::unique_ptr<InkLesson::Journal> m_journal;

@@ -12,10 +12,15 @@ int ThreadWorkers::count() const
 
 void ThreadWorkers::run(const std::function<void(int worker)> &work)
 {
-    for (int worker = 1; worker < count(); ++worker)
-        m_pool.start([&work, worker] { work(worker); });
+    const int others = count() - 1;
+    for (int worker = 1; worker <= others; ++worker) {
+        m_pool.start([this, &work, worker] {
+            work(worker);
+            m_done.release();
+        });
+    }
     work(0);
-    m_pool.waitForDone();
+    m_done.acquire(others); // the pool's own waiting ends its threads as well
 }
 
 } // namespace Board

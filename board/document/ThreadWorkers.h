@@ -2,6 +2,7 @@
 
 #include "lesson/pages/Workers.h"
 
+#include <QtCore/QSemaphore>
 #include <QtCore/QThreadPool>
 
 namespace Board {
@@ -15,6 +16,7 @@ public:
 
 private:
     QThreadPool m_pool;
+    QSemaphore m_done; // of the others, one for each
 };
 
 } // namespace Board

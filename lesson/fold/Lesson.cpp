@@ -51,7 +51,8 @@ Lesson::~Lesson() = default;
 
 std::unique_ptr<Page> Lesson::newPage(const QSize &size) const
 {
-    auto page = std::make_unique<Page>(size, m_header.density);
+    auto page = std::make_unique<Page>(size, m_header.density, m_papers);
+    page->lend(m_workers);
     page->relive = [this](const ObjectId &id) { return live(*life(id)).object; };
     return page;
 }
@@ -143,6 +144,15 @@ int Lesson::indexOf(const PageId &id) const
 {
     const auto found = std::find(m_order.begin(), m_order.end(), id);
     return found == m_order.end() ? -1 : int(found - m_order.begin());
+}
+
+void Lesson::lend(Workers *workers)
+{
+    m_workers = workers;
+    for (auto &[id, sheet] : m_sheets) {
+        if (sheet.page)
+            sheet.page->lend(workers);
+    }
 }
 
 Page &Lesson::page(const PageId &id)
@@ -380,8 +390,9 @@ void Lesson::refreshOrder(Sheet &sheet, std::vector<ObjectId> moved, int from)
     order.reserve(sheet.drawn.size());
     auto drawn = sheet.drawn.begin();
     for (const int place : sheet.orders) {
-        for (; drawn != sheet.drawn.end() && m_things.at(*drawn).drawn < place; ++drawn)
-            order.push_back(*drawn);
+        const auto later = std::partition_point(
+            drawn, sheet.drawn.end(), [&](const ObjectId &object) { return m_things.at(object).drawn < place; });
+        order.insert(order.end(), std::exchange(drawn, later), later);
         const Record record = recordAt(place);
         const auto *read = std::get_if<Order>(&record.deed);
         const Order turn = read ? *read : Order();

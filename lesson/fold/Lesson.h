@@ -127,6 +127,9 @@ public:
     PageId pageId(int index) const { return m_order[std::size_t(index)]; }
     int indexOf(const PageId &id) const;                                  // -1 where there is none now
     bool hasPage(const PageId &id) const { return sheet(id) != nullptr; } // also one that was taken away
+    // All pages may do what takes long together, from now on; null for none. They outlive this.
+    void lend(Workers *workers);
+
     Page &page(const PageId &id); // also one that was taken away, or is not there any more after a setBack()
     const Page &page(const PageId &id) const;
 
@@ -228,6 +231,8 @@ private:
     Sheet *sheet(const PageId &id) { return const_cast<Sheet *>(std::as_const(*this).sheet(id)); }
 
     const Header m_header;
+    const std::shared_ptr<PaintedPapers> m_papers = std::make_shared<PaintedPapers>();
+    Workers *m_workers{};
     History m_history;
     std::vector<QByteArray> m_log;
     std::size_t m_settled{};                               // of them

@@ -1,6 +1,8 @@
 #include "lesson/pages/PackedLayers.h"
 
 #include "lesson/pages/PageLayers.h"
+#include "lesson/pages/PixelRows.h"
+#include "lesson/pages/Workers.h"
 
 #include <algorithm>
 #include <utility>
@@ -15,6 +17,7 @@ enum class Kind : quint32 { Background, Ink, Color, Kept };
 constexpr int kKindBits = 2;
 constexpr std::size_t kMostLength = std::size_t(1) << 29;
 constexpr std::size_t kWorthARun = 3; // pixels
+constexpr int kRowsOfAPart = 64;
 
 struct Pixels
 {
@@ -23,9 +26,16 @@ struct Pixels
     const QRgb *ink; // below those that are packed
 };
 
-const QRgb *pixelsOf(const QImage &image)
+// Rows lie one after the other without a gap.
+const QRgb *rowOf(const QImage &image, int y)
 {
-    return reinterpret_cast<const QRgb *>(image.constBits());
+    return reinterpret_cast<const QRgb *>(image.constScanLine(y));
+}
+
+// Of a part that begins at that row.
+std::size_t pixelsOfPart(const QSize &size, int y)
+{
+    return std::size_t(size.width()) * std::size_t(std::min(kRowsOfAPart, size.height() - y));
 }
 
 std::size_t alike(const QRgb *pixels, const QRgb *others, std::size_t most)
@@ -99,23 +109,38 @@ void unpack(const std::vector<quint32> &words, QRgb *pixel, const QRgb *backgrou
 PackedLayers::PackedLayers(const PageLayers &layers)
     : m_size(layers.rect().size())
 {
-    const std::size_t count = std::size_t(m_size.width()) * std::size_t(m_size.height());
-    const QRgb *ink = pixelsOf(layers.ink());
-    m_ink = packed({ink, nullptr, nullptr}, count);
-    m_page = packed({pixelsOf(layers.page()), pixelsOf(layers.background()), ink}, count);
+    for (int y = 0; y < m_size.height(); y += kRowsOfAPart) {
+        const std::size_t count = pixelsOfPart(m_size, y);
+        const QRgb *ink = rowOf(layers.ink(), y);
+        m_parts.push_back({packed({rowOf(layers.page(), y), rowOf(layers.background(), y), ink}, count),
+                           packed({ink, nullptr, nullptr}, count)});
+    }
 }
 
-std::unique_ptr<PageLayers> PackedLayers::unpacked(QImage background) const
+std::unique_ptr<PageLayers> PackedLayers::unpacked(QImage background, Workers *workers) const
 {
     auto layers = std::make_unique<PageLayers>(m_size, PageLayers::Pixels::Any);
     layers->setBackground(std::move(background));
     if (layers->isNull())
         return nullptr;
-    const QRgb *below = pixelsOf(layers->m_background);
-    auto *ink = reinterpret_cast<QRgb *>(layers->m_ink.bits());
-    unpack(m_ink, ink, nullptr, nullptr);
-    unpack(m_page, reinterpret_cast<QRgb *>(layers->m_page.bits()), below, ink);
+    layers->lend(workers);
+    const PixelRows page(layers->m_page), surface(layers->m_surface), ink(layers->m_ink);
+    shareOut(workers, int(m_parts.size()), [&](int number, int) {
+        const Part &part = m_parts[std::size_t(number)];
+        const int y = number * kRowsOfAPart;
+        unpack(part.ink, ink.row(y), nullptr, nullptr);
+        unpack(part.page, page.row(y), rowOf(layers->m_background, y), ink.row(y));
+        std::copy_n(page.row(y), pixelsOfPart(m_size, y), surface.row(y));
+    });
     return layers;
+}
+
+std::size_t PackedLayers::bytes() const
+{
+    std::size_t words = 0;
+    for (const Part &part : m_parts)
+        words += part.page.capacity() + part.ink.capacity();
+    return words * sizeof(quint32);
 }
 
 } // namespace InkLesson

@@ -12,6 +12,7 @@
 namespace InkLesson {
 
 class PageLayers;
+class Workers;
 
 // Page and ink of a page in less memory: as runs of pixels of which the background, the ink or one colour tells all,
 // and of those that are kept as they are.
@@ -20,15 +21,21 @@ class INKLESSON_EXPORT PackedLayers
 public:
     explicit PackedLayers(const PageLayers &layers);
 
-    // With the background that they had. Null where there is not enough memory.
-    std::unique_ptr<PageLayers> unpacked(QImage background) const;
+    // With the background that they had, and a surface that shows the page. Null where there is not enough memory.
+    std::unique_ptr<PageLayers> unpacked(QImage background, Workers *workers = nullptr) const;
 
-    std::size_t bytes() const { return (m_page.capacity() + m_ink.capacity()) * sizeof(m_page[0]); }
+    std::size_t bytes() const;
 
 private:
+    using Runs = std::vector<quint32>;
+    struct Part // some whole rows of the layers
+    {
+        Runs page;
+        Runs ink;
+    };
+
     const QSize m_size;
-    std::vector<quint32> m_page;
-    std::vector<quint32> m_ink;
+    std::vector<Part> m_parts{};
 };
 
 } // namespace InkLesson

@@ -3,10 +3,8 @@
 #include "lesson/layers/HitTest.h"
 #include "lesson/objects/Tools.h"
 #include "lesson/pages/Difference.h"
-#include "lesson/paper/PaperPainter.h"
 
 #include <algorithm>
-#include <atomic>
 #include <utility>
 
 namespace InkLesson {
@@ -40,9 +38,10 @@ qint64 pixels(const QRect &area)
 
 } // namespace
 
-Page::Page(const QSize &size, double density)
+Page::Page(const QSize &size, double density, std::shared_ptr<PaintedPapers> papers)
     : m_rect(QPoint(), size)
     , m_density(density)
+    , m_papers(std::move(papers))
 {
 }
 
@@ -58,16 +57,17 @@ const PageLayers &Page::layers() const
 void Page::paintAnew()
 {
     if (m_packed) {
-        m_layers = m_packed->unpacked(paintedPaper(m_paper, rect().size(), m_density));
+        m_layers = m_packed->unpacked(m_papers->of(m_paper, rect().size(), m_density), m_workers);
         ++m_backgrounds;
     }
     if (isPainted()) {
-        show(rect());
+        showHands(rect());
         return;
     }
     m_layers = std::make_unique<PageLayers>(rect().size());
     if (m_layers->isNull())
         return;
+    m_layers->lend(m_workers);
     m_change = Change::Any; // what has changed since the last repaint() is painted here
     layPaper();
     repaint(rect());
@@ -75,30 +75,31 @@ void Page::paintAnew()
 }
 
 // Objects paint themselves at once, each alone; what comes of it is kept in their order, as ever.
-void Page::prepare(const std::function<void(double)> &tell, Workers *workers)
+void Page::prepare(const std::function<void(double)> &tell)
 {
     constexpr std::size_t kAtOnce = 64; // objects
-    std::vector<Sketch> sketches(std::size_t(workers ? workers->count() : 1));
+    std::vector<Sketch> sketches(std::size_t(m_workers ? m_workers->count() : 1));
     for (std::size_t first = 0; first < m_items.size(); first += kAtOnce) {
         const std::size_t end = std::min(first + kAtOnce, m_items.size());
         std::vector<std::shared_ptr<const Sprite>> sprites(end - first);
-        std::atomic<std::size_t> next{first};
-        const auto work = [&](int worker) {
-            for (std::size_t i = next++; i < end; i = next++) {
-                if (awaitsSprite(*m_items[i]))
-                    sprites[i - first] = sketched(*m_items[i], sketches[std::size_t(worker)]);
-            }
-        };
-        if (workers)
-            workers->run(work);
-        else
-            work(0);
+        shareOut(m_workers, int(end - first), [&](int i, int worker) {
+            Item &item = *m_items[first + std::size_t(i)];
+            if (awaitsSprite(item))
+                sprites[std::size_t(i)] = sketched(item, sketches[std::size_t(worker)]);
+        });
         for (std::size_t i = first; i < end; ++i) {
             if (awaitsSprite(*m_items[i])) // still, since there is room for so many
                 keepSprite(*m_items[i], std::move(sprites[i - first]));
             tell(double(i + 1) / double(m_items.size()));
         }
     }
+}
+
+void Page::lend(Workers *workers)
+{
+    m_workers = workers;
+    if (m_layers)
+        m_layers->lend(workers);
 }
 
 void Page::release()
@@ -289,6 +290,7 @@ bool Page::resize(const QSize &size)
         if (layers.isNull())
             return false; // a smaller page is better than none
         *m_layers = std::move(layers);
+        m_layers->lend(m_workers);
     }
     m_rect = QRect(QPoint(), size);
     forgetSprites();
@@ -301,7 +303,7 @@ bool Page::resize(const QSize &size)
 
 void Page::layPaper()
 {
-    m_layers->setBackground(paintedPaper(m_paper, rect().size(), m_density));
+    m_layers->setBackground(m_papers->of(m_paper, rect().size(), m_density));
     ++m_backgrounds;
 }
 
@@ -486,6 +488,12 @@ QRegion Page::show(const QRegion &area)
     if (area.isEmpty() || !isPainted())
         return area;
     m_layers->showPage(area);
+    showHands(area);
+    return area;
+}
+
+void Page::showHands(const QRegion &area)
+{
     for (const QRect &part : m_hands.empty() ? QRegion() : area) {
         LayerPainting painting(*m_layers, LayerPainting::On::Surface, part);
         for (Hand &hand : m_hands) {
@@ -493,7 +501,6 @@ QRegion Page::show(const QRegion &area)
                 painting.paint(prepared(*hand.object, hand.tool, hand.background), part);
         }
     }
-    return area;
 }
 
 Hand *Page::hand(int author)

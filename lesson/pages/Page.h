@@ -9,6 +9,7 @@
 #include "lesson/pages/Sketch.h"
 #include "lesson/pages/Workers.h"
 #include "lesson/paper/Paper.h"
+#include "lesson/paper/PaperPainter.h"
 
 #include "CInkGraph.h"
 
@@ -43,8 +44,10 @@ struct Item
 class INKLESSON_EXPORT Page
 {
 public:
-    // Blank and white. `density` is how many of its pixels lie along one of a plain screen.
-    explicit Page(const QSize &size, double density = 1);
+    // Blank and white. `density` is how many of its pixels lie along one of a plain screen. Pages may have their papers
+    // in common.
+    explicit Page(const QSize &size, double density = 1,
+                  std::shared_ptr<PaintedPapers> papers = std::make_shared<PaintedPapers>());
     ~Page();
 
     // There is not enough memory for its pixels.
@@ -78,9 +81,11 @@ public:
     // The object of an item, whole.
     CInkGraph &whole(Item &item) const;
 
-    // Does ahead what takes longest of the first painting, with all hands that there are. `tell` hears now and then how
-    // much of that is done, up to 1.
-    void prepare(const std::function<void(double share)> &tell, Workers *workers = nullptr);
+    // May do what takes long together, from now on; null for none.
+    void lend(Workers *workers);
+
+    // Does ahead what takes longest of the first painting. `tell` hears now and then how much of that is done, up to 1.
+    void prepare(const std::function<void(double share)> &tell);
 
     // Whether objects are painted again by what they have painted, which takes memory for each; they are from the
     // start.
@@ -155,13 +160,16 @@ private:
     void keepSprite(Item &item, std::shared_ptr<const Sprite> sprite);
     bool isSeenNear(Item &item, const QPoint &pt, int reach) const;
     void forgetSprites();
+    void showHands(const QRegion &area);
     QRegion reached(Hand &hand, const QRect &reach);
     void layPaper();
 
     QRect m_rect;
+    Workers *m_workers{};
     std::unique_ptr<PageLayers> m_layers;     // null until somebody asks for pixels
     std::unique_ptr<PackedLayers> m_packed{}; // null unless page and ink are as it says
     const double m_density;
+    const std::shared_ptr<PaintedPapers> m_papers;
     Paper m_paper;
     int m_backgrounds{1}; // that there have been
     Items m_items;

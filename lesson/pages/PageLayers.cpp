@@ -2,7 +2,9 @@
 
 #include "lesson/layers/StateMark.h"
 #include "lesson/pages/Difference.h"
+#include "lesson/pages/PixelRows.h"
 #include "lesson/pages/Sprite.h"
+#include "lesson/pages/Workers.h"
 
 #include "CInkGraph.h"
 
@@ -48,6 +50,21 @@ QImage viewOf(const QImage &image)
                   image.format());
 }
 
+constexpr qint64 kWorthSharing = 1 << 20; // pixels
+
+qint64 pixels(const QRect &area)
+{
+    return qint64(area.width()) * area.height();
+}
+
+void copyPixels(const QImage &from, const PixelRows &to, const QRect &area)
+{
+    for (int y = area.top(); y <= area.bottom(); ++y) {
+        const QRgb *row = reinterpret_cast<const QRgb *>(from.constScanLine(y)) + area.left();
+        std::copy_n(row, area.width(), to.row(y) + area.left());
+    }
+}
+
 } // namespace
 
 PageLayers::PageLayers(const QSize &size, Pixels pixels)
@@ -86,16 +103,15 @@ void PageLayers::clearPage(const QRect &area)
 
 void PageLayers::layPage(const Difference &where, const std::vector<const Sprite *> &sprites)
 {
-    for (int y = 0; y < where.height(); ++y) {
-        if (where.begin(y) == where.end(y))
-            continue;
-        const auto *from = reinterpret_cast<const QRgb *>(m_background.constScanLine(y));
-        auto *to = reinterpret_cast<QRgb *>(m_page.scanLine(y));
-        for (const Difference::Span *span = where.begin(y); span != where.end(y); ++span)
-            std::copy(from + span->from, from + span->to, to + span->from);
-    }
-    for (const Sprite *sprite : sprites)
-        sprite->paint(m_page, where);
+    const PixelRows page(m_page);
+    shareOut(m_workers, rect(), [&](const QRect &part) {
+        for (int y = part.top(); y <= part.bottom(); ++y) {
+            for (const Difference::Span *span = where.begin(y); span != where.end(y); ++span)
+                copyPixels(m_background, page, {span->from, y, span->to - span->from, 1});
+        }
+        for (const Sprite *sprite : sprites)
+            sprite->paint(page, where, part);
+    });
 }
 
 void PageLayers::restore(const QPoint &at, const QImage &page, const QImage &ink)
@@ -109,10 +125,11 @@ void PageLayers::restore(const QPoint &at, const QImage &page, const QImage &ink
 
 void PageLayers::showPage(const QRegion &area)
 {
-    QPainter surface(&m_surface);
-    surface.setCompositionMode(QPainter::CompositionMode_Source);
-    for (const QRect &part : area)
-        surface.drawImage(part.topLeft(), m_page, part);
+    const PixelRows surface(m_surface);
+    for (const QRect &rect : area) {
+        shareOut(pixels(rect) < kWorthSharing ? nullptr : m_workers, rect & this->rect(),
+                 [&](const QRect &part) { copyPixels(m_page, surface, part); });
+    }
 }
 
 // What an object in progress does to the page, and a committed one to the surface, goes to images that nobody sees.
@@ -145,24 +162,36 @@ LayerPainting::~LayerPainting()
     paintSprites();
 }
 
-// A tile after the other, so that its pixels stay near the processor.
 void LayerPainting::paintSprites()
 {
+    if (m_sprites.empty())
+        return;
+    qint64 work = 0;
+    for (const Sprite *sprite : m_sprites)
+        work += pixels(sprite->rect() & m_area);
+    const PixelRows page(m_layers.m_page), ink(m_on == On::Page ? m_layers.m_page : m_layers.m_ink);
+    shareOut(work < kWorthSharing ? nullptr : m_layers.m_workers, m_area,
+             [&](const QRect &part) { paintSprites(page, ink, part); });
+    m_sprites.clear();
+}
+
+// A tile after the other, so that its pixels stay near the processor.
+void LayerPainting::paintSprites(const PixelRows &page, const PixelRows &ink, const QRect &part) const
+{
     constexpr QSize kTile(512, 256);
-    for (int top = m_area.top(); top <= m_area.bottom() && !m_sprites.empty(); top += kTile.height()) {
-        for (int left = m_area.left(); left <= m_area.right(); left += kTile.width()) {
-            const QRect tile = QRect(QPoint(left, top), kTile) & m_area;
+    for (int top = part.top(); top <= part.bottom(); top += kTile.height()) {
+        for (int left = part.left(); left <= part.right(); left += kTile.width()) {
+            const QRect tile = QRect(QPoint(left, top), kTile) & part;
             for (const Sprite *sprite : m_sprites) {
                 if (!sprite->rect().intersects(tile))
                     continue;
                 if (m_on == On::Page)
-                    sprite->paint(m_layers.m_page, tile);
+                    sprite->paint(page, tile);
                 else
-                    sprite->paint(m_layers.m_page, m_layers.m_ink, tile);
+                    sprite->paint(page, ink, tile);
             }
         }
     }
-    m_sprites.clear();
 }
 
 void LayerPainting::paint(CInkGraph &object, const QRect &reach)

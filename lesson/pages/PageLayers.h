@@ -16,7 +16,9 @@ namespace InkLesson {
 
 class Difference;
 class PackedLayers;
+class PixelRows;
 class Sprite;
+class Workers;
 
 // The four images that an object paints on, all of one size and in page pixels.
 class INKLESSON_EXPORT PageLayers
@@ -26,6 +28,9 @@ public:
 
     // Null where there is not enough memory for all four.
     explicit PageLayers(const QSize &size, Pixels pixels = Pixels::White);
+
+    // May paint what is large together, from now on; null for none.
+    void lend(Workers *workers) { m_workers = workers; }
 
     bool isNull() const;
     QRect rect() const { return m_page.rect(); }
@@ -62,6 +67,7 @@ private:
     QImage m_surface;
     QImage m_background;
     QImage m_ink;
+    Workers *m_workers{};
 };
 
 // Lets objects paint themselves, one over the other: committed ones on page and ink, or on the page alone where the ink
@@ -84,6 +90,7 @@ private:
     Q_DISABLE_COPY(LayerPainting)
 
     void paintSprites();
+    void paintSprites(const PixelRows &page, const PixelRows &ink, const QRect &part) const;
 
     PageLayers &m_layers;
     const On m_on;

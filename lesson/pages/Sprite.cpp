@@ -221,22 +221,6 @@ Run runAt(const uchar *head)
     return {kind, low + 1, bytes, bytes + std::size_t(low + 1) * sizeof(QRgb)};
 }
 
-// The pixels of an image that is painted on; taken once, since each time Qt makes sure that they are nobody else's.
-class Pixels
-{
-public:
-    explicit Pixels(QImage &image)
-        : m_first(image.bits())
-        , m_perRow(image.bytesPerLine())
-    {
-    }
-    QRgb *row(int y) const { return reinterpret_cast<QRgb *>(m_first + std::ptrdiff_t(y) * m_perRow); }
-
-private:
-    uchar *const m_first;
-    const std::ptrdiff_t m_perRow;
-};
-
 // Pixels of a row.
 struct Span
 {
@@ -398,29 +382,27 @@ void Sprite::visit(const QRect &area, Lay lay) const
     }
 }
 
-void Sprite::paint(QImage &page, const QRect &area) const
+void Sprite::paint(const PixelRows &page, const QRect &area) const
 {
-    const Pixels rows(page);
-    visit(area, [&](const Run &run, int start, const Span &span) { lay(run, start, span, m_color, rows.row(span.y)); });
+    visit(area, [&](const Run &run, int start, const Span &span) { lay(run, start, span, m_color, page.row(span.y)); });
 }
 
-void Sprite::paint(QImage &page, QImage &ink, const QRect &area) const
+void Sprite::paint(const PixelRows &page, const PixelRows &ink, const QRect &area) const
 {
-    const Pixels pageRows(page), inkRows(ink);
     visit(area, [&](const Run &run, int start, const Span &span) {
-        lay(run, start, span, m_color, pageRows.row(span.y));
-        lay(run, start, span, m_color, inkRows.row(span.y));
+        lay(run, start, span, m_color, page.row(span.y));
+        lay(run, start, span, m_color, ink.row(span.y));
     });
 }
 
-void Sprite::paint(QImage &page, const Difference &where) const
+void Sprite::paint(const PixelRows &page, const Difference &where, const QRect &area) const
 {
-    const Pixels rows(page);
-    for (int y = m_rect.top(); y <= m_rect.bottom(); ++y) {
+    const int bottom = std::min(m_rect.bottom(), area.bottom());
+    for (int y = std::max(m_rect.top(), area.top()); y <= bottom; ++y) {
         const Difference::Span *span = where.begin(y), *const end = where.end(y);
         if (span == end)
             continue;
-        QRgb *const row = rows.row(y);
+        QRgb *const row = page.row(y);
         visitRow(y, span->from, end[-1].to, [&](const Run &run, int x) {
             const int to = x + run.length;
             while (span != end && span->to <= x)

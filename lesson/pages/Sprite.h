@@ -1,6 +1,7 @@
 #pragma once
 
 #include "lesson/Export.h"
+#include "lesson/pages/PixelRows.h"
 
 #include <QtCore/QRect>
 #include <QtGui/QColor>
@@ -28,11 +29,11 @@ public:
     static std::optional<Sprite> of(const QImage &picture, const QRect &area, const QColor &color);
 
     // Paints it over the pixels of both within `area`, which lies in them: `page` is RGB32, `ink` ARGB32_Premultiplied.
-    void paint(QImage &page, QImage &ink, const QRect &area) const;
-    void paint(QImage &page, const QRect &area) const; // over that alone
+    void paint(const PixelRows &page, const PixelRows &ink, const QRect &area) const;
+    void paint(const PixelRows &page, const QRect &area) const; // over that alone
 
-    // The same over what is told by `where`, which is as high as the page.
-    void paint(QImage &page, const Difference &where) const;
+    // The same over what is told by `where`, which is as high as the page, in the rows of `area`.
+    void paint(const PixelRows &page, const Difference &where, const QRect &area) const;
 
     // Whether there is anything of it in that area.
     bool paintsIn(const QRect &area) const;

@@ -40,4 +40,16 @@ QImage paintedPaper(const Paper &paper, const QSize &size, double density)
     return image;
 }
 
+QImage PaintedPapers::of(const Paper &paper, const QSize &size, double density)
+{
+    const bool isSame = m_image.size() == size && m_density == density && m_paper.kind == paper.kind &&
+                        m_paper.picture.cacheKey() == paper.picture.cacheKey();
+    if (!isSame) {
+        m_paper = paper;
+        m_density = density;
+        m_image = paintedPaper(paper, size, density);
+    }
+    return m_image;
+}
+
 } // namespace InkLesson

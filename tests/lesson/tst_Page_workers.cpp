@@ -1,4 +1,4 @@
-// What is done ahead by several hands comes out as one does it.
+// What is done by several hands comes out as one does it.
 
 #include "PageKit.h"
 
@@ -42,7 +42,7 @@ private:
 };
 
 // An object of each tool in turn, each somewhere else.
-std::vector<Life> lives(unsigned seed)
+std::vector<Life> lives(unsigned seed, const QSize &page = kSize, int widest = 12)
 {
     Random random(seed);
     std::vector<Life> lives;
@@ -50,9 +50,9 @@ std::vector<Life> lives(unsigned seed)
         const Tool &tool = tools()[std::size_t(i) % tools().size()];
         Life life{QLatin1String(tool.name)};
         life.ink.color = QColor(random.below(256), random.below(256), random.below(256), 1 + random.below(255));
-        life.ink.width = 1 + random.below(12);
-        life.canvas = kSize;
-        const auto anywhere = [&] { return QPoint(random.below(kSize.width()), random.below(kSize.height())); };
+        life.ink.width = 1 + random.below(widest);
+        life.canvas = page;
+        const auto anywhere = [&] { return QPoint(random.below(page.width()), random.below(page.height())); };
         life.acts.emplace_back(PointerAct{PT_DOWN, anywhere()});
         life.acts.emplace_back(PointerAct{PT_MOVE, anywhere()});
         life.acts.emplace_back(PointerAct{PT_UP, anywhere()});
@@ -79,8 +79,9 @@ TEST(Page, severalHandsPrepareWhatOneDoes)
         fill(*page, objects);
     one.prepare([](double) {});
     Threads threads(3);
+    several.lend(&threads);
     std::vector<double> told;
-    several.prepare([&told](double share) { told.push_back(share); }, &threads);
+    several.prepare([&told](double share) { told.push_back(share); });
     EXPECT_EQ(threads.runs, 3); // 150 objects, 64 at once
     ASSERT_EQ(told.size(), 150U);
     EXPECT_EQ(told[74], 0.5);
@@ -115,9 +116,106 @@ TEST(Page, eachObjectIsPreparedOnce)
         page.put(std::move(item), 9);
     }
     Threads threads(2);
-    page.prepare([](double) {}, &threads);
+    page.lend(&threads);
+    page.prepare([](double) {});
     EXPECT_EQ(made, 4);
     for (const auto &item : page.items())
         EXPECT_EQ(item->sprite->rect(), page.items().front()->sprite->rect());
     EXPECT_EQ(threads.runs, 1);
+}
+
+// Each thing once, and each row.
+TEST(Workers, doEverythingOnce)
+{
+    Threads threads(3);
+    std::vector<int> done(10);
+    shareOut(&threads, 10, [&done](int thing, int worker) {
+        ASSERT_LT(worker, 3);
+        ++done[std::size_t(thing)];
+    });
+    EXPECT_EQ(done, std::vector<int>(10, 1));
+    EXPECT_EQ(threads.runs, 1);
+
+    std::vector<int> rows(100);
+    shareOut(&threads, QRect(5, 0, 7, 100), [&rows](const QRect &part) {
+        ASSERT_EQ(part.left(), 5);
+        ASSERT_EQ(part.width(), 7);
+        ASSERT_LE(part.height(), 9); // twelve parts
+        for (int y = part.top(); y <= part.bottom(); ++y)
+            ++rows[std::size_t(y)];
+    });
+    EXPECT_EQ(rows, std::vector<int>(100, 1));
+    EXPECT_EQ(threads.runs, 2);
+}
+
+// The caller does alone what is one thing, or of which no part would be worth a hand; all of it where there is no
+// other.
+TEST(Workers, areNotAskedForOneThing)
+{
+    Threads threads(2);
+    std::vector<QRect> parts;
+    const auto note = [&parts](const QRect &part) { parts.push_back(part); };
+    shareOut(&threads, 1, [](int, int worker) { EXPECT_EQ(worker, 0); });
+    shareOut(&threads, QRect(0, 0, 3, 8), note);
+    shareOut(nullptr, QRect(0, 0, 3, 500), note);
+    shareOut(&threads, QRect(), note);
+    EXPECT_EQ(threads.runs, 0);
+    EXPECT_EQ(parts, (std::vector<QRect>{QRect(0, 0, 3, 8), QRect(0, 0, 3, 500)}));
+    std::atomic<int> count{};
+    shareOut(&threads, QRect(0, 0, 3, 9), [&count](const QRect &) { ++count; });
+    EXPECT_EQ(threads.runs, 1);
+    EXPECT_EQ(count, 2);
+}
+
+// What is large: repaints, papers, a page that comes back, and what is shown of it.
+TEST(Page, severalHandsPaintWhatOneDoes)
+{
+    constexpr QSize kLarge(1100, 1000); // more than 2 to the 20th
+    const std::vector<Life> objects = lives(2, kLarge, 60);
+    Threads threads(3);
+    Page one(kLarge), several(kLarge);
+    several.lend(&threads);
+    int runs = 0;
+    const auto expectSame = [&](const char *after) {
+        SCOPED_TRACE(after);
+        EXPECT_TRUE(samePixels(several.picture(), one.picture()));
+        EXPECT_TRUE(samePixels(several.ink(), one.ink()));
+        EXPECT_TRUE(samePixels(several.surface(), one.surface()));
+        EXPECT_GT(threads.runs, runs);
+        runs = threads.runs;
+    };
+    for (Page *page : {&one, &several})
+        fill(*page, objects);
+    expectSame("the first painting");
+    for (Page *page : {&one, &several}) {
+        page->remove({1, 75});
+        page->spoil();
+        page->repaint();
+    }
+    expectSame("a repaint");
+    for (Page *page : {&one, &several}) {
+        page->setPaper({Paper::Kind::Squared, {}});
+        page->repaint();
+    }
+    expectSame("another paper");
+    for (Page *page : {&one, &several}) {
+        page->pack();
+        page->release();
+    }
+    expectSame("back from its note");
+}
+
+// A small page is painted before others have begun.
+TEST(Page, isPaintedAloneWhereItIsSmall)
+{
+    constexpr QSize kBelow(1023, 1024), kFrom(1024, 1024);
+    for (const QSize &size : {kBelow, kFrom}) {
+        Page page(size);
+        Threads threads(2);
+        page.surface();
+        page.lend(&threads);
+        page.spoil();
+        page.repaint(); // copies the page to the surface
+        EXPECT_EQ(threads.runs, size == kFrom ? 1 : 0);
+    }
 }

@@ -153,7 +153,11 @@ TEST(Sprite, onlyWhatDiffersIsPainted)
         pixelAt(after.page, x, 2) = 0xFF000000;
         pixelAt(after.page, x, 5) = 0xFF000000;
     }
-    sprite->paint(after.page, *Difference::of(before.page, after.page));
+    const Difference where = *Difference::of(before.page, after.page);
+    sprite->paint(after.page, where, {0, 3, 64, 2}); // no row of it
+    EXPECT_EQ(pixelAt(after.page, 20, 2), 0xFF000000);
+    EXPECT_EQ(pixelAt(after.page, 41, 5), 0xFF000000);
+    sprite->paint(after.page, where, {0, 2, 64, 4});
     for (const int x : {20, 25, 26, 41, 49})
         EXPECT_EQ(pixelAt(after.page, x, 2), kRed) << x;
     for (const int x : {21, 24, 27, 40, 48})
