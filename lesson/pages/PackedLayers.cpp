@@ -5,6 +5,8 @@
 #include "lesson/pages/Workers.h"
 
 #include <algorithm>
+#include <cstring>
+#include <iterator>
 #include <utility>
 
 namespace InkLesson {
@@ -85,6 +87,22 @@ std::vector<quint32> packed(const Pixels &pixels, std::size_t count)
     return words;
 }
 
+// Whether they tell so many pixels, no more and no less, by kinds from `lowest` on.
+bool tellAll(const std::vector<quint32> &words, std::size_t count, Kind lowest)
+{
+    std::size_t told = 0;
+    for (std::size_t at = 0; at < words.size();) {
+        const std::size_t length = words[at] >> kKindBits;
+        const auto kind = Kind(words[at] & ((1U << kKindBits) - 1));
+        const std::size_t more = kind == Kind::Color ? 1 : kind == Kind::Kept ? length : 0;
+        if (kind < lowest || length > count - told || more > words.size() - at - 1)
+            return false;
+        told += length;
+        at += 1 + more;
+    }
+    return told == count;
+}
+
 void unpack(const std::vector<quint32> &words, QRgb *pixel, const QRgb *background, const QRgb *ink)
 {
     const QRgb *const first = pixel;
@@ -141,6 +159,47 @@ std::size_t PackedLayers::bytes() const
     for (const Part &part : m_parts)
         words += part.page.capacity() + part.ink.capacity();
     return words * sizeof(quint32);
+}
+
+// Of each part the number of words of the page and that of the ink, and then those.
+QByteArray PackedLayers::toBytes() const
+{
+    QByteArray bytes;
+    const auto add = [&bytes](const quint32 *first, std::size_t count) {
+        bytes.append(reinterpret_cast<const char *>(first), int(count * sizeof *first));
+    };
+    for (const Part &part : m_parts) {
+        const quint32 counts[] = {quint32(part.page.size()), quint32(part.ink.size())};
+        add(counts, std::size(counts));
+        add(part.page.data(), part.page.size());
+        add(part.ink.data(), part.ink.size());
+    }
+    return bytes;
+}
+
+std::unique_ptr<PackedLayers> PackedLayers::fromBytes(const QByteArray &bytes, const QSize &size)
+{
+    std::unique_ptr<PackedLayers> layers(new PackedLayers(size));
+    qsizetype at = 0;
+    const auto read = [&](std::size_t count, Runs &words) {
+        if (count > std::size_t(bytes.size() - at) / sizeof(quint32))
+            return false;
+        words.resize(count);
+        std::memcpy(words.data(), bytes.constData() + at, count * sizeof(quint32));
+        at += qsizetype(count * sizeof(quint32));
+        return true;
+    };
+    for (int y = 0; y < size.height(); y += kRowsOfAPart) {
+        Runs counts;
+        Part part;
+        if (!read(2, counts) || !read(counts[0], part.page) || !read(counts[1], part.ink))
+            return nullptr;
+        const std::size_t count = pixelsOfPart(size, y);
+        if (!tellAll(part.page, count, Kind::Background) || !tellAll(part.ink, count, Kind::Color))
+            return nullptr;
+        layers->m_parts.push_back(std::move(part));
+    }
+    return at == bytes.size() ? std::move(layers) : nullptr;
 }
 
 } // namespace InkLesson

@@ -2,6 +2,7 @@
 
 #include "lesson/Export.h"
 
+#include <QtCore/QByteArray>
 #include <QtCore/QSize>
 #include <QtGui/QImage>
 
@@ -26,7 +27,18 @@ public:
 
     std::size_t bytes() const;
 
+    // All of it, to be read by the same program on the same machine.
+    QByteArray toBytes() const;
+
+    // Null for bytes that are no such layers of that size, whatever they are.
+    static std::unique_ptr<PackedLayers> fromBytes(const QByteArray &bytes, const QSize &size);
+
 private:
+    explicit PackedLayers(const QSize &size)
+        : m_size(size)
+    {
+    }
+
     using Runs = std::vector<quint32>;
     struct Part // some whole rows of the layers
     {

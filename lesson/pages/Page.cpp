@@ -74,25 +74,34 @@ void Page::paintAnew()
     show(rect());
 }
 
-// Objects paint themselves at once, each alone; what comes of it is kept in their order, as ever.
 void Page::prepare(const std::function<void(double)> &tell)
 {
     constexpr std::size_t kAtOnce = 64; // objects
-    std::vector<Sketch> sketches(std::size_t(m_workers ? m_workers->count() : 1));
-    for (std::size_t first = 0; first < m_items.size(); first += kAtOnce) {
-        const std::size_t end = std::min(first + kAtOnce, m_items.size());
-        std::vector<std::shared_ptr<const Sprite>> sprites(end - first);
-        shareOut(m_workers, int(end - first), [&](int i, int worker) {
-            Item &item = *m_items[first + std::size_t(i)];
-            if (awaitsSprite(item))
-                sprites[std::size_t(i)] = sketched(item, sketches[std::size_t(worker)]);
-        });
-        for (std::size_t i = first; i < end; ++i) {
-            if (awaitsSprite(*m_items[i])) // still, since there is room for so many
-                keepSprite(*m_items[i], std::move(sprites[i - first]));
-            tell(double(i + 1) / double(m_items.size()));
-        }
+    while (prepareNext(kAtOnce))
+        tell(double(m_prepared) / double(m_items.size()));
+    tell(1);
+}
+
+// Objects paint themselves at once, each alone; what comes of it is kept in their order, as ever.
+bool Page::prepareNext(std::size_t count)
+{
+    m_sketches.resize(std::size_t(m_workers ? m_workers->count() : 1));
+    const std::size_t first = std::min(m_prepared, m_items.size()), end = std::min(first + count, m_items.size());
+    std::vector<std::shared_ptr<const Sprite>> sprites(end - first);
+    shareOut(m_workers, int(end - first), [&](int i, int worker) {
+        Item &item = *m_items[first + std::size_t(i)];
+        if (awaitsSprite(item))
+            sprites[std::size_t(i)] = sketched(item, m_sketches[std::size_t(worker)]);
+    });
+    for (std::size_t i = first; i < end; ++i) {
+        if (awaitsSprite(*m_items[i])) // still, since there is room for so many
+            keepSprite(*m_items[i], std::move(sprites[i - first]));
     }
+    m_prepared = end;
+    if (end < m_items.size())
+        return true;
+    m_sketches.resize(1);
+    return false;
 }
 
 void Page::lend(Workers *workers)
@@ -114,6 +123,12 @@ void Page::pack()
         m_packed = std::make_unique<PackedLayers>(*m_layers);
 }
 
+void Page::show(std::unique_ptr<PackedLayers> packed)
+{
+    m_changed.clear();
+    m_packed = std::move(packed);
+}
+
 void Page::keepSprites(bool keeps)
 {
     m_keepsSprites = keeps;
@@ -125,7 +140,8 @@ void Page::forgetSprites()
     for (const auto &item : m_items)
         item->sprite.reset();
     m_spriteBytes = 0;
-    m_sketch.release();
+    m_sketches = std::vector<Sketch>(1);
+    m_prepared = 0;
     m_ahead = {};
 }
 
@@ -352,7 +368,7 @@ std::shared_ptr<const Sprite> Page::sketched(Item &item, Sketch &sketch) const
 void Page::makeSprite(Item &item)
 {
     if (awaitsSprite(item))
-        keepSprite(item, sketched(item, m_sketch));
+        keepSprite(item, sketched(item, m_sketches.front()));
 }
 
 // What the object has rendered for itself alone is given back then.
@@ -409,7 +425,7 @@ bool Page::leavesMark(CInkGraph &object, const QRect &asked, const Tool *tool, b
     prepared(object, tool, background);
     const QImage page = picture().copy(area), inked = ink().copy(area);
     m_ahead = {&object,
-               canHaveSprite(object, tool) ? m_sketch.spriteOf(object, onPage(asked), area, rect().size()) : nullptr};
+               canHaveSprite(object, tool) ? m_sketches.front().spriteOf(object, onPage(asked), area, rect().size()) : nullptr};
     {
         LayerPainting painting(*m_layers, LayerPainting::On::PageAndInk, rect());
         if (m_ahead.sprite)

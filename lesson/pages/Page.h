@@ -72,7 +72,12 @@ public:
     // that. A page without pixels is left as it is.
     void pack();
     std::size_t packedBytes() const { return m_packed ? m_packed->bytes() : 0; }
+    const PackedLayers *packed() const { return m_packed.get(); } // null without
     void dropPacked() { m_packed.reset(); }
+
+    // The same with a note that was made elsewhere of a page of this size with the same objects. The page has no pixels
+    // yet.
+    void show(std::unique_ptr<PackedLayers> packed);
 
     // Gives an object of the page anew, as it was put there. Where there is such a function, objects whose sprites are
     // kept give back what they have rendered for themselves.
@@ -84,8 +89,12 @@ public:
     // May do what takes long together, from now on; null for none.
     void lend(Workers *workers);
 
-    // Does ahead what takes longest of the first painting. `tell` hears now and then how much of that is done, up to 1.
+    // Does ahead what takes longest of the first painting of each object. `tell` hears now and then how much of that is
+    // done, up to 1.
     void prepare(const std::function<void(double share)> &tell);
+
+    // The same for so many of the objects that this has not come to before. False once there are no more.
+    bool prepareNext(std::size_t count);
 
     // Whether objects are painted again by what they have painted, which takes memory for each; they are from the
     // start.
@@ -176,7 +185,8 @@ private:
     std::unordered_map<ObjectId, const Item *> m_byName;
     bool m_keepsSprites{true};
     std::size_t m_spriteBytes{}; // of all items
-    Sketch m_sketch;
+    std::vector<Sketch> m_sketches{1}; // one for each of the workers, while they prepare objects
+    std::size_t m_prepared{};          // of the items, the first so many
     struct Ahead
     {
         const CInkGraph *object;

@@ -17,9 +17,6 @@ public:
     std::shared_ptr<const Sprite> spriteOf(CInkGraph &object, const QRect &asked, const QRect &reach,
                                            const QSize &page);
 
-    // Gives the memory back.
-    void release() { m_pixels = QImage(); }
-
 private:
     QImage m_pixels;
 };

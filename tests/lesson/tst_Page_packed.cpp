@@ -127,3 +127,73 @@ TEST(Page, anyPageComesBackAsItWas)
         }
     }
 }
+
+// Another page with the same objects shows what the first one noted, and paints nothing for it.
+TEST_F(PageTest, showsWhatAnotherHasNoted)
+{
+    putOnTop(page, itemOf(kFirst, lineLife({20, 40}, {60, 40}, QColor(kRed))));
+    page.pack();
+    const QByteArray bytes = page.packed()->toBytes();
+    Page other({200, 150});
+    other.put(itemOf(kFirst, lineLife({20, 40}, {60, 40}, QColor(kGreen))), 0); // would be seen
+    auto read = PackedLayers::fromBytes(bytes, {200, 150});
+    ASSERT_TRUE(read);
+    EXPECT_EQ(read->toBytes(), bytes);
+    other.show(std::move(read));
+    EXPECT_TRUE(other.repaint().isEmpty());
+    EXPECT_TRUE(samePixels(other.picture(), page.picture()));
+    EXPECT_TRUE(samePixels(other.ink(), page.ink()));
+    EXPECT_TRUE(samePixels(other.surface(), page.surface()));
+    other.spoil();
+    EXPECT_EQ(other.packed(), nullptr);
+    other.repaint();
+    EXPECT_EQ(other.picture().pixel(40, 40), kGreen);
+}
+
+namespace {
+
+// A page of 2 x 65 white pixels: 128 of them in the first part, 2 in the second.
+std::vector<quint32> wordsOfTwoParts()
+{
+    constexpr quint32 kBackground = 0, kInk = 1, kColor = 2, kKept = 3;
+    return {1, 2, 128 << 2 | kBackground, 128 << 2 | kColor, 0, 1, 3, 2 << 2 | kInk, 2 << 2 | kKept, 0, 0};
+}
+
+bool isRead(const std::vector<quint32> &words, std::size_t bytes)
+{
+    return bool(PackedLayers::fromBytes(QByteArray(reinterpret_cast<const char *>(words.data()), int(bytes)), {2, 65}));
+}
+
+bool isRead(const std::vector<quint32> &words)
+{
+    return isRead(words, words.size() * sizeof words[0]);
+}
+
+} // namespace
+
+TEST(PackedLayers, readNothingButLayers)
+{
+    const std::vector<quint32> words = wordsOfTwoParts();
+    EXPECT_TRUE(isRead(words));
+    for (std::size_t bytes = 0; bytes < words.size() * sizeof words[0]; ++bytes)
+        EXPECT_FALSE(isRead(words, bytes)) << bytes;
+    std::vector<quint32> more = words;
+    more.push_back(0);
+    EXPECT_FALSE(isRead(more));
+    const auto with = [&words](std::size_t place, quint32 word) {
+        std::vector<quint32> other = words;
+        other[place] = word;
+        return other;
+    };
+    EXPECT_FALSE(isRead(with(0, 0xFFFFFFFF))); // words of the page
+    EXPECT_FALSE(isRead(with(2, 127 << 2)));   // pixels too few
+    EXPECT_FALSE(isRead(with(2, 129 << 2)));   // too many
+    EXPECT_FALSE(isRead(with(2, 0xFFFFFFFC)));
+    EXPECT_FALSE(isRead(with(3, 128 << 2)));     // ink that is the background
+    EXPECT_FALSE(isRead(with(3, 128 << 2 | 1))); // or itself
+    EXPECT_FALSE(isRead(with(3, 128 << 2 | 3))); // more pixels than there are words
+    EXPECT_FALSE(isRead(with(8, 3 << 2 | 3)));
+    EXPECT_TRUE(isRead(with(4, 0xFF123456))); // any colour
+    EXPECT_FALSE(isRead({}));
+    EXPECT_FALSE(PackedLayers::fromBytes("all of a page that has no rows", {2, 0}));
+}

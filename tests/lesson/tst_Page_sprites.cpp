@@ -87,12 +87,33 @@ TEST(Page, whatTakesLongestIsDoneAhead)
     page.put(blockOf(kSecond, {40, 30, 10, 10}, kGreen), 9);
     std::vector<double> told;
     page.prepare([&told](double share) { told.push_back(share); });
-    EXPECT_EQ(told, (std::vector<double>{0.5, 1}));
+    EXPECT_EQ(told, std::vector<double>{1});
     EXPECT_TRUE(page.item(kFirst)->sprite);
     EXPECT_FALSE(page.item(kSecond)->sprite);
     EXPECT_FALSE(page.isPainted());
     EXPECT_EQ(page.picture().pixel(40, 20), kRed);
     EXPECT_EQ(page.picture().pixel(45, 35), kGreen);
+}
+
+// A few at a time, while there is something else to be done in between.
+TEST(Page, isPreparedPieceByPiece)
+{
+    Page page({200, 150});
+    for (const ObjectId &id : {kFirst, kSecond, kThird})
+        page.put(itemOf(id, lineLife({20, 20}, {60, 20}, QColor(kRed))), 9);
+    EXPECT_TRUE(page.prepareNext(2));
+    EXPECT_TRUE(page.item(kSecond)->sprite);
+    EXPECT_FALSE(page.item(kThird)->sprite);
+    page.remove(kFirst);
+    page.remove(kSecond);
+    EXPECT_FALSE(page.prepareNext(2));
+    page.put(itemOf(kFirst, lineLife({20, 20}, {60, 20}, QColor(kRed))), 9);
+    EXPECT_FALSE(page.prepareNext(1));
+    EXPECT_TRUE(page.item(kFirst)->sprite);
+    EXPECT_FALSE(page.item(kThird)->sprite); // it was passed over, and waits until it is painted
+    page.grow({260, 150});
+    EXPECT_TRUE(page.prepareNext(1)); // all anew
+    EXPECT_TRUE(page.item(kThird)->sprite);
 }
 
 // What has been away while the page grew reaches as far as the page does now.
