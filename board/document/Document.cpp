@@ -5,6 +5,7 @@
 #include "lesson/storage/LessonFile.h"
 
 #include <QtCore/QDateTime>
+#include <QtCore/QElapsedTimer>
 #include <QtCore/QUuid>
 
 #include <algorithm>
@@ -20,6 +21,9 @@ constexpr int kOnlyAuthor = 1;
 constexpr int kSyncDelay = 500; // milliseconds
 constexpr int kKeptPages = 3;   // that were shown last, and keep their pixels
 constexpr int kPackDelay = 300; // milliseconds
+constexpr int kKeepDelay = 1000;
+constexpr int kPreparing = 8; // milliseconds at a time
+constexpr int kPause = 4;     // and between, when others are answered
 constexpr std::size_t kMostPackedBytes = 64 << 20;
 
 // Sorts by time, and is like no other.
@@ -44,6 +48,11 @@ Document::Document(const QSize &pageSize, double density, QObject *parent)
         for (int i = 1; i < m_kept.size(); ++i)
             pack(m_kept[i]);
     });
+    m_keeping.setSingleShot(true);
+    m_keeping.setInterval(kKeepDelay);
+    connect(&m_keeping, &QTimer::timeout, this, &Document::keepPicture);
+    m_preparing.setInterval(kPause);
+    connect(&m_preparing, &QTimer::timeout, this, &Document::prepareSome);
     m_looking.setSingleShot(true);
     m_looking.setInterval(0);
     connect(&m_looking, &QTimer::timeout, this, &Document::lookAround);
@@ -78,6 +87,8 @@ void Document::take(std::unique_ptr<Lesson> lesson, int author)
     m_shown = 0;
     m_kept = {m_author->page()};
     m_packed.clear();
+    m_keeping.stop();
+    m_preparing.stop();
 }
 
 void Document::noted(const Record &record)
@@ -234,9 +245,36 @@ QString Document::save(const QString &fileName)
     if (fileName == m_saved.name && m_saved.isTouched())
         return tr("%1: another program has changed it since. Save under another name.").arg(fileName);
     QString problem = saveLesson(*m_lesson, fileName);
-    if (problem.isEmpty())
+    if (problem.isEmpty()) {
         remember(fileName);
+        keepPicture();
+    }
     return problem;
+}
+
+void Document::keepPictures(const QString &folder)
+{
+    m_pictures = std::make_unique<PagePictures>(folder);
+}
+
+// Of the page that is shown when the lesson is opened, as it is in the file.
+void Document::keepPicture()
+{
+    if (m_pictures && !m_isShared && isSaved() && !m_saved.name.isEmpty())
+        m_pictures->keep(*m_lesson, m_lesson->pageId(0));
+}
+
+// While nothing is in the hand.
+void Document::prepareSome()
+{
+    QElapsedTimer clock;
+    clock.start();
+    while (!m_author->hand() && clock.elapsed() < kPreparing) {
+        if (m_lesson->page(m_author->page()).prepareNext(std::size_t(m_workers.count())))
+            continue;
+        m_preparing.stop();
+        return;
+    }
 }
 
 bool Document::load(const QString &fileName, QString &problem, const Progress &tell, int author)
@@ -252,9 +290,19 @@ bool Document::load(const QString &fileName, QString &problem, const Progress &t
     if (!lesson)
         return false;
     lesson->lend(&m_workers);
-    lesson->page(lesson->pageId(0)).prepare(toldOf(kReading, 1 - kReading));
+    const PageId first = lesson->pageId(0);
+    std::unique_ptr<PackedLayers> picture = m_pictures ? m_pictures->find(*lesson, first) : nullptr;
+    const bool isThere = picture != nullptr;
+    if (isThere)
+        lesson->page(first).show(std::move(picture));
+    else
+        lesson->page(first).prepare(toldOf(kReading, 1 - kReading));
     m_author->finish();
     take(std::move(lesson), author);
+    if (isThere)
+        m_preparing.start();
+    else
+        m_keeping.start();
     tellOpened();
     return true;
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "board/document/PagePictures.h"
 #include "board/document/ThreadWorkers.h"
 
 #include "lesson/authoring/Author.h"
@@ -73,6 +74,10 @@ public:
     // A file that was changed since then is not touched.
     QString recover(const QString &journal, const Progress &tell = {});
 
+    // Pictures of the first page of saved lessons are kept in `folder` from now on, so that one of many objects is
+    // there at once when it is opened again. Those of a lesson that is shared are not.
+    void keepPictures(const QString &folder);
+
     void discardJournal() { m_journal->discard(); }
 
     // The lesson is shared from now on: its journal tells how, and what is settled. Another person's steps may come in
@@ -128,6 +133,8 @@ private:
     void stayOnAPage();
     void takeBack(const std::optional<InkLesson::StepId> &step, bool (InkLesson::Author::*act)());
     void remember(const QString &fileName);
+    void keepPicture();
+    void prepareSome();
     void noted(const InkLesson::Lesson::LogChange &change);
     void lookAround();
     bool keepFresh(InkLesson::Journal &journal, QString &problem) const;
@@ -147,6 +154,9 @@ private:
     QList<InkLesson::PageId> m_kept;   // pages that were shown last, the newest first
     QList<InkLesson::PageId> m_packed; // and those of which there is a note, the newest first
     QTimer m_packing;
+    std::unique_ptr<PagePictures> m_pictures; // null where none are kept
+    QTimer m_keeping;                         // the picture of a lesson that was opened
+    QTimer m_preparing;                       // what was opened with a picture
 
     InkLesson::SavedFile m_saved;
     bool m_isChanged{}; // since it was saved; that a page has grown is no change

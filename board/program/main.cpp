@@ -53,6 +53,8 @@ int showWindow(const CommandLine &line)
     if (window.canvas().page().isNull())
         return ended(QApplication::translate("Board", "not enough memory for the page"));
     const QString folder = QStandardPaths::writableLocation(QStandardPaths::AppDataLocation);
+    const QString cache = QStandardPaths::writableLocation(QStandardPaths::CacheLocation);
+    window.document().keepPictures(cache + QStringLiteral("/pages"));
     window.setAsksBeforeClosing(line.exportFile.isEmpty());
     window.sharing().sharing().setFolder(folder);
     window.chooseTool(*line.tool);

@@ -424,8 +424,9 @@ bool Page::leavesMark(CInkGraph &object, const QRect &asked, const Tool *tool, b
     int background = 0;
     prepared(object, tool, background);
     const QImage page = picture().copy(area), inked = ink().copy(area);
-    m_ahead = {&object,
-               canHaveSprite(object, tool) ? m_sketches.front().spriteOf(object, onPage(asked), area, rect().size()) : nullptr};
+    m_ahead = {&object, canHaveSprite(object, tool)
+                            ? m_sketches.front().spriteOf(object, onPage(asked), area, rect().size())
+                            : nullptr};
     {
         LayerPainting painting(*m_layers, LayerPainting::On::PageAndInk, rect());
         if (m_ahead.sprite)

@@ -184,7 +184,7 @@ private:
     Items m_items;
     std::unordered_map<ObjectId, const Item *> m_byName;
     bool m_keepsSprites{true};
-    std::size_t m_spriteBytes{}; // of all items
+    std::size_t m_spriteBytes{};       // of all items
     std::vector<Sketch> m_sketches{1}; // one for each of the workers, while they prepare objects
     std::size_t m_prepared{};          // of the items, the first so many
     struct Ahead

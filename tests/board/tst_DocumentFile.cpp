@@ -173,11 +173,10 @@ void tst_DocumentFile::openingTellsHowFarItIs()
     std::vector<double> told;
     Document opened(kSize);
     QCOMPARE(opened.open(path("far.inkboard"), [&told](double share) { told.push_back(share); }), QString());
-    QCOMPARE(told.size(), std::size_t(4));
+    QCOMPARE(told.size(), std::size_t(3));
     QVERIFY(std::is_sorted(told.begin(), told.end()));
     QCOMPARE(told[1], 0.15);
-    QCOMPARE(told[2], 0.575);
-    QCOMPARE(told[3], 1.0);
+    QCOMPARE(told[2], 1.0); // objects are prepared 64 at a time
 }
 
 void tst_DocumentFile::savesOnlyChanges()
