@@ -165,6 +165,20 @@ TEST(Workers, areNotAskedForOneThing)
     EXPECT_EQ(count, 2);
 }
 
+// Also where nobody has prepared it.
+TEST(Page, severalHandsPaintAPageFirst)
+{
+    const std::vector<Life> objects = lives(3);
+    Page one(kSize), several(kSize);
+    Threads threads(2);
+    several.lend(&threads);
+    for (Page *page : {&one, &several})
+        fill(*page, objects);
+    EXPECT_TRUE(samePixels(several.surface(), one.surface()));
+    EXPECT_TRUE(samePixels(several.ink(), one.ink()));
+    EXPECT_EQ(threads.runs, 1); // all objects at once; laying them down is little on a page this small
+}
+
 // What is large: repaints, papers, a page that comes back, and what is shown of it.
 TEST(Page, severalHandsPaintWhatOneDoes)
 {
