@@ -355,11 +355,18 @@ QString DocumentSharing::words() const
     case State::Joining:
         return joiningWords();
     case State::On:
-        return isConnected() ? sharedWords() : tr("Reconnecting since %1").arg(timeWords()) + unsentWords();
+        return isConnected() ? sharedWords() : awayWords() + unsentWords();
     case State::Ending:
         return tr("The others are being sent what they have not got yet …");
     }
     return {};
+}
+
+QString DocumentSharing::awayWords() const
+{
+    if (m_connection && m_connection->wasClosed())
+        return tr("The lesson has been ended, you keep all of it");
+    return tr("Reconnecting since %1").arg(timeWords());
 }
 
 QString DocumentSharing::joiningWords() const

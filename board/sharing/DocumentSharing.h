@@ -105,6 +105,7 @@ private:
     void forgetDoors();
     void look();
     void tellPresence();
+    QString awayWords() const;
     QString joiningWords() const;
     QString sharedWords() const;
     QString unsentWords() const;

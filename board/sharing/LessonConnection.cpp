@@ -110,8 +110,12 @@ void LessonConnection::connectToDoor()
         };
         connect(socket, signal, this, ifThere, Qt::QueuedConnection);
     };
-    later(&QWebSocket::connected, [this] { m_client.opened(m_clock.elapsed()); });
-    later(&QWebSocket::disconnected, [this] {
+    later(&QWebSocket::connected, [this] {
+        m_wasClosed = false;
+        m_client.opened(m_clock.elapsed());
+    });
+    later(&QWebSocket::disconnected, [this, socket] {
+        m_wasClosed = m_wasClosed || socket->closeCode() == QWebSocketProtocol::CloseCodeGoingAway;
         dropSocket();
         m_client.closed(m_clock.elapsed());
     });

@@ -379,6 +379,10 @@
         <source>The lesson is being made ready for others …</source>
         <translation>Die Stunde wird für andere bereitgemacht …</translation>
     </message>
+    <message>
+        <source>The lesson has been ended, you keep all of it</source>
+        <translation>Die Stunde wurde beendet, alles davon bleibt hier</translation>
+    </message>
 </context>
 <context>
     <name>Board::DoorProcess</name>

@@ -108,10 +108,22 @@ void Wires::send(int connection, const QByteArray &message)
 void Wires::close(int connection)
 {
     const auto wire = m_wires.find(connection);
-    if (wire == m_wires.end() || wire->second.closeBy != 0)
+    if (wire != m_wires.end())
+        close(wire->second, QWebSocketProtocol::CloseCodeNormal);
+}
+
+void Wires::closeAll()
+{
+    for (auto &[connection, wire] : m_wires)
+        close(wire, QWebSocketProtocol::CloseCodeGoingAway);
+}
+
+void Wires::close(Wire &wire, QWebSocketProtocol::CloseCode code)
+{
+    if (wire.closeBy != 0)
         return;
-    wire->second.closeBy = m_clock.elapsed() + kLongestClosing;
-    wire->second.socket->close();
+    wire.closeBy = m_clock.elapsed() + kLongestClosing;
+    wire.socket->close(code);
 }
 
 qint64 Wires::unsent(int connection) const

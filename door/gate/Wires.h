@@ -4,6 +4,7 @@
 
 #include <QtCore/QElapsedTimer>
 #include <QtCore/QObject>
+#include <QtWebSockets/QWebSocketProtocol>
 
 #include <map>
 #include <memory>
@@ -32,6 +33,9 @@ public:
     void add(std::unique_ptr<QWebSocket> socket);
     void tick();
 
+    // Tells everybody that this door goes away (code 1001 of RFC 6455), and hears nothing more of them.
+    void closeAll();
+
     // Ends all without a word. To be called before the gate goes: it is Qt's server of WebSockets that takes away what
     // lies below one.
     void clear();
@@ -54,6 +58,7 @@ private:
         bool isCutOff{};
     };
 
+    void close(Wire &wire, QWebSocketProtocol::CloseCode code);
     void received(int connection, const QByteArray &message);
     void written(int connection);
     void disconnected(int connection);

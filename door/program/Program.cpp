@@ -11,12 +11,16 @@
 #include <QtNetwork/QSslSocket>
 #include <QtWebSockets/QWebSocket>
 
+#include <algorithm>
+#include <utility>
+
 namespace InkDoor {
 
 namespace {
 
 constexpr int kTick = 100;             // ms
 constexpr qint64 kLongestEnd = 10'000; // ms
+constexpr qint64 kLongestGoodbye = 1'000;
 constexpr int kWrong = 2;
 constexpr qint64 kMillion = 1'000'000;
 
@@ -151,8 +155,11 @@ void Program::tick()
     m_door->tick();
     if (m_endBy == 0)
         return;
-    const bool isDrained = m_door->drain();
-    if ((isDrained && m_wires.unsentBytes() == 0) || m_clock.elapsed() > m_endBy)
+    if (m_door->drain() && m_wires.unsentBytes() == 0 && !std::exchange(m_hasSaidGoodbye, true)) {
+        m_wires.closeAll();
+        m_endBy = std::min(m_endBy, m_clock.elapsed() + kLongestGoodbye);
+    }
+    if ((m_hasSaidGoodbye && m_wires.count() == 0) || m_clock.elapsed() > m_endBy)
         QCoreApplication::exit(EXIT_SUCCESS);
 }
 

@@ -53,6 +53,7 @@ private:
     Histogram m_lateness; // of ticks
     qint64 m_tickDue{};   // ns
     qint64 m_endBy{};     // ms; 0 until it is to end
+    bool m_hasSaidGoodbye{};
 };
 
 } // namespace InkDoor

@@ -6,6 +6,8 @@
 #include <QtNetwork/QSslConfiguration>
 #include <QtNetwork/QSslSocket>
 #include <QtNetwork/QTcpServer>
+#include <QtNetwork/QTcpSocket>
+#include <QtWebSockets/QWebSocket>
 
 #include <gtest/gtest.h>
 
@@ -44,6 +46,25 @@ TEST(Program, printsItsAddressAndEndsWhenItIsAskedTo)
     ASSERT_TRUE(door.ends(3'000));
     EXPECT_EQ(door.exitCode(), 0);
     EXPECT_EQ(door.errors(), kWordsOfMemory + "inkboard-door: is ending\n");
+}
+
+// 1001 of RFC 6455. Who does not answer is not waited for.
+TEST(Program, tellsBoardsThatItGoesAway)
+{
+    DoorProgram door;
+    ASSERT_TRUE(door.start(kMemory));
+    QWebSocket board;
+    board.open(door.socketAddress());
+    QTcpSocket mute;
+    mute.connectToHost(QHostAddress::LocalHost, quint16(door.address().port()));
+    mute.write("GET /socket HTTP/1.1\r\nHost: a\r\nConnection: Upgrade\r\nUpgrade: websocket\r\n"
+               "Sec-WebSocket-Key: dGhlIHNhbXBsZSBub25jZQ==\r\nSec-WebSocket-Version: 13\r\n\r\n");
+    ASSERT_TRUE(runUntil([&] { return door.metric("inkboard_connections") == 2; }));
+    door.terminate();
+    ASSERT_TRUE(runUntil([&] { return board.state() == QAbstractSocket::UnconnectedState; }));
+    EXPECT_EQ(board.closeCode(), QWebSocketProtocol::CloseCodeGoingAway);
+    ASSERT_TRUE(door.ends(3'000));
+    EXPECT_EQ(door.exitCode(), 0);
 }
 
 TEST(Program, countsWhatItsDocumentNames)
