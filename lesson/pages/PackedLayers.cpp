@@ -95,7 +95,7 @@ bool tellAll(const std::vector<quint32> &words, std::size_t count, Kind lowest)
         const std::size_t length = words[at] >> kKindBits;
         const auto kind = Kind(words[at] & ((1U << kKindBits) - 1));
         const std::size_t more = kind == Kind::Color ? 1 : kind == Kind::Kept ? length : 0;
-        if (kind < lowest || length > count - told || more > words.size() - at - 1)
+        if (kind < lowest || more > words.size() - at - 1)
             return false;
         told += length;
         at += 1 + more;
