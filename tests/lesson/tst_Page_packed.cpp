@@ -193,6 +193,9 @@ TEST(PackedLayers, readNothingButLayers)
     EXPECT_FALSE(isRead(with(3, 128 << 2 | 1))); // or itself
     EXPECT_FALSE(isRead(with(3, 128 << 2 | 3))); // more pixels than there are words
     EXPECT_FALSE(isRead(with(8, 3 << 2 | 3)));
+    std::vector<quint32> fewer = with(6, 2); // pixels of the ink than are told
+    fewer.pop_back();
+    EXPECT_FALSE(isRead(fewer));
     EXPECT_TRUE(isRead(with(4, 0xFF123456))); // any colour
     EXPECT_FALSE(isRead({}));
     EXPECT_FALSE(PackedLayers::fromBytes("all of a page that has no rows", {2, 0}));
