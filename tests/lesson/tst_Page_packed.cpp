@@ -189,8 +189,12 @@ TEST(PackedLayers, readNothingButLayers)
     EXPECT_FALSE(isRead(with(2, 127 << 2)));   // pixels too few
     EXPECT_FALSE(isRead(with(2, 129 << 2)));   // too many
     EXPECT_FALSE(isRead(with(2, 0xFFFFFFFC)));
-    EXPECT_FALSE(isRead(with(3, 128 << 2)));     // ink that is the background
-    EXPECT_FALSE(isRead(with(3, 128 << 2 | 1))); // or itself
+    for (const quint32 kind : {0U, 1U}) { // ink that is the background, or itself
+        std::vector<quint32> other = with(3, 128 << 2 | kind);
+        other[1] = 1;
+        other.erase(other.begin() + 4);
+        EXPECT_FALSE(isRead(other)) << kind;
+    }
     EXPECT_FALSE(isRead(with(3, 128 << 2 | 3))); // more pixels than there are words
     EXPECT_FALSE(isRead(with(8, 3 << 2 | 3)));
     std::vector<quint32> fewer = with(6, 2); // pixels of the ink than are told
