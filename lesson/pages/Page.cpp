@@ -68,8 +68,8 @@ void Page::paintAnew()
     if (m_layers->isNull())
         return;
     m_layers->lend(m_workers);
-    if (m_workers)
-        prepareNext(m_items.size()); // which they do together
+    if (m_workers) // who do together what the painting would do
+        prepareNext(m_items.size());
     m_change = Change::Any; // what has changed since the last repaint() is painted here
     layPaper();
     repaint(rect());
