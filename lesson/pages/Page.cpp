@@ -22,8 +22,7 @@ QRect reachOf(CInkGraph &object, const QRect &asked)
 // Qt cuts outlines that go farther, at the edge of what it may paint just then.
 const QRect kUncut(QPoint(-16384, -16384), QPoint(16384, 16384));
 
-constexpr std::size_t kMostParts = 4;             // of what has changed
-constexpr std::size_t kMostSpriteBytes = 3 << 24; // of one page
+constexpr std::size_t kMostParts = 4; // of what has changed
 
 // Where it paints.
 QRect extentOf(const Item &item)
@@ -69,41 +68,11 @@ void Page::paintAnew()
         return;
     m_layers->lend(m_workers);
     if (m_workers) // who do together what the painting would do
-        prepareNext(m_items.size());
+        prepare([](double) {});
     m_change = Change::Any; // what has changed since the last repaint() is painted here
     layPaper();
     repaint(rect());
     show(rect());
-}
-
-void Page::prepare(const std::function<void(double)> &tell)
-{
-    constexpr std::size_t kAtOnce = 64; // objects
-    while (prepareNext(kAtOnce))
-        tell(double(m_prepared) / double(m_items.size()));
-    tell(1);
-}
-
-// Objects paint themselves at once, each alone; what comes of it is kept in their order, as ever.
-bool Page::prepareNext(std::size_t count)
-{
-    m_sketches.resize(std::size_t(m_workers ? m_workers->count() : 1));
-    const std::size_t first = std::min(m_prepared, m_items.size()), end = std::min(first + count, m_items.size());
-    std::vector<std::shared_ptr<const Sprite>> sprites(end - first);
-    shareOut(m_workers, int(end - first), [&](int i, int worker) {
-        Item &item = *m_items[first + std::size_t(i)];
-        if (awaitsSprite(item))
-            sprites[std::size_t(i)] = sketched(item, m_sketches[std::size_t(worker)]);
-    });
-    for (std::size_t i = first; i < end; ++i) {
-        if (awaitsSprite(*m_items[i])) // still, since there is room for so many
-            keepSprite(*m_items[i], std::move(sprites[i - first]));
-    }
-    m_prepared = end;
-    if (end < m_items.size())
-        return true;
-    m_sketches.resize(1);
-    return false;
 }
 
 void Page::lend(Workers *workers)
@@ -129,22 +98,6 @@ void Page::show(std::unique_ptr<PackedLayers> packed)
 {
     m_changed.clear();
     m_packed = std::move(packed);
-}
-
-void Page::keepSprites(bool keeps)
-{
-    m_keepsSprites = keeps;
-    forgetSprites();
-}
-
-void Page::forgetSprites()
-{
-    for (const auto &item : m_items)
-        item->sprite.reset();
-    m_spriteBytes = 0;
-    m_sketches = std::vector<Sketch>(1);
-    m_prepared = 0;
-    m_ahead = {};
 }
 
 std::size_t Page::indexOf(const ObjectId &id) const
@@ -349,51 +302,6 @@ CInkGraph &Page::prepared(CInkGraph &object, const Tool *tool, int &background) 
     if (std::exchange(background, m_backgrounds) != m_backgrounds && tool && tool->takeBackground)
         tool->takeBackground(object, m_layers->background());
     return object;
-}
-
-// Qt paints lines of one pixel piece by piece, and where two meet, one over the other.
-bool Page::canHaveSprite(const CInkGraph &object, const Tool *tool) const
-{
-    return m_keepsSprites && m_spriteBytes < kMostSpriteBytes && tool && tool->paintsOnce && object.m_nWidth > 1;
-}
-
-bool Page::awaitsSprite(const Item &item) const
-{
-    return !item.sprite && !item.isTooRich && canHaveSprite(*item.object, item.tool);
-}
-
-std::shared_ptr<const Sprite> Page::sketched(Item &item, Sketch &sketch) const
-{
-    return sketch.spriteOf(whole(item), onPage(item.asked), onPage(item.reach), rect().size());
-}
-
-void Page::makeSprite(Item &item)
-{
-    if (awaitsSprite(item))
-        keepSprite(item, sketched(item, m_sketches.front()));
-}
-
-// What the object has rendered for itself alone is given back then.
-void Page::keepSprite(Item &item, std::shared_ptr<const Sprite> sprite)
-{
-    item.isTooRich = !sprite;
-    item.sprite = std::move(sprite);
-    item.spritePage = rect().size();
-    if (!item.sprite)
-        return;
-    m_spriteBytes += item.sprite->bytes();
-    if (!item.tool->keepsPixels || !relive)
-        return;
-    delete std::exchange(item.object->m_pImage, nullptr);
-    item.isBare = true;
-}
-
-CInkGraph &Page::whole(Item &item) const
-{
-    if (item.isBare)
-        item.object = relive(item.id);
-    item.isBare = false;
-    return *item.object;
 }
 
 // Each in the area of its commit, so that its clip, and with it every pixel, is the same again.
