@@ -31,8 +31,8 @@ void add(QCryptographicHash &hash, const QByteArray &part)
 bool paints(const QByteArray &path)
 {
     const QByteArray library = path.mid(path.lastIndexOf('/') + 1);
-    constexpr std::array<const char *, 7> kLibraries{"libInk",   "libQt5Core",  "libQt5Gui",  "libQt5Svg",
-                                                     "libpng16", "libfreetype", "libharfbuzz"};
+    constexpr std::array<const char *, 8> kLibraries{"libm.so",   "libInk",   "libQt5Core",  "libQt5Gui",
+                                                     "libQt5Svg", "libpng16", "libfreetype", "libharfbuzz"};
     return library.isEmpty() || std::any_of(kLibraries.begin(), kLibraries.end(),
                                             [&library](const char *name) { return library.contains(name); });
 }
@@ -116,7 +116,10 @@ std::unique_ptr<PackedLayers> PagePictures::find(const Lesson &lesson, const Pag
     if (file.fileName().isEmpty() || file.size() > kMostBytes || !file.open(QIODevice::ReadWrite))
         return nullptr;
     file.setFileTime(QDateTime::currentDateTime(), QFileDevice::FileModificationTime); // the last to go
-    return PackedLayers::fromBytes(file.read(kMostBytes), lesson.page(page).rect().size());
+    auto picture = PackedLayers::fromBytes(file.read(kMostBytes), lesson.page(page).rect().size());
+    if (!picture)
+        file.remove(); // or it would stand in the way of a whole one
+    return picture;
 }
 
 void PagePictures::keep(Lesson &lesson, const PageId &id)
@@ -127,8 +130,9 @@ void PagePictures::keep(Lesson &lesson, const PageId &id)
         return;
     const bool wasPacked = page.packed();
     page.pack();
-    if (page.packed() && page.packedBytes() <= std::size_t(kMostBytes)) {
-        m_writing.start([folder = m_folder, fileName, bytes = page.packed()->toBytes(), most = m_most] {
+    const QByteArray picture = page.packed() ? page.packed()->toBytes() : QByteArray();
+    if (!picture.isEmpty() && picture.size() <= kMostBytes) {
+        m_writing.start([folder = m_folder, fileName, bytes = picture, most = m_most] {
             QDir().mkpath(folder);
             write(fileName, bytes);
             makeRoom(folder, most);

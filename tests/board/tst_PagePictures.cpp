@@ -198,7 +198,11 @@ void tst_PagePictures::thatAreBrokenAreMadeAnew()
     keepPictures(opened);
     QCOMPARE(opened.open(lesson()), QString());
     QCOMPARE(preparedOf(opened), kMany);
+    QCOMPARE(pictures().size(), 0);
     compareDocuments(opened, saved);
+    QTRY_COMPARE(pictures().size(), 1);
+    QCOMPARE(opened.open(lesson()), QString());
+    QCOMPARE(preparedOf(opened), 0);
 }
 
 // What was of use longest ago goes first.
