@@ -49,8 +49,8 @@ struct Tool
     bool takesText{};        // its image is rendered from a text
     bool rendersAsPainted{}; // its pixels depend on when it was painted while it was drawn
     bool floods{};           // its pixels depend on those below it
-    bool keepsPixels{};      // it renders into pixels as large as the page, which it keeps
     bool paintsOnce{};       // no pixel twice in one Draw, and the same on every layer
+    QSize (*rendersInto)(const CInkGraph &pen){}; // pixels of that size, which it keeps
     std::optional<InkOption> option{};
     std::optional<Life> (*lift)(CInkGraph &committed, const QSize &canvas){}; // what is then edited in its place
     void (*takePicture)(CInkGraph &object, const Life &life){};               // that is part of its life

@@ -45,23 +45,24 @@ Tool highlighter()
     return tool;
 }
 
-Tool texturedPen(const char *name, decltype(Tool::create) create)
+template <typename Pen>
+Tool texturedPen(const char *name)
 {
-    Tool tool = pen(name, create);
-    tool.keepsPixels = true;
+    Tool tool = pen(name, onCanvas<Pen>);
+    tool.rendersInto = [](const CInkGraph &object) { return static_cast<const Pen &>(object).m_rcCanvas.size(); };
     return tool;
 }
 
 Tool crayon()
 {
-    Tool tool = texturedPen("crayon", onCanvas<CInkCrayon>);
+    Tool tool = texturedPen<CInkCrayon>("crayon");
     tool.rendersAsPainted = true;
     return tool;
 }
 
 Tool sprayGun()
 {
-    Tool tool = texturedPen("spray-gun", onCanvas<CInkSprayGun>);
+    Tool tool = texturedPen<CInkSprayGun>("spray-gun");
     tool.scatters = true;
     return tool;
 }
@@ -75,9 +76,9 @@ std::vector<Tool> pens()
         pen("brush", plain<CInkBrush>),
         flatBrush(),
         highlighter(),
-        texturedPen("color-brush", onCanvas<CInkColorBrush>),
+        texturedPen<CInkColorBrush>("color-brush"),
         crayon(),
-        texturedPen("water-color-pen", onCanvas<CInkWaterColorPen>),
+        texturedPen<CInkWaterColorPen>("water-color-pen"),
         sprayGun(),
     };
 }

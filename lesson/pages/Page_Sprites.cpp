@@ -4,6 +4,8 @@
 
 #include "lesson/objects/Tools.h"
 
+#include "CInkPenGraph.h"
+
 #include <algorithm>
 #include <utility>
 
@@ -74,7 +76,14 @@ bool Page::awaitsSprite(const Item &item) const
 
 std::shared_ptr<const Sprite> Page::sketched(Item &item, Sketch &sketch) const
 {
-    return sketch.spriteOf(whole(item), onPage(item.asked), onPage(item.reach), rect().size());
+    CInkGraph &object = whole(item);
+    const QRect asked = onPage(item.asked), reach = onPage(item.reach);
+    const auto canvasOf = item.tool->rendersInto;
+    if (!relive || !canvasOf || canvasOf(object) != rect().size() || object.m_pImage)
+        return sketch.spriteOf(object, asked, reach, rect().size());
+    auto sprite = sketch.spriteOfPen(static_cast<CInkPenGraph &>(object), asked, reach, rect().size());
+    item.isBare = !object.m_pImage;
+    return sprite;
 }
 
 void Page::makeSprite(Item &item)
@@ -92,7 +101,7 @@ void Page::keepSprite(Item &item, std::shared_ptr<const Sprite> sprite)
     if (!item.sprite)
         return;
     m_spriteBytes += item.sprite->bytes();
-    if (!item.tool->keepsPixels || !relive)
+    if (!item.tool->rendersInto || !relive)
         return;
     delete std::exchange(item.object->m_pImage, nullptr);
     item.isBare = true;

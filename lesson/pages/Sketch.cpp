@@ -2,14 +2,55 @@
 
 #include "lesson/layers/StateMark.h"
 
-#include "CInkGraph.h"
+#include "CInkPenGraph.h"
 
 #include <QtGui/QPaintEngine>
 #include <QtGui/QPainter>
 
 #include <algorithm>
+#include <cmath>
+#include <cstdlib>
+#include <utility>
 
 namespace InkLesson {
+
+namespace {
+
+// Transparent. The system gives it memory where it is painted on, and only there.
+std::unique_ptr<QImage> blankCanvas(const QSize &size)
+{
+    const std::size_t bytesPerLine = std::size_t(size.width()) * sizeof(QRgb);
+    auto *pixels = static_cast<uchar *>(std::calloc(std::size_t(size.height()), bytesPerLine));
+    if (!pixels)
+        return nullptr;
+    return std::make_unique<QImage>(pixels, size.width(), size.height(), int(bytesPerLine), QImage::Format_ARGB32,
+                                    std::free, pixels);
+}
+
+// The pixels that a pen may have rendered, none of them farther from one of its points than it is wide.
+QRect renderedBy(const CInkPenGraph &pen, const QRect &canvas)
+{
+    const double margin = std::abs(double(pen.m_nWidth)) + 2;
+    QRect rendered;
+    for (const QPointF &pt : pen.m_graphData) {
+        const auto near = [&](double place, int end) { return int(std::clamp(place, 0.0, double(end))); };
+        if (std::isnan(pt.x()) || std::isnan(pt.y()))
+            return canvas;
+        rendered |= QRect(QPoint(near(pt.x() - margin, canvas.width()), near(pt.y() - margin, canvas.height())),
+                          QPoint(near(pt.x() + margin, canvas.width()), near(pt.y() + margin, canvas.height())));
+    }
+    return rendered & canvas;
+}
+
+void wipe(QImage &picture, const QRect &area)
+{
+    for (int y = area.top(); y <= area.bottom(); ++y) {
+        auto *row = reinterpret_cast<QRgb *>(picture.scanLine(y));
+        std::fill(row + area.left(), row + area.right() + 1, 0);
+    }
+}
+
+} // namespace
 
 std::shared_ptr<const Sprite> Sketch::spriteOf(CInkGraph &object, const QRect &asked, const QRect &reach,
                                                const QSize &page)
@@ -31,12 +72,22 @@ std::shared_ptr<const Sprite> Sketch::spriteOf(CInkGraph &object, const QRect &a
     }
     m_pixels.paintEngine()->setSystemClip(QRegion());
     std::optional<Sprite> sprite = Sprite::of(m_pixels, reach, object.m_color);
-    const QRect painted = sprite ? sprite->rect() : reach;
-    for (int y = painted.top(); y <= painted.bottom(); ++y) {
-        auto *row = reinterpret_cast<QRgb *>(m_pixels.scanLine(y));
-        std::fill(row + painted.left(), row + painted.right() + 1, 0);
-    }
+    wipe(m_pixels, sprite ? sprite->rect() : reach);
     return sprite ? std::make_shared<const Sprite>(std::move(*sprite)) : nullptr;
+}
+
+std::shared_ptr<const Sprite> Sketch::spriteOfPen(CInkPenGraph &pen, const QRect &asked, const QRect &reach,
+                                                  const QSize &page)
+{
+    if (!m_canvas || m_canvas->size() != page)
+        m_canvas = blankCanvas(page);
+    pen.m_pImage = m_canvas.release();
+    auto sprite = spriteOf(pen, asked, reach, page);
+    if (sprite && pen.m_pImage) {
+        m_canvas.reset(std::exchange(pen.m_pImage, nullptr));
+        wipe(*m_canvas, renderedBy(pen, m_canvas->rect()));
+    }
+    return sprite;
 }
 
 } // namespace InkLesson

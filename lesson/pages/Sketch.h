@@ -5,6 +5,7 @@
 #include <memory>
 
 class CInkGraph;
+class CInkPenGraph;
 
 namespace InkLesson {
 
@@ -17,8 +18,14 @@ public:
     std::shared_ptr<const Sprite> spriteOf(CInkGraph &object, const QRect &asked, const QRect &reach,
                                            const QSize &page);
 
+    // The same of a pen whose canvas is as large as the page, and which has rendered nothing yet. It does so into
+    // pixels that are kept here for the next one, and has none of its own then. Without a sprite it has them.
+    std::shared_ptr<const Sprite> spriteOfPen(CInkPenGraph &pen, const QRect &asked, const QRect &reach,
+                                              const QSize &page);
+
 private:
     QImage m_pixels;
+    std::unique_ptr<QImage> m_canvas; // blank
 };
 
 } // namespace InkLesson
