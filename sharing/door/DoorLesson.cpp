@@ -7,6 +7,7 @@
 #include <QtCore/QCborValue>
 
 #include <algorithm>
+#include <iterator>
 
 namespace InkSharing {
 
@@ -16,6 +17,7 @@ constexpr qint64 kMostUnsent = 1 << 20;      // bytes for one reader, who is han
 constexpr qint64 kMostUnsentLive = 64 << 10; // beyond which live acts are left out
 constexpr qint64 kMostOnItsWay = 8 << 20;    // bytes of one writer; no board has a quarter of that
 constexpr std::size_t kMostBatchEntries = 4096;
+constexpr int kMostAtOnce = 4;     // batches for one reader, each of which may take some milliseconds to be packed
 constexpr qint64 kPatience = 5000; // milliseconds, after which it is tried again to make one a member
 
 // Whether a record says itself what it is said to be. What it does is for the lesson to decide.
@@ -44,6 +46,8 @@ void DoorLesson::open(Engine::Open how)
     m_isCreating = how == Engine::Open::Create;
     m_isCaughtUp = false;
     m_entries.clear();
+    m_blocks.assign(1, {});
+    m_blockBytes = 0;
     m_batch = {};
     m_reader = StreamReader();
     m_stream.reset();
@@ -231,9 +235,22 @@ void DoorLesson::entries(const std::vector<QByteArray> &entries)
 {
     for (const QByteArray &entry : entries) {
         m_reader.take(entry);
-        m_entries.push_back(entry);
+        keep(entry);
     }
     pumpAll();
+}
+
+void DoorLesson::keep(const QByteArray &entry)
+{
+    const Batch &last = m_blocks.back();
+    if (last.end > last.from &&
+        (m_blockBytes + entry.size() > kMostBatchBytes || last.end - last.from == kMostBatchEntries)) {
+        m_blocks.push_back({last.end, last.end});
+        m_blockBytes = 0;
+    }
+    m_entries.push_back(entry);
+    m_blocks.back().end = m_entries.size();
+    m_blockBytes += entry.size();
 }
 
 void DoorLesson::caughtUp()
@@ -255,35 +272,36 @@ void DoorLesson::pumpAll()
     }
 }
 
-// Nobody has more than so much waiting; what a reader has not got yet stands in the stream.
+// Nobody has more than so much waiting; what a reader has not got yet stands in the stream. It goes on once something
+// is written, with what others are told in between.
 void DoorLesson::pump(int connection)
 {
     const auto found = m_guests.find(connection);
     if (found == m_guests.end() || !isWelcome(found->second))
         return;
     Guest &guest = found->second;
-    while (guest.next < m_entries.size() && m_outlet.unsent(connection) < kMostUnsent) {
+    for (int i = 0; i < kMostAtOnce && guest.next < m_entries.size() && m_outlet.unsent(connection) < kMostUnsent;
+         ++i) {
         const Batch &batch = batchFrom(guest.next);
         guest.next = batch.end;
         m_outlet.sendBytes(connection, batch.message);
     }
 }
 
-// The message of the entries from a place on. All who are as far get the same one.
+// The entries from a place to the end of their block. All who are as far get the same message; that of a whole block,
+// which is packed, is kept for those who come later.
 const DoorLesson::Batch &DoorLesson::batchFrom(std::size_t from)
 {
-    if (m_batch.from == from && m_batch.known == m_entries.size())
-        return m_batch;
-    Entries batch{from, {}};
-    std::size_t end = from;
-    for (qint64 bytes = 0; end < m_entries.size() && batch.entries.size() < kMostBatchEntries; ++end) {
-        bytes += m_entries[end].size();
-        if (bytes > kMostBatchBytes && !batch.entries.empty())
-            break;
-        batch.entries.push_back(m_entries[end]);
+    const auto after = std::upper_bound(m_blocks.begin(), m_blocks.end(), from,
+                                        [](std::size_t place, const Batch &block) { return place < block.from; });
+    Batch &block = *std::prev(after);
+    const bool isWhole = after != m_blocks.end() && from == block.from;
+    Batch &batch = isWhole ? block : m_batch;
+    if (batch.message.isEmpty() || batch.from != from || batch.end != block.end) {
+        const auto entry = [this](std::size_t place) { return m_entries.begin() + std::ptrdiff_t(place); };
+        batch = {from, block.end, encoded(FromDoor(Entries{from, {entry(from), entry(block.end)}}))};
     }
-    m_batch = {from, end, m_entries.size(), encoded(FromDoor(batch))};
-    return m_batch;
+    return batch;
 }
 
 void DoorLesson::turnAway(int connection, Reason reason)

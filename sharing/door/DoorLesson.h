@@ -57,11 +57,11 @@ private:
     struct Batch
     {
         std::size_t from{}, end{};
-        std::size_t known{}; // entries of the stream, then
         QByteArray message{};
     };
 
     void open(Engine::Open how);
+    void keep(const QByteArray &entry);
     const Batch &batchFrom(std::size_t from);
     void consider(int connection, Guest &guest);
     void join(Guest &guest, const Entry &entry);
@@ -81,7 +81,10 @@ private:
     DoorOutlet &m_outlet;
     std::map<int, Guest> m_guests;
     std::vector<QByteArray> m_entries;
-    Batch m_batch{}; // that was told last
+    std::vector<Batch> m_blocks{
+        1}; // all entries; none is added to but the last. Their messages are made when they are sent first
+    qint64 m_blockBytes{}; // of the last one
+    Batch m_batch{};       // other than a whole block, that was told last
     StreamReader m_reader;
     bool m_isCaughtUp{};
     bool m_isCreating{}; // it may come into being here

@@ -1,6 +1,7 @@
 #include "sharing/wire/Message.h"
 
 #include "sharing/wire/Fields.h"
+#include "sharing/wire/Packing.h"
 
 #include <QtCore/QCborValue>
 
@@ -14,10 +15,20 @@ namespace {
 // What each number stands for, in every message.
 enum Key { Kind, First, Second, Third, Fourth };
 enum FromBoardKind { HelloKind = 1, AppendKind, PieceKind, LiveKind, BoardAliveKind };
-enum FromDoorKind { WelcomeKind = 1, EntriesKind, LiveOfKind, RefusedKind, AgainKind, GoneKind, DoorAliveKind };
+enum FromDoorKind {
+    WelcomeKind = 1,
+    EntriesKind,
+    LiveOfKind,
+    RefusedKind,
+    AgainKind,
+    GoneKind,
+    DoorAliveKind,
+    PackedKind
+};
 
 constexpr int kMostPlaces = 64;
 constexpr int kMostParts = 1 << 15;
+constexpr int kWorthPacking = 16 << 10; // bytes of a message
 
 struct BoardWriter
 {
@@ -151,9 +162,15 @@ QByteArray encoded(const ToDoor &message)
     return QCborValue(std::visit(BoardWriter(), message)).toCbor();
 }
 
+// Many entries, as they come to one who comes late, are packed. Pictures would not become smaller.
 QByteArray encoded(const FromDoor &message)
 {
-    return QCborValue(std::visit(DoorWriter(), message)).toCbor();
+    const QByteArray plain = QCborValue(std::visit(DoorWriter(), message)).toCbor();
+    if (plain.size() < kWorthPacking || !std::holds_alternative<Entries>(message))
+        return plain;
+    const QByteArray frame = packed(plain);
+    const QByteArray shorter = QCborValue(QCborMap{{Kind, PackedKind}, {First, frame}}).toCbor();
+    return frame.isEmpty() || shorter.size() >= plain.size() ? plain : shorter;
 }
 
 bool readMessage(const QByteArray &bytes, ToDoor &message, QString &problem)
@@ -185,7 +202,7 @@ bool readMessage(const QByteArray &bytes, ToDoor &message, QString &problem)
 bool readMessage(const QByteArray &bytes, FromDoor &message, QString &problem)
 {
     Fields fields(bytes.size() <= kMostMessageBytes ? bytes : QByteArray(), kMostParts);
-    switch (fields.number(Kind, "kind", WelcomeKind, DoorAliveKind)) {
+    switch (fields.number(Kind, "kind", WelcomeKind, PackedKind)) {
     case WelcomeKind:
         message = Welcome{int(fields.number(First, "author", 1, std::numeric_limits<int>::max())),
                           readLength(fields, Second, "from"), readLength(fields, Third, "last")};
@@ -206,6 +223,15 @@ bool readMessage(const QByteArray &bytes, FromDoor &message, QString &problem)
     case GoneKind:
         message = Gone{readReason(fields, First)};
         break;
+    case PackedKind: {
+        const auto entries = unpacked(fields.bytes(First, "packed", 1, kMostMessageBytes), kMostMessageBytes);
+        Fields inner(entries.value_or(QByteArray()), kMostParts);
+        inner.number(Kind, "kind", EntriesKind, EntriesKind);
+        message = readEntries(inner);
+        if (!inner.isRight())
+            fields.fail("packed");
+        break;
+    }
     default:
         message = Alive();
     }
