@@ -134,9 +134,12 @@ bool isOutlined(const QPainter &painter)
 // The pixels that a painter may paint, where those are a rectangle of whole ones.
 std::optional<QRect> paintable(QPainter &painter)
 {
-    if (!painter.paintEngine()->systemClip().isEmpty())
+    const QRegion system = painter.paintEngine()->systemClip();
+    if (system.rectCount() > 1)
         return {};
-    const QRect device = deviceOf(painter).rect();
+    QRect device = deviceOf(painter).rect();
+    if (!system.isEmpty())
+        device &= system.boundingRect();
     if (!painter.hasClipping())
         return device;
     const PainterStateScope scope(painter);

@@ -47,8 +47,10 @@ QImage motley(QImage::Format format = QImage::Format_ARGB32_Premultiplied)
     return image.convertToFormat(format);
 }
 
-QImage painted(const QPainterPath &path, const Prepare &prepare, bool byQt, QImage image = motley())
+QImage painted(const QPainterPath &path, const Prepare &prepare, bool byQt, QImage image = motley(),
+               const QRegion &system = {})
 {
+    image.paintEngine()->setSystemClip(system);
     QPainter painter(&image);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(roundPen(5));
@@ -61,10 +63,11 @@ QImage painted(const QPainterPath &path, const Prepare &prepare, bool byQt, QIma
     return image;
 }
 
-void expectAlike(const char *what, const QPainterPath &path, const Prepare &prepare, const QImage &image = motley())
+void expectAlike(const char *what, const QPainterPath &path, const Prepare &prepare, const QImage &image = motley(),
+                 const QRegion &system = {})
 {
-    const QImage expected = painted(path, prepare, true, image);
-    EXPECT_EQ(painted(path, prepare, false, image), expected) << what;
+    const QImage expected = painted(path, prepare, true, image, system);
+    EXPECT_EQ(painted(path, prepare, false, image, system), expected) << what;
     EXPECT_NE(expected, image) << what;
 }
 
@@ -86,9 +89,15 @@ TEST(PaintPath, crowdedPathsAreThoseOfQt)
         constexpr Qt::PenJoinStyle kJoins[] = {Qt::MiterJoin, Qt::BevelJoin, Qt::RoundJoin, Qt::SvgMiterJoin};
         const Qt::PenJoinStyle join = kJoins[random() % 4];
         const int alpha = random() % 2 ? 255 : int(random() % 256);
-        expectAlike("random", scribble(seed + i), [&](QPainter &painter) {
+        const QRect part(int(random() % 60), int(random() % 40), 30 + int(random() % 90), 30 + int(random() % 60));
+        const bool isClipped = random() % 2;
+        const auto prepare = [&](QPainter &painter) {
             painter.setPen(QPen(QColor(20, 130, 90, std::max(alpha, 9)), width, Qt::SolidLine, cap, join));
-        });
+            if (isClipped)
+                painter.setClipRect(10, 10, 70, 60);
+        };
+        expectAlike("random", scribble(seed + i), prepare);
+        expectAlike("random, in a part", scribble(seed + i), prepare, motley(), part);
     }
 }
 
@@ -251,10 +260,12 @@ TEST(PaintPath, clipsAreThoseOfQt)
         painter.setClipRect(30, -10, 200, 40, Qt::IntersectClip);
     });
     expectAlike("beyond the image", path, [](QPainter &painter) { painter.setClipRect(-50, -60, 130, 900); });
-    expectAlike("the system's", path, [](QPainter &painter) {
-        painter.paintEngine()->setSystemClip(QRect(20, 10, 50, 60));
-        painter.setClipRect(0, 0, 60, 60);
-    });
+    const auto none = [](QPainter &) {};
+    const auto clip = [](QPainter &painter) { painter.setClipRect(0, 0, 60, 60); };
+    expectAlike("the system's", path, clip, motley(), QRect(20, 10, 50, 60));
+    expectAlike("the system's alone", path, none, motley(), QRect(20, 10, 50, 60));
+    expectAlike("the system's, beyond the image", path, none, motley(), QRect(-20, 50, 500, 600));
+    expectAlike("the system's, of two rectangles", path, clip, motley(), QRegion(5, 5, 90, 70) - QRect(30, 30, 9, 9));
     const QImage before = motley();
     EXPECT_EQ(painted(
                   path, [](QPainter &painter) { painter.setClipRect(QRect()); }, false),
