@@ -1,6 +1,7 @@
 // One board of a shared lesson that times what it does itself. bench/sharing/run.py starts it.
 //
 //   sharing_bench ink SECONDS [LINK]        own ink, 240 points a second, without LINK on a board that is not shared
+//   sharing_bench fill OBJECTS PAGES LINK   draws so many, of a thousand points each, on so many pages alike
 //   sharing_bench undo OBJECTS LINK         one's own last steps, once so many objects of others are there
 //   sharing_bench picture FILE LINK         puts a picture on the page
 //   sharing_bench presence BOARDS SECONDS LINK    so many people, each of whom tells thirty places a second
@@ -26,6 +27,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <random>
 
 using namespace Board;
 using InkLesson::Lesson;
@@ -51,7 +53,14 @@ std::unique_ptr<SharedLesson> joined(const QString &text)
         std::make_unique<SharedLesson>(link, freshSharing(link), QString(), nullptr, InkSharing::Client::From::Here);
     if (!waitUntil([&] { return lesson->author() && lesson->isOpen(); }))
         qFatal("not joined");
-    lesson->lesson()->page(InkLesson::kFirstPage).surface(); // somebody looks
+    return lesson;
+}
+
+// The same by somebody who looks at the first page.
+std::unique_ptr<SharedLesson> joinedToLook(const QString &text)
+{
+    auto lesson = joined(text);
+    lesson->lesson()->page(InkLesson::kFirstPage).surface();
     return lesson;
 }
 
@@ -116,7 +125,7 @@ int ink(int seconds, const QString &link)
         alone->page(InkLesson::kFirstPage).surface();
         author = std::make_unique<InkLesson::Author>(*alone, 1, [] { return QDateTime::currentMSecsSinceEpoch(); });
     } else {
-        shared = joined(link);
+        shared = joinedToLook(link);
     }
     Pen pen(shared ? *shared->author() : *author);
     std::vector<double> took;
@@ -138,7 +147,7 @@ int ink(int seconds, const QString &link)
 int undo(int objects, const QString &link)
 {
     constexpr int kSteps = 20;
-    const auto shared = joined(link);
+    const auto shared = joinedToLook(link);
     Pen pen(*shared->author());
     for (int point = 0; point < kSteps * Pen::kStroke; ++point)
         pen.next();
@@ -159,9 +168,48 @@ int undo(int objects, const QString &link)
     return waitUntil([&] { return shared->client().pending() == 0; }) ? 0 : 1;
 }
 
-int picture(const QString &file, const QString &link)
+// As a hand writes: a pixel from point to point, in gentle curves.
+InkLesson::Life scrawl(std::mt19937 &random)
+{
+    constexpr int kPoints = 1100;
+    constexpr double kTurn = 0.15; // radians a point
+    std::uniform_real_distribution<double> across(50, kPage.width() - 50), down(50, kPage.height() - 50),
+        turn(-kTurn, kTurn);
+    double x = across(random), y = down(random), angle = turn(random) * 20, bend = 0;
+    InkLesson::Life life = penLife();
+    for (int i = 0; i < kPoints; ++i) {
+        const int code = i == 0 ? PT_DOWN : i == kPoints - 1 ? PT_UP : PT_MOVE;
+        life.acts.emplace_back(InkLesson::PointerAct{code, {qRound(x), qRound(y)}});
+        bend = 0.9 * bend + 0.3 * turn(random);
+        angle += bend;
+        x = std::clamp(x + std::cos(angle), 5.0, kPage.width() - 5.0);
+        y = std::clamp(y + std::sin(angle), 5.0, kPage.height() - 5.0);
+    }
+    return life;
+}
+
+int fill(int objects, int pages, const QString &link)
 {
     const auto shared = joined(link);
+    InkLesson::Author &author = *shared->author();
+    std::mt19937 random(1);
+    for (int page = 0; page < pages; ++page) {
+        if (page > 0)
+            author.turnTo(author.addPage(page, kPage));
+        for (int object = 0; object < objects / pages; ++object) {
+            const int number = shared->lesson()->history().nextNumber(author.number());
+            shared->lesson()->apply(
+                {{author.number(), number}, number, 0, author.page(), InkLesson::Draw{scrawl(random)}});
+            waitUntil([&] { return shared->client().pending() < 50; });
+        }
+    }
+    print({double(objects)});
+    return waitUntil([&] { return shared->client().pending() == 0; }) ? 0 : 1;
+}
+
+int picture(const QString &file, const QString &link)
+{
+    const auto shared = joinedToLook(link);
     InkLesson::Life life{QLatin1String(InkLesson::kPictureTool)};
     life.canvas = kPage;
     life.picture = InkLesson::exactImage(QImage(file));
@@ -179,7 +227,7 @@ int presence(int boards, int seconds, const QString &link)
     std::vector<std::unique_ptr<SharedLesson>> all;
     int heard = 0;
     for (int board = 0; board < boards; ++board) {
-        all.push_back(joined(link));
+        all.push_back(joinedToLook(link));
         QObject::connect(all.back().get(), &SharedLesson::shown, [&heard] { ++heard; });
     }
     QTimer moves;
@@ -213,6 +261,8 @@ int run(const QStringList &words)
     const QString &what = words.value(1);
     if (what == QLatin1String("ink"))
         return ink(words.value(2).toInt(), words.value(3));
+    if (what == QLatin1String("fill"))
+        return fill(words.value(2).toInt(), words.value(3).toInt(), words.value(4));
     if (what == QLatin1String("undo"))
         return undo(words.value(2).toInt(), words.value(3));
     if (what == QLatin1String("picture"))

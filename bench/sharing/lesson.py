@@ -164,3 +164,10 @@ class Lesson:
     def pages_differ(self, names):
         pages = {(self.folder / f"{name}.png").read_bytes() for name in names}
         return len(pages) != 1
+
+
+def bench(lesson, name, *words):
+    """A board that times what it does itself."""
+    process = lesson.run(BUILD / "bench" / "sharing" / "sharing_bench", *words, log=f"{name}.log")
+    process.name = name
+    return process

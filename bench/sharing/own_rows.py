@@ -6,11 +6,9 @@ import struct
 import time
 import zlib
 
-from lesson import BUILD, Lesson, quantile, wait_for
+from lesson import Lesson, bench, quantile, wait_for
 from rows import row
 from wire import Wire
-
-BENCH = BUILD / "bench" / "sharing" / "sharing_bench"
 
 
 def started(how_fast):
@@ -30,12 +28,6 @@ def numbers(lesson, process, seconds=180):
     if process.returncode != 0:
         raise RuntimeError(f"{process.name}: {process.returncode} {text}")
     return [float(word) for word in text.splitlines()[-1].split()]
-
-
-def bench(lesson, name, *words):
-    process = lesson.run(BENCH, *words, log=f"{name}.log")
-    process.name = name
-    return process
 
 
 def own_ink(how):

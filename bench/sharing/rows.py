@@ -5,7 +5,7 @@ import shutil
 import subprocess
 import time
 
-from lesson import ROOT, Lesson, quantile, wait_for
+from lesson import ROOT, Lesson, bench, quantile, wait_for
 from wire import Wire
 
 PACE = 240  # points a second, of one who writes
@@ -85,35 +85,39 @@ def others_ink(how):
 
 
 def late_join(how):
-    """5: who comes when much is there."""
+    """5: who comes when much is there, while somebody writes and somebody reads."""
+    pages = 20
     objects = 10000 if how.long else 1000
+    rows = []
     with Lesson() as lesson:
         lesson.start_engine()
         lesson.start_door(*lesson.engine_words())
         wire, slow_wire = Wire(lesson.door_port), Wire(lesson.door_port, rate=1.25e6)
-        file = lesson.strokes("much", objects, 900, 1)
-        lesson.share("much", "--play", file, "--pace", 0, "--until", 10**6, "--timeout", 900, port=wire.port, measured=False)
-        before = 0
-
-        def is_stored():
-            nonlocal before
-            now, before = before, lesson.metrics()["inkboard_records_total"]
-            return before >= objects and now == before
-
-        wait_for(is_stored, 900, "the lesson", every=0.5)
-        stored = lesson.metrics()["inkboard_received_bytes_total"]
-        rows = []
+        limit = ["--until", 10**6, "--timeout", 900]
+        lesson.share("reader", *limit, port=wire.port)
+        lesson.join("writer", "--play", lesson.strokes("writer", 10000, 40, 1), "--pace", PACE, *limit, port=wire.port, measured=False)
+        filled = lesson.metrics()["inkboard_received_bytes_total"]
+        bench(lesson, "much", "fill", objects, pages, lesson.link_over(wire)).wait(900)
+        filled = lesson.metrics()["inkboard_received_bytes_total"] - filled
+        what = f"late join, {objects} objects on {pages} pages, {filled / 1e6:.0f} MB"
+        time.sleep(5)
+        begun = len(lesson.latencies("reader"))
+        time.sleep(10)
+        before, during = [ms for _, _, ms in lesson.latencies("reader")[begun:]], []
         for name, over, figure in (("LAN", wire, 2), ("10 Mbit/s", slow_wire, 5)):
             over.reset()
-            began = time.monotonic()
-            late = lesson.join("late", "--until", objects, "--png", "late.png", "--timeout", 300, port=over.port, measured=False)
+            begun, began = len(lesson.latencies("reader")), time.monotonic()
+            late = lesson.join("late", "--until", objects // pages, "--png", "late.png", "--timeout", 300, port=over.port, measured=False)
             problems = lesson.ended([late], 310)
             seconds = time.monotonic() - began
-            rows.append(row("5", f"late join, {objects} objects, {stored / 1e6:.0f} MB, {name}, to the page as a file",
+            during += [ms for _, _, ms in lesson.latencies("reader")[begun:]]
+            rows.append(row("5", f"{what}, {name}, to the page as a file",
                             f"{seconds:.1f} s; {over.reset()['down'] / 1e6:.0f} MB" + "".join("; " + one for one in problems),
                             f"{figure} s", seconds <= figure and not problems))
         wire.stop()
         slow_wire.stop()
+    more = quantile(during, 0.99) - quantile(before, 0.99)
+    rows.append(row("5", "others' ink meanwhile, 99th percentile", f"{more:+.0f} ms", "10 ms more", more <= 10))
     return rows
 
 

@@ -1,5 +1,6 @@
 #include "board/sharing/HeadlessLesson.h"
 
+#include "board/document/ThreadWorkers.h"
 #include "board/sharing/DoorProcess.h"
 #include "board/sharing/KeptLesson.h"
 #include "board/sharing/Latencies.h"
@@ -66,6 +67,7 @@ private:
     std::optional<QString> m_result;
     QTemporaryDir m_folder;
     std::unique_ptr<DoorProcess> m_door;
+    ThreadWorkers m_workers; // outlive the lesson
     std::unique_ptr<SharedLesson> m_lesson;
     std::unique_ptr<KeptLesson> m_kept;     // once there is a lesson; null where no journal is wanted
     std::unique_ptr<StrokePlayer> m_player; // once the lesson is open
@@ -194,6 +196,7 @@ void Headless::step()
         return end(tr("the door does not let this board in (%1)").arg(int(m_lesson->client().reason())));
     if (!m_lesson->author())
         return;
+    m_lesson->lesson()->lend(&m_workers);
     QString problem = m_kept ? QString() : keep();
     if (problem.isEmpty() && !m_player && m_lesson->isOpen())
         problem = begin();

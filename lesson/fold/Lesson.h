@@ -177,6 +177,14 @@ private:
         PageId page{};
     };
 
+    // A record that comes, and its object where it makes one.
+    struct Arriving
+    {
+        Record record{};
+        QString problem{}; // why nobody can read it
+        LivedObject lived{};
+    };
+
     // What is shown only once the log has all its records again: most of them come back as they were.
     struct Deferred
     {
@@ -207,7 +215,9 @@ private:
     std::deque<Shelved> takeBackTo(std::size_t length);
     QString putBack(const Shelved &shelved);
     void putBackAll(std::deque<Shelved> &pending, Refusals &refusals);
-    QString settleOne(const QByteArray &code, std::deque<Shelved> &pending, StepId &id);
+    static Arriving arriving(const QByteArray &code);
+    std::vector<Arriving> arriving(const std::vector<QByteArray> &codes) const;
+    QString settleOne(const QByteArray &code, Arriving *read, std::deque<Shelved> &pending, StepId &id);
     void tell(const LogChange &change);
     void fit();
     QString problemOf(const Record &record) const;

@@ -13,6 +13,7 @@ namespace {
 
 const auto kDraw = quint8(Deed(Draw()).index());
 constexpr StepId kUnknown{-1, -1};
+constexpr std::size_t kMany = 8; // records that are read together
 
 } // namespace
 
@@ -214,19 +215,42 @@ void Lesson::putBackAll(std::deque<Shelved> &pending, Refusals &refusals)
     }
 }
 
+Lesson::Arriving Lesson::arriving(const QByteArray &code)
+{
+    Arriving one;
+    RecordReader reader;
+    if (!reader.readCbor(code, one.record))
+        one.problem = reader.error();
+    else if (const auto *draw = std::get_if<Draw>(&one.record.deed))
+        one.lived = live(draw->life);
+    return one;
+}
+
+// Nothing of it depends on what stands before: all workers read at once.
+std::vector<Lesson::Arriving> Lesson::arriving(const std::vector<QByteArray> &codes) const
+{
+    std::vector<Arriving> all(codes.size());
+    shareOut(m_workers, int(codes.size()), [&](int i, int) { all[std::size_t(i)] = arriving(codes[std::size_t(i)]); });
+    return all;
+}
+
 Lesson::Refusals Lesson::settle(const std::vector<QByteArray> &codes, std::vector<std::size_t> *places)
 {
     const Rearranging rearranging(*this);
     Refusals refusals;
     std::deque<Shelved> pending; // once something has come in before them
-    for (const QByteArray &code : codes) {
+    std::vector<Arriving> many;
+    for (std::size_t i = 0; i < codes.size(); ++i) {
+        const QByteArray &code = codes[i];
         if (pending.empty() && m_settled < m_log.size() && m_log[m_settled] == code) {
             settleFirst(1);
         } else {
             if (pending.empty())
                 pending = takeBackTo(m_settled);
+            if (many.empty() && codes.size() >= kMany)
+                many = arriving(codes);
             StepId id;
-            const QString problem = settleOne(code, pending, id);
+            const QString problem = settleOne(code, many.empty() ? nullptr : &many[i], pending, id);
             if (!problem.isEmpty()) {
                 leaveOut(id.author, id.number);
                 refusals.push_back({id, problem});
@@ -248,8 +272,8 @@ bool Lesson::settleFirst(std::size_t count)
     return true;
 }
 
-// While the pending ones are taken back.
-QString Lesson::settleOne(const QByteArray &code, std::deque<Shelved> &pending, StepId &id)
+// While the pending ones are taken back. It has been read already, or not.
+QString Lesson::settleOne(const QByteArray &code, Arriving *read, std::deque<Shelved> &pending, StepId &id)
 {
     const auto own =
         std::find_if(pending.begin(), pending.end(), [&](const Shelved &shelved) { return shelved.code == code; });
@@ -264,10 +288,10 @@ QString Lesson::settleOne(const QByteArray &code, std::deque<Shelved> &pending, 
             tell({LogChange::Kind::Dropped, {}, {}, id});
         pending.erase(own);
     } else {
-        RecordReader reader;
-        Record record;
-        if (!reader.readCbor(code, record))
-            return reader.error();
+        Arriving one = read ? std::move(*read) : arriving(code);
+        const Record &record = one.record;
+        if (!one.problem.isEmpty())
+            return one.problem;
         id = record.id;
         if (isKnown(record))
             return {};
@@ -275,7 +299,7 @@ QString Lesson::settleOne(const QByteArray &code, std::deque<Shelved> &pending, 
             m_deferred->isStale =
                 m_deferred->isStale ||
                 std::any_of(pending.begin(), pending.end(), [&](const Shelved &shelved) { return shelved.id == id; });
-        problem = append(record, code, {});
+        problem = append(record, code, std::move(one.lived));
     }
     if (!problem.isEmpty())
         return problem;

@@ -3,6 +3,7 @@
 
 #include "LessonKit.h"
 #include "RandomActs.h"
+#include "Threads.h"
 
 #include "lesson/log/RecordCode.h"
 #include "lesson/log/RecordReader.h"
@@ -108,6 +109,8 @@ TEST(SharedLesson, isTheReplayOfItsLogAndOpensFromItsJournal)
         SCOPED_TRACE(seed);
         Random random(seed + 1000);
         Board one(seed, 1), two(seed + 500, 2);
+        Threads threads(3);
+        two.lesson.lend(&threads);
         Board *boards[] = {&one, &two};
         Codes order; // that everybody has
         for (int i = 0; i < 60; ++i) {

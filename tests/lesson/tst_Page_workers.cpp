@@ -4,11 +4,11 @@
 
 #include "PointerEvent.h"
 #include "RandomCases.h"
+#include "Threads.h"
 
 #include "lesson/objects/Tools.h"
 
 #include <atomic>
-#include <thread>
 
 using namespace PageKit;
 
@@ -16,30 +16,6 @@ namespace {
 
 constexpr QSize kSize(400, 300);
 constexpr int kObjects = 150;
-
-class Threads : public Workers
-{
-public:
-    explicit Threads(int count)
-        : m_count(count)
-    {
-    }
-    int count() const override { return m_count; }
-    void run(const std::function<void(int)> &work) override
-    {
-        ++runs;
-        std::vector<std::thread> threads;
-        for (int worker = 0; worker < m_count; ++worker)
-            threads.emplace_back(work, worker);
-        for (std::thread &thread : threads)
-            thread.join();
-    }
-
-    int runs{};
-
-private:
-    const int m_count;
-};
 
 // An object of each tool in turn, each somewhere else.
 std::vector<Life> lives(unsigned seed, const QSize &page = kSize, int widest = 12)

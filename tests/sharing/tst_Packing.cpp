@@ -93,6 +93,8 @@ TEST(Packing, nothingButEntriesComesPacked)
     EXPECT_EQ(problemOf("no frame"), wrong);
     EXPECT_EQ(problemOf(packed("no message")), wrong);
     EXPECT_EQ(problemOf(packed(encoded(FromDoor(Again())))), wrong);
+    EXPECT_EQ(problemOf(packed(QCborValue(QCborMap{{0, 1}, {1, 3}, {2, QCborArray{QByteArray("a")}}}).toCbor())),
+              wrong);
     EXPECT_EQ(problemOf(packed(QCborValue(QCborMap{{0, 8}, {1, packed(entries)}}).toCbor())), wrong) << "twice";
     EXPECT_EQ(
         problemOf(packed(QCborValue(QCborMap{{0, 2}, {1, 3}, {2, QCborArray{QByteArray(640 << 10, 'a')}}}).toCbor())),
