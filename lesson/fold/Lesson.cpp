@@ -23,17 +23,6 @@ qint64 pixels(const QSize &size)
     return qint64(size.width()) * size.height();
 }
 
-// Whether a record of this length can be read again, and as a line of a file.
-bool isBounded(const QByteArray &code)
-{
-    constexpr int kFew = 1 << 21; // bytes, which hold less than any bound
-    if (code.size() < kFew)
-        return true;
-    const QByteArray line = jsonLine(code);
-    QCborMap map;
-    return line.size() < kMostLineBytes && RecordReader::parseCbor(code, map) && RecordReader::parseJson(line, map);
-}
-
 } // namespace
 
 Lesson::Lesson(const Header &header)
@@ -107,7 +96,7 @@ qint64 Lesson::pixelsOf(const Record &record) const
 
 QString Lesson::append(const Record &record, const QByteArray &code, LivedObject lived)
 {
-    const QString problem = isBounded(code) ? problemOf(record) : tr("it is longer than any board writes");
+    const QString problem = RecordReader::canBeReadAgain(code) ? problemOf(record) : tr("it is longer than any board writes");
     if (!problem.isEmpty())
         return problem;
     m_pixels += pixelsOf(record);

@@ -1,6 +1,7 @@
 #include "lesson/log/RecordReader.h"
 
 #include "lesson/log/ActText.h"
+#include "lesson/log/RecordCode.h"
 #include "lesson/log/Words_p.h"
 #include "lesson/objects/Tools.h"
 #include "lesson/paper/PageSize.h"
@@ -61,6 +62,40 @@ bool isBounded(const QByteArray &cbor)
     QCborStreamReader reader(cbor);
     int parts = 0;
     return isBounded(reader, 0, parts) && reader.currentOffset() == cbor.size();
+}
+
+// What a line of JSON takes at most.
+struct LineBound
+{
+    qint64 bytes{};
+    qint64 marks{}; // that separate values, or look as if they did
+};
+
+// Adds the next value. False where its length is not told.
+bool addTo(LineBound &bound, QCborStreamReader &reader)
+{
+    constexpr qint64 kPlain = 32, kEscaped = 6; // bytes of a number, of a letter
+    if (reader.isContainer()) {
+        bound.bytes += 3;
+        bound.marks += 2;
+        if (!reader.enterContainer())
+            return false;
+        while (reader.hasNext()) {
+            if (!addTo(bound, reader))
+                return false;
+        }
+        return reader.leaveContainer();
+    }
+    bound.bytes += kPlain;
+    ++bound.marks;
+    if (reader.isByteArray() || reader.isString()) {
+        if (!reader.isLengthKnown())
+            return false;
+        const auto length = qint64(reader.length());
+        bound.bytes += reader.isString() ? kEscaped * length : 2 * length;
+        bound.marks += reader.isString() ? length : 0;
+    }
+    return reader.next();
 }
 
 // An array of two ints.
@@ -155,6 +190,23 @@ bool RecordReader::parseJson(const QByteArray &line, QCborMap &map)
     const QJsonDocument document = parts <= kMostParts ? QJsonDocument::fromJson(line) : QJsonDocument();
     map = QCborMap::fromJsonObject(document.object());
     return document.isObject();
+}
+
+// A line is made, and read, only where it might be too long: pictures are megabytes.
+bool RecordReader::canBeReadAgain(const QByteArray &cbor)
+{
+    constexpr int kFew = 1 << 21; // bytes, which hold less than any bound
+    if (cbor.size() < kFew)
+        return true;
+    if (!isBounded(cbor))
+        return false;
+    QCborStreamReader reader(cbor);
+    LineBound bound;
+    if (addTo(bound, reader) && bound.bytes < kMostLineBytes && bound.marks <= kMostParts)
+        return true;
+    const QByteArray line = jsonLine(cbor);
+    QCborMap map;
+    return line.size() < kMostLineBytes && parseJson(line, map);
 }
 
 bool RecordReader::read(const QCborMap &map, Record &record)

@@ -28,6 +28,9 @@ public:
     // The map of a line. False where the line is no object, or one of more parts than a record may have.
     static bool parseJson(const QByteArray &line, QCborMap &map);
 
+    // Whether what toCbor() has written is no more than can be read again, also as a line of a file.
+    static bool canBeReadAgain(const QByteArray &cbor);
+
     // "place: what is wrong there", for example "acts: not an array".
     QString error() const { return m_error; }
 
