@@ -240,13 +240,16 @@ void DoorLesson::entries(const std::vector<QByteArray> &entries)
     pumpAll();
 }
 
+// A block that is full is packed at once, so that nobody waits for many of them when somebody comes; those of a lesson
+// that was there before are packed when they are sent first.
 void DoorLesson::keep(const QByteArray &entry)
 {
-    const Batch &last = m_blocks.back();
-    if (last.end > last.from &&
-        (m_blockBytes + entry.size() > kMostBatchBytes || last.end - last.from == kMostBatchEntries)) {
-        m_blocks.push_back({last.end, last.end});
+    const auto [from, end] = std::pair(m_blocks.back().from, m_blocks.back().end);
+    if (end > from && (m_blockBytes + entry.size() > kMostBatchBytes || end - from == kMostBatchEntries)) {
+        m_blocks.push_back({end, end});
         m_blockBytes = 0;
+        if (m_isCaughtUp)
+            batchFrom(from);
     }
     m_entries.push_back(entry);
     m_blocks.back().end = m_entries.size();

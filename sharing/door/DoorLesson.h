@@ -81,10 +81,9 @@ private:
     DoorOutlet &m_outlet;
     std::map<int, Guest> m_guests;
     std::vector<QByteArray> m_entries;
-    std::vector<Batch> m_blocks{
-        1}; // all entries; none is added to but the last. Their messages are made when they are sent first
-    qint64 m_blockBytes{}; // of the last one
-    Batch m_batch{};       // other than a whole block, that was told last
+    std::vector<Batch> m_blocks = {Batch()}; // all entries; none is added to but the last block
+    qint64 m_blockBytes{};                   // of the last
+    Batch m_batch{};                         // other than a whole block, that was told last
     StreamReader m_reader;
     bool m_isCaughtUp{};
     bool m_isCreating{}; // it may come into being here
