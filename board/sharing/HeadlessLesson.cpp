@@ -30,6 +30,7 @@ namespace {
 
 constexpr QSize kPage{1280, 800};
 constexpr int kBeginner = 1;
+constexpr std::size_t kAhead = 64; // objects that are prepared at once
 
 class Headless
 {
@@ -57,6 +58,7 @@ private:
     QString begin();
     void finish();
     void end(const QString &problem);
+    bool isLooking() const { return !m_order.png.isEmpty() || m_latencyFile.isOpen(); }
     int objects() const;
     bool isDone() const;
     QString state() const;
@@ -197,6 +199,8 @@ void Headless::step()
     if (!m_lesson->author())
         return;
     m_lesson->lesson()->lend(&m_workers);
+    if (!m_player && isLooking())
+        m_lesson->lesson()->page(InkLesson::kFirstPage).prepareNext(kAhead); // while the rest comes
     QString problem = m_kept ? QString() : keep();
     if (problem.isEmpty() && !m_player && m_lesson->isOpen())
         problem = begin();
@@ -218,8 +222,8 @@ QString Headless::keep()
 QString Headless::begin()
 {
     const QString problem = writeLink();
-    if (!m_order.png.isEmpty() || m_latencyFile.isOpen())
-        m_lesson->lesson()->page(InkLesson::kFirstPage).surface(); // somebody looks
+    if (isLooking())
+        m_lesson->lesson()->page(InkLesson::kFirstPage).surface();
     draw();
     return problem;
 }

@@ -67,8 +67,6 @@ void Page::paintAnew()
     if (m_layers->isNull())
         return;
     m_layers->lend(m_workers);
-    if (m_workers) // who do together what the painting would do
-        prepare([](double) {});
     m_change = Change::Any; // what has changed since the last repaint() is painted here
     layPaper();
     repaint(rect());
@@ -374,15 +372,24 @@ QRect Page::repaint(const QRect &part)
     const QRect area = closed(part);
     if (!isPainted())
         return area;
+    prepareFor(area);
     m_layers->clear(area);
     LayerPainting painting(*m_layers, LayerPainting::On::PageAndInk, area);
     layInk(painting, area);
     return area;
 }
 
+// Those who do together what takes long do it for all objects that come at once, as in a lesson that is joined.
+void Page::prepareFor(const QRect &area)
+{
+    if (m_workers && 2 * pixels(area) >= pixels(rect()))
+        prepare([](double) {});
+}
+
 // The ink stays. What paints nothing but sprites is painted anew where the paper differs, and nowhere else.
 void Page::repaintPaper(const QImage &before)
 {
+    prepareFor(rect());
     std::vector<const Sprite *> sprites;
     bool isWhole = true; // of sprites
     for (const auto &item : m_items) {

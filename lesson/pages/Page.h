@@ -156,6 +156,7 @@ private:
     void count(const Item &item, int by);
     QRect closed(QRect area) const;
     QRect repaint(const QRect &part);
+    void prepareFor(const QRect &area);
     void layInk(LayerPainting &painting, const QRect &area);
     bool keepsInk() const;
     void repaintPaper(const QImage &before);

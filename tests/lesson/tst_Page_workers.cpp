@@ -71,6 +71,32 @@ TEST(Page, severalHandsPrepareWhatOneDoes)
     EXPECT_TRUE(samePixels(several.ink(), literal.ink()));
 }
 
+// On half of the page and more, of one that is seen already.
+TEST(Page, severalHandsPrepareWhatComesAtOnce)
+{
+    const std::vector<Life> objects = lives(3);
+    Page page(kSize), small(kSize), literal(kSize);
+    literal.keepSprites(false);
+    Threads threads(2), none(2);
+    page.lend(&threads);
+    small.lend(&none);
+    for (Page *one : {&page, &small, &literal})
+        one->surface();
+    EXPECT_EQ(threads.runs, 0);
+    for (Page *one : {&page, &literal}) {
+        fill(*one, objects);
+        one->repaint();
+    }
+    EXPECT_EQ(threads.runs, 3); // 150 objects, 64 at once
+    EXPECT_TRUE(samePixels(page.picture(), literal.picture()));
+    EXPECT_TRUE(samePixels(page.ink(), literal.ink()));
+    for (int number = 1; number <= 2; ++number) {
+        small.put(blockOf({1, number}, {10, 10, 196, 296}, kRed), 9);
+        small.repaint();
+    }
+    EXPECT_EQ(none.runs, 0);
+}
+
 // Also where it has to be made again before.
 TEST(Page, eachObjectIsPreparedOnce)
 {
