@@ -4,10 +4,13 @@
 //   sharing_bench fill OBJECTS PAGES LINK   draws so many, of a thousand points each, on so many pages alike
 //   sharing_bench undo OBJECTS LINK         one's own last steps, once so many objects of others are there
 //   sharing_bench picture FILE LINK         puts a picture on the page
+//   sharing_bench still FOLDER              a lesson that is shared for a while, beside one that never is
 //   sharing_bench presence BOARDS SECONDS LINK    so many people, each of whom tells thirty places a second
 //
 // Each prints numbers in one line: milliseconds, or counts.
 
+#include "board/document/Document.h"
+#include "board/sharing/DocumentSharing.h"
 #include "board/sharing/LessonConnection.h"
 #include "board/sharing/LessonLink.h"
 #include "board/sharing/SharedLesson.h"
@@ -222,6 +225,84 @@ int picture(const QString &file, const QString &link)
     return isSent ? 0 : 1;
 }
 
+// Two documents in which the same hand does the same at the same times.
+class Twins
+{
+public:
+    Document alone{kPage}, shared{kPage};
+
+    // Draws until it is so, and at least a stroke.
+    bool drawUntil(const std::function<bool()> &isSo)
+    {
+        QElapsedTimer clock;
+        clock.start();
+        do {
+            for (int point = 0; point < Pen::kStroke; ++point) {
+                m_pens[0].next();
+                m_pens[1].next();
+                QCoreApplication::processEvents();
+            }
+        } while (!isSo() && clock.elapsed() < 60'000);
+        return isSo();
+    }
+    void undo()
+    {
+        alone.undo();
+        shared.undo();
+    }
+    bool areAlike() const
+    {
+        return alone.page().picture() == shared.page().picture() && alone.page().ink() == shared.page().ink() &&
+               alone.stepsToUndo() == shared.stepsToUndo();
+    }
+
+private:
+    Pen m_pens[2] = {Pen(alone.author()), Pen(shared.author())};
+};
+
+// What is saved in the end is opened again, and looked at.
+bool isAlikeAsAFile(const Document &document, Document &saved, const QString &file)
+{
+    Document opened(kPage);
+    return saved.save(file).isEmpty() && opened.open(file).isEmpty() &&
+           opened.page().picture() == document.page().picture();
+}
+
+int still(const QString &folder)
+{
+    Twins twins;
+    DocumentSharing sharing(twins.shared);
+    sharing.setFolder(folder);
+    sharing.setPort(0);
+    const auto always = [] { return true; };
+    bool areAlike = twins.drawUntil(always);
+    QElapsedTimer clock;
+    clock.start();
+    sharing.share();
+    if (!twins.drawUntil([&] { return sharing.isConnected(); }))
+        qFatal("not shared");
+    const double began = double(clock.elapsed());
+    const auto pupil = joined(sharing.link().text());
+    areAlike = areAlike && twins.drawUntil(always);
+    twins.undo();
+    areAlike = areAlike && twins.areAlike();
+    if (!waitUntil([&] { return sharing.unsent() == 0 && pupil->lesson()->log() == twins.shared.lesson().log(); }))
+        qFatal("the pupil has not all of it");
+    const InkLesson::Page &seen = pupil->lesson()->page(InkLesson::kFirstPage);
+    areAlike = areAlike && seen.picture() == twins.alone.page().picture();
+    clock.start();
+    sharing.end();
+    if (!twins.drawUntil([&] { return sharing.isIdle(); }))
+        qFatal("still shared");
+    const double ended = double(clock.elapsed());
+    twins.drawUntil(always);
+    twins.undo();
+    areAlike = areAlike && twins.areAlike() &&
+               isAlikeAsAFile(twins.alone, twins.shared, folder + QStringLiteral("/still.inkboard"));
+    print({areAlike ? 1.0 : 0.0, began, ended});
+    return 0;
+}
+
 int presence(int boards, int seconds, const QString &link)
 {
     std::vector<std::unique_ptr<SharedLesson>> all;
@@ -267,6 +348,8 @@ int run(const QStringList &words)
         return undo(words.value(2).toInt(), words.value(3));
     if (what == QLatin1String("picture"))
         return picture(words.value(2), words.value(3));
+    if (what == QLatin1String("still"))
+        return still(words.value(2));
     if (what == QLatin1String("presence"))
         return presence(words.value(2).toInt(), words.value(3).toInt(), words.value(4));
     return 2;

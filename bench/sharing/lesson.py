@@ -52,7 +52,7 @@ class Lesson:
         self.folder = pathlib.Path(tempfile.mkdtemp(prefix="bench-sharing-"))
         self.processes = []
         self.link = None
-        self.environment = {**os.environ, "QT_QPA_PLATFORM": "offscreen", "XDG_CONFIG_HOME": "/dev/null", "LC_ALL": "C.UTF-8"}
+        self.environment = {**os.environ, "PATH": f"{BUILD / 'door'}:{os.environ['PATH']}", "QT_QPA_PLATFORM": "offscreen", "XDG_CONFIG_HOME": "/dev/null", "LC_ALL": "C.UTF-8"}
 
     def __enter__(self):
         return self

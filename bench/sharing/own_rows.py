@@ -88,6 +88,14 @@ def presence(how):
                 "30 a second, 0, 5 s", each >= 28 and stored == 0 and gone <= 5500)]
 
 
+def still_a_board(how):
+    """19: a lesson that is shared for a while, at a door of its own, beside one in which the same is done."""
+    with Lesson() as lesson:
+        alike, began, ended = numbers(lesson, bench(lesson, "still", "still", lesson.folder))
+    return [row("19", "sharing begun and ended while somebody draws: pages, steps and file, against a lesson never shared",
+                f"{'alike' if alike else 'not alike'}; begun after {began / 1000:.1f} s, ended after {ended / 1000:.1f} s", "all as before", alike == 1)]
+
+
 def noise(path, side):
     """A picture that nothing makes smaller."""
     def chunk(kind, data):

@@ -21,6 +21,7 @@ ROWS = {
     "7": rows.engine_lost,
     "12": own_rows.presence,
     "17": own_rows.picture,
+    "19": own_rows.still_a_board,
 }
 
 

@@ -1,8 +1,11 @@
 #include "SharingProbe.h"
 
 #include "board/document/Document.h"
+#include "board/invite/JoinDialog.h"
+#include "board/invite/SpokenLink.h"
 
 #include <QtTest/QSignalSpy>
+#include <QtWidgets/QLineEdit>
 
 #include <csignal>
 
@@ -14,6 +17,7 @@ class tst_DocumentSharing : public QObject
 
 private slots:
     void sharesInTheMidstOfALesson();
+    void isJoinedByWhatWasReadAloud();
     void knowsInWhichOrderTheyCame();
     void undoesOwnStepsOnly();
     void showsWhatGrowsElsewhere();
@@ -65,6 +69,26 @@ void tst_DocumentSharing::sharesInTheMidstOfALesson()
     QTRY_COMPARE_WITH_TIMEOUT(teacher.sharing.words(), QString("Shared with 1"), kPatience);
     QTRY_COMPARE_WITH_TIMEOUT(pupil.sharing.words(), QString("Shared with 1"), kPatience);
     QCOMPARE(teacher.sharing.others()->all().begin()->second.presence.name, QString("Pupil"));
+}
+
+// In small letters, as one types who listens.
+void tst_DocumentSharing::isJoinedByWhatWasReadAloud()
+{
+    SharingProbe teacher("Teacher"), pupil("Pupil");
+    drawRow(teacher, 1);
+    teacher.share();
+    const auto words = SpokenLink::of(teacher.sharing.link());
+    QVERIFY(words);
+    JoinDialog dialog(nullptr, {});
+    dialog.show();
+    auto *field = dialog.findChild<QLineEdit *>(QStringLiteral("link"));
+    QVERIFY(field);
+    QTest::keyClicks(field, words->address + QLatin1Char(' ') + words->groups.join(QLatin1Char(' ')).toLower());
+    QTest::keyClick(field, Qt::Key_Return);
+    QCOMPARE(dialog.result(), int(QDialog::Accepted));
+    pupil.sharing.join(dialog.link());
+    QTRY_VERIFY_WITH_TIMEOUT(pupil.document.isShared(), kPatience);
+    QVERIFY(hasRow(pupil, 1));
 }
 
 // The same at every board, whatever numbers their authors have drawn.
