@@ -116,7 +116,8 @@ bool isPlainImage(const QPainter &painter)
            deviceOf(painter).devicePixelRatioF() == 1.0;
 }
 
-// Whether Qt's raster engine fills the outline of the pen, with pixels that Ink computes.
+// Whether Qt's raster engine fills the outline of the pen, with pixels that Ink computes. The painter of a widget may
+// be led elsewhere than its transform says.
 bool isOutlined(const QPainter &painter)
 {
     if (!isPlainImage(painter))
@@ -127,8 +128,8 @@ bool isOutlined(const QPainter &painter)
     return painter.testRenderHint(QPainter::Antialiasing) && painter.opacity() == 1.0 &&
            (mode == QPainter::CompositionMode_SourceOver || mode == QPainter::CompositionMode_SourceIn) &&
            painter.brush().style() == Qt::NoBrush && pen.style() == Qt::SolidLine && !pen.isCosmetic() &&
-           transform.isAffine() && pen.widthF() * scaleOf(transform) > kHairline &&
-           isKnownBrush(pen.brush(), transform);
+           transform == painter.combinedTransform() && transform.isAffine() &&
+           pen.widthF() * scaleOf(transform) > kHairline && isKnownBrush(pen.brush(), transform);
 }
 
 // The pixels that a painter may paint, where those are a rectangle of whole ones.

@@ -50,8 +50,10 @@ QImage motley(QImage::Format format = QImage::Format_ARGB32_Premultiplied)
 QImage painted(const QPainterPath &path, const Prepare &prepare, bool byQt, QImage image = motley(),
                const QRegion &system = {})
 {
+    image.detach(); // or the painter takes another engine
     image.paintEngine()->setSystemClip(system);
     QPainter painter(&image);
+    EXPECT_EQ(painter.paintEngine()->systemClip(), system);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(roundPen(5));
     prepare(painter);
@@ -75,6 +77,29 @@ QBrush texture(QImage::Format format)
 {
     return QBrush(motley(format).copy(3, 5, 17, 13));
 }
+
+// What is painted on it comes into another image, at a place there.
+class Child : public QImage
+{
+public:
+    Child(QImage &window, const QPoint &place)
+        : QImage(window.size(), QImage::Format_ARGB32_Premultiplied)
+        , m_window(window)
+        , m_place(place)
+    {
+    }
+
+protected:
+    QPaintDevice *redirected(QPoint *offset) const override
+    {
+        *offset = -m_place;
+        return &m_window;
+    }
+
+private:
+    QImage &m_window;
+    const QPoint m_place;
+};
 
 } // namespace
 
@@ -302,6 +327,26 @@ TEST(PaintPath, farOutlinesAreThoseOfQt)
     EXPECT_EQ(painted(
                   beside, [](QPainter &) {}, false),
               motley());
+}
+
+// As that of a widget is to the picture of its window.
+TEST(PaintPath, redirectedPainterPaintsWhereQtDoes)
+{
+    const auto redirected = [](bool byQt) {
+        QImage window = motley();
+        Child child(window, {30, 20});
+        QPainter painter(&child);
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setPen(roundPen(5));
+        if (byQt)
+            painter.drawPath(scribble());
+        else
+            paintPath(painter, scribble());
+        painter.end();
+        return window;
+    };
+    EXPECT_NE(redirected(true), motley());
+    EXPECT_EQ(redirected(false), redirected(true));
 }
 
 TEST(PaintPath, painterIsGivenBack)
