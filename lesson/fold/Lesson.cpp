@@ -96,7 +96,8 @@ qint64 Lesson::pixelsOf(const Record &record) const
 
 QString Lesson::append(const Record &record, const QByteArray &code, LivedObject lived)
 {
-    const QString problem = RecordReader::canBeReadAgain(code) ? problemOf(record) : tr("it is longer than any board writes");
+    const QString problem =
+        RecordReader::canBeReadAgain(code) ? problemOf(record) : tr("it is longer than any board writes");
     if (!problem.isEmpty())
         return problem;
     m_pixels += pixelsOf(record);
@@ -323,7 +324,7 @@ Life Lesson::lifeOf(const Thing &thing, const std::vector<int> &changes) const
 void Lesson::refresh(const ObjectId &id, const Life *drawn, LivedObject lived)
 {
     if (m_deferred) {
-        defer(id, drawn);
+        defer(id, drawn, std::move(lived));
         return;
     }
     const auto found = m_things.find(id);

@@ -211,12 +211,12 @@ private:
     void takeOut(int place, const Record &record);
     void takeOutDrawn(Shelved &shelved);
     void flush();
-    void defer(const ObjectId &id, const Life *drawn);
+    void defer(const ObjectId &id, const Life *drawn, LivedObject lived);
     std::deque<Shelved> takeBackTo(std::size_t length);
     QString putBack(const Shelved &shelved);
     void putBackAll(std::deque<Shelved> &pending, Refusals &refusals);
     static Arriving arriving(const QByteArray &code);
-    std::vector<Arriving> arriving(const std::vector<QByteArray> &codes) const;
+    std::vector<Arriving> arriving(const QByteArray *codes, std::size_t count) const;
     QString settleOne(const QByteArray &code, Arriving *read, std::deque<Shelved> &pending, StepId &id);
     void tell(const LogChange &change);
     void fit();

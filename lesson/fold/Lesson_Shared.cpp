@@ -13,7 +13,7 @@ namespace {
 
 const auto kDraw = quint8(Deed(Draw()).index());
 constexpr StepId kUnknown{-1, -1};
-constexpr std::size_t kMany = 8; // records that are read together
+constexpr std::size_t kMany = 8, kMost = 16; // records that are read together; their pictures take much memory
 
 } // namespace
 
@@ -40,7 +40,7 @@ private:
     const Batch m_batch;
 };
 
-void Lesson::defer(const ObjectId &id, const Life *drawn)
+void Lesson::defer(const ObjectId &id, const Life *drawn, LivedObject lived)
 {
     const auto found = m_things.find(id);
     if (found == m_things.end())
@@ -48,7 +48,7 @@ void Lesson::defer(const ObjectId &id, const Life *drawn)
     m_deferred->objects.emplace_back(found->second.page, id);
     const auto shown = m_deferred->shown.find(id);
     if (drawn && shown == m_deferred->shown.end())
-        m_deferred->lived[id] = live(*drawn);
+        m_deferred->lived[id] = lived.object ? std::move(lived) : live(*drawn);
 }
 
 // Shows what has become of what was deferred.
@@ -227,10 +227,10 @@ Lesson::Arriving Lesson::arriving(const QByteArray &code)
 }
 
 // Nothing of it depends on what stands before: all workers read at once.
-std::vector<Lesson::Arriving> Lesson::arriving(const std::vector<QByteArray> &codes) const
+std::vector<Lesson::Arriving> Lesson::arriving(const QByteArray *codes, std::size_t count) const
 {
-    std::vector<Arriving> all(codes.size());
-    shareOut(m_workers, int(codes.size()), [&](int i, int) { all[std::size_t(i)] = arriving(codes[std::size_t(i)]); });
+    std::vector<Arriving> all(count);
+    shareOut(m_workers, int(count), [&](int i, int) { all[std::size_t(i)] = arriving(codes[i]); });
     return all;
 }
 
@@ -239,7 +239,8 @@ Lesson::Refusals Lesson::settle(const std::vector<QByteArray> &codes, std::vecto
     const Rearranging rearranging(*this);
     Refusals refusals;
     std::deque<Shelved> pending; // once something has come in before them
-    std::vector<Arriving> many;
+    std::vector<Arriving> ahead;
+    std::size_t aheadFrom = 0; // of the codes
     for (std::size_t i = 0; i < codes.size(); ++i) {
         const QByteArray &code = codes[i];
         if (pending.empty() && m_settled < m_log.size() && m_log[m_settled] == code) {
@@ -247,10 +248,13 @@ Lesson::Refusals Lesson::settle(const std::vector<QByteArray> &codes, std::vecto
         } else {
             if (pending.empty())
                 pending = takeBackTo(m_settled);
-            if (many.empty() && codes.size() >= kMany)
-                many = arriving(codes);
+            if (i >= aheadFrom + ahead.size() && codes.size() - i >= kMany) {
+                aheadFrom = i;
+                ahead = arriving(&codes[i], std::min(kMost, codes.size() - i));
+            }
+            Arriving *const read = i < aheadFrom + ahead.size() ? &ahead[i - aheadFrom] : nullptr;
             StepId id;
-            const QString problem = settleOne(code, many.empty() ? nullptr : &many[i], pending, id);
+            const QString problem = settleOne(code, read, pending, id);
             if (!problem.isEmpty()) {
                 leaveOut(id.author, id.number);
                 refusals.push_back({id, problem});

@@ -74,7 +74,7 @@ struct LineBound
 // Adds the next value. False where its length is not told.
 bool addTo(LineBound &bound, QCborStreamReader &reader)
 {
-    constexpr qint64 kPlain = 32, kEscaped = 6; // bytes of a number, of a letter
+    constexpr qint64 kPlain = 32, kEscaped = 7; // bytes of a number, of a letter, also in the name of a value
     if (reader.isContainer()) {
         bound.bytes += 3;
         bound.marks += 2;

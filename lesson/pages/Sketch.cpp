@@ -16,15 +16,17 @@ namespace InkLesson {
 
 namespace {
 
-// Transparent. The system gives it memory where it is painted on, and only there.
+// Transparent. The system gives it memory where it is painted on, and only there. Qt reads a little beyond the pixels
+// where it smooths an image.
 std::unique_ptr<QImage> blankCanvas(const QSize &size)
 {
+    constexpr std::size_t kSpareBytes = 4096;
     const std::size_t bytesPerLine = std::size_t(size.width()) * sizeof(QRgb);
-    auto *pixels = static_cast<uchar *>(std::calloc(std::size_t(size.height()), bytesPerLine));
-    if (!pixels)
+    void *start = std::calloc(std::size_t(size.height()) * bytesPerLine + 2 * kSpareBytes, 1);
+    if (!start)
         return nullptr;
-    return std::make_unique<QImage>(pixels, size.width(), size.height(), int(bytesPerLine), QImage::Format_ARGB32,
-                                    std::free, pixels);
+    return std::make_unique<QImage>(static_cast<uchar *>(start) + kSpareBytes, size.width(), size.height(),
+                                    int(bytesPerLine), QImage::Format_ARGB32, std::free, start);
 }
 
 // The pixels that a pen may have rendered, none of them farther from one of its points than it is wide.

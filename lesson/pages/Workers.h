@@ -8,7 +8,7 @@
 
 namespace InkLesson {
 
-// Lends a page the processors that its host has.
+// Lends a lesson and its pages the processors that the host has.
 class Workers
 {
 public:

@@ -90,11 +90,16 @@ TEST(Page, severalHandsPrepareWhatComesAtOnce)
     EXPECT_EQ(threads.runs, 3); // 150 objects, 64 at once
     EXPECT_TRUE(samePixels(page.picture(), literal.picture()));
     EXPECT_TRUE(samePixels(page.ink(), literal.ink()));
-    for (int number = 1; number <= 2; ++number) {
-        small.put(blockOf({1, number}, {10, 10, 196, 296}, kRed), 9);
+    // With the pixels around them, 198 x 300 of 400 x 300, then 200 x 300.
+    const auto paintTwo = [&small](int number, int width) {
+        for (int i = 0; i < 2; ++i)
+            small.put(itemOf({1, number + i}, lineLife({10, 2}, {10 + width, 297}, QColor(kRed))), 9);
         small.repaint();
-    }
+    };
+    paintTwo(1, 150);
     EXPECT_EQ(none.runs, 0);
+    paintTwo(3, 250);
+    EXPECT_EQ(none.runs, 1);
 }
 
 // Also where it has to be made again before.
