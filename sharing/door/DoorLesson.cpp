@@ -47,7 +47,6 @@ void DoorLesson::open(Engine::Open how)
     m_isCaughtUp = false;
     m_entries.clear();
     m_blocks.assign(1, {});
-    m_blockBytes = 0;
     m_batch = {};
     m_reader = StreamReader();
     m_stream.reset();
@@ -244,16 +243,15 @@ void DoorLesson::entries(const std::vector<QByteArray> &entries)
 // that was there before are packed when they are sent first.
 void DoorLesson::keep(const QByteArray &entry)
 {
-    const auto [from, end] = std::pair(m_blocks.back().from, m_blocks.back().end);
-    if (end > from && (m_blockBytes + entry.size() > kMostBatchBytes || end - from == kMostBatchEntries)) {
-        m_blocks.push_back({end, end});
-        m_blockBytes = 0;
+    const Batch last = m_blocks.back();
+    if (last.bytes > 0 && (last.bytes + entry.size() > kMostBatchBytes || last.end - last.from == kMostBatchEntries)) {
+        m_blocks.push_back({last.end, last.end});
         if (m_isCaughtUp)
-            batchFrom(from);
+            batchFrom(last.from);
     }
     m_entries.push_back(entry);
     m_blocks.back().end = m_entries.size();
-    m_blockBytes += entry.size();
+    m_blocks.back().bytes += entry.size();
 }
 
 void DoorLesson::caughtUp()
@@ -291,20 +289,23 @@ void DoorLesson::pump(int connection)
     }
 }
 
-// The entries from a place to the end of their block. All who are as far get the same message; that of a whole block,
-// which is packed, is kept for those who come later.
+// The entries from a place to the end of their block. All who are as far get the same message; that of a whole block is
+// kept for those who come later, if it could be packed.
 const DoorLesson::Batch &DoorLesson::batchFrom(std::size_t from)
 {
     const auto after = std::upper_bound(m_blocks.begin(), m_blocks.end(), from,
                                         [](std::size_t place, const Batch &block) { return place < block.from; });
     Batch &block = *std::prev(after);
     const bool isWhole = after != m_blocks.end() && from == block.from;
-    Batch &batch = isWhole ? block : m_batch;
-    if (batch.message.isEmpty() || batch.from != from || batch.end != block.end) {
+    if (isWhole && !block.message.isEmpty())
+        return block;
+    if (m_batch.message.isEmpty() || m_batch.from != from || m_batch.end != block.end) {
         const auto entry = [this](std::size_t place) { return m_entries.begin() + std::ptrdiff_t(place); };
-        batch = {from, block.end, encoded(FromDoor(Entries{from, {entry(from), entry(block.end)}}))};
+        m_batch = {from, block.end, encoded(FromDoor(Entries{from, {entry(from), entry(block.end)}}))};
     }
-    return batch;
+    if (isWhole && 2 * m_batch.message.size() <= block.bytes)
+        block.message = m_batch.message;
+    return m_batch;
 }
 
 void DoorLesson::turnAway(int connection, Reason reason)

@@ -58,6 +58,7 @@ private:
     {
         std::size_t from{}, end{};
         QByteArray message{};
+        qint64 bytes{}; // of the entries
     };
 
     void open(Engine::Open how);
@@ -82,8 +83,7 @@ private:
     std::map<int, Guest> m_guests;
     std::vector<QByteArray> m_entries;
     std::vector<Batch> m_blocks = {Batch()}; // all entries; none is added to but the last block
-    qint64 m_blockBytes{};                   // of the last
-    Batch m_batch{};                         // other than a whole block, that was told last
+    Batch m_batch{};                         // that was told last, but for those of blocks that are kept
     StreamReader m_reader;
     bool m_isCaughtUp{};
     bool m_isCreating{}; // it may come into being here
