@@ -185,19 +185,20 @@ std::optional<std::vector<Edge>> InkInternal::edgesOf(const QPainterPath &outlin
     return list.take();
 }
 
-CoverageBand::CoverageBand(int left, int width, int mostRows)
-    : m_left(left)
-    , m_width(width)
-    , m_cells(std::size_t(mostRows) * std::size_t(width + 1))
-    , m_first(std::size_t(mostRows))
+CoverageBand::CoverageBand(const QSize &most)
+    : m_rowCells(std::size_t(most.width()) + 1)
+    , m_cells(std::size_t(most.height()) * m_rowCells)
+    , m_first(std::size_t(most.height()))
 {
 }
 
-void CoverageBand::moveTo(int top, int rows)
+void CoverageBand::moveTo(const QRect &pixels)
 {
-    m_top = top;
-    m_rows = rows;
-    std::fill(m_first.begin(), m_first.end(), m_width + 1);
+    m_left = pixels.left();
+    m_width = pixels.width();
+    m_top = pixels.top();
+    m_rows = pixels.height();
+    std::fill_n(m_first.begin(), m_rows, m_width + 1);
 }
 
 void CoverageBand::add(const Edge &edge)

@@ -31,16 +31,16 @@ std::optional<std::vector<Edge>> edgesOf(const QPainterPath &outline, const QTra
 class CoverageBand
 {
 public:
-    // Pixels `left` to `left + width - 1` of up to `mostRows` rows.
-    CoverageBand(int left, int width, int mostRows);
+    // Of at most so many pixels in each direction.
+    explicit CoverageBand(const QSize &most);
 
     // The band is empty, as it is once all of its rows were taken.
-    void moveTo(int top, int rows);
+    void moveTo(const QRect &pixels);
 
     void add(const Edge &edge);
 
     // Takes a row out of the band: how much of each pixel is covered, 0 to 255 by the non-zero winding rule. Returns
-    // the first pixel that may be covered at all; `coverage` is written from there on, `width` values being the whole.
+    // the first pixel that may be covered at all; `coverage` is written from there on, one value a pixel of the band.
     int takeRow(int y, uchar *coverage);
 
 private:
@@ -52,14 +52,14 @@ private:
     };
 
     bool holds(int y) const { return unsigned(y - m_top) < unsigned(m_rows); }
-    Cell *cellsOf(int y) { return &m_cells[std::size_t(y - m_top) * std::size_t(m_width + 1)]; }
+    Cell *cellsOf(int y) { return &m_cells[std::size_t(y - m_top) * m_rowCells]; }
     void addToRow(int y, int x1, int y1, int x2, int y2);
     void addToCell(Cell *cells, int x, int width, int height) const;
 
-    const int m_left, m_width;
-    int m_top = 0;
-    int m_rows = 0;
-    std::vector<Cell> m_cells; // of each row: one for all that lies left of the band, then one for each pixel
+    const std::size_t m_rowCells; // one for all that lies left of the band, then one for each pixel
+    int m_left = 0, m_width = 0;
+    int m_top = 0, m_rows = 0;
+    std::vector<Cell> m_cells; // row by row
     std::vector<int> m_first;  // cell of each row that was touched
 };
 

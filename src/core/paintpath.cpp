@@ -1,6 +1,7 @@
 #include "paintpath_p.h"
 
 #include "coverage_p.h"
+#include "mixing_p.h"
 #include "painting_p.h"
 
 #include <QtGui/QPainterPathStroker>
@@ -20,30 +21,9 @@ namespace {
 
 constexpr double kHairline = 1; // device pixels; up to this width Qt paints lines, not outlines
 constexpr int kFewest = 24;     // elements of a path; with fewer, it is not worth a look
-constexpr uint kFull = 255;     // coverage of a whole pixel
-constexpr QRgb kEvenChannels = 0x00ff00ff;
 
 // All edges are walked through for every band; the more of them there are, the more memory a band is worth.
 constexpr int kLeastBandRows = 8, kMostBandRows = 64, kEdgesPerBandRow = 2048;
-
-// Two channels, each divided by 255 and rounded as Qt rounds it.
-QRgb dividedBy255(QRgb channels)
-{
-    constexpr QRgb kHalf = 0x00800080;
-    return (channels + (channels >> 8 & kEvenChannels) + kHalf) >> 8 & kEvenChannels;
-}
-
-// Each channel of `x` times `a` / 255 and of `y` times `b` / 255.
-QRgb mixed(QRgb x, uint a, QRgb y, uint b)
-{
-    return dividedBy255((x & kEvenChannels) * a + (y & kEvenChannels) * b) |
-           dividedBy255((x >> 8 & kEvenChannels) * a + (y >> 8 & kEvenChannels) * b) << 8;
-}
-
-QRgb scaled(QRgb pixel, uint a)
-{
-    return mixed(pixel, a, 0, 0);
-}
 
 const QImage &deviceOf(const QPainter &painter)
 {
@@ -82,10 +62,9 @@ public:
     QRgb over(QRgb pixel, QRgb ink, uint coverage) const
     {
         if (m_isOpaqueTexture && !m_isIn)
-            return mixed(ink, coverage, pixel, kFull - coverage);
+            return mixed(ink, coverage, pixel, kFullCoverage - coverage);
         const QRgb inked = scaled(ink, coverage);
-        return m_isIn ? mixed(inked, uint(qAlpha(pixel)), pixel, kFull - coverage)
-                      : inked + scaled(pixel, kFull - uint(qAlpha(inked)));
+        return m_isIn ? mixed(inked, uint(qAlpha(pixel)), pixel, kFullCoverage - coverage) : laidOver(inked, pixel);
     }
 
 private:
@@ -209,11 +188,11 @@ void paint(QPainter &painter, const std::vector<Edge> &edges, const QRect &area)
     painter.resetTransform();
     painter.setCompositionMode(QPainter::CompositionMode_Source);
     const int bandRows = qBound(kLeastBandRows, int(edges.size()) / kEdgesPerBandRow, kMostBandRows);
-    CoverageBand band(area.left(), area.width(), bandRows);
+    CoverageBand band({area.width(), bandRows});
     std::vector<uchar> coverage(std::size_t(area.width()));
     for (int top = area.top(); top <= area.bottom(); top += bandRows) {
         const QRect rows = area & QRect(area.left(), top, area.width(), bandRows);
-        band.moveTo(top, rows.height());
+        band.moveTo(rows);
         for (const Edge &edge : edges)
             band.add(edge);
 

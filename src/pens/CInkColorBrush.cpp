@@ -2,13 +2,14 @@
 
 #include "core/cache_p.h"
 #include "core/painting_p.h"
+#include "pens/roundlines_p.h"
 #include "pens/stroke_p.h"
 #include "pens/textured_p.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <iterator>
+#include <vector>
 
 using namespace InkInternal;
 
@@ -26,9 +27,9 @@ constexpr struct
 } kPasses[] = {{60, 1.0f}, {40, 0.8f}, {60, 0.6f}, {60, 0.4f}};
 
 // Of eight bits in each channel, whatever the model of the object's colour.
-std::array<QPen, std::size(kPasses)> pensOf(const QColor &color, int width)
+std::vector<QPen> pensOf(const QColor &color, int width)
 {
-    std::array<QPen, std::size(kPasses)> pens;
+    std::vector<QPen> pens(std::size(kPasses));
     std::transform(std::begin(kPasses), std::end(kPasses), pens.begin(), [&](const auto &pass) {
         const QColor shade(color.red(), color.green(), color.blue(), pass.alpha);
         return QPen(shade, truncated(double(pass.width * float(width))), Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin);
@@ -119,7 +120,8 @@ void CInkColorBrush::DrawColorBrushGraph(QPainter &painter)
     QPainter cache(m_pImage);
     setHighQualityAntialiasing(cache);
     cache.setRenderHint(QPainter::SmoothPixmapTransform);
-    const std::array<QPen, std::size(kPasses)> pens = pensOf(m_color, m_nWidth);
+    const std::vector<QPen> pens = pensOf(m_color, m_nWidth);
+    RoundLines lines(*m_pImage, pens);
     const double margin = std::abs(double(m_nWidth)) + 1;
     const QRectF pixels = reachOf(*m_pImage);
     const QRectF reach = pixels.adjusted(-margin, -margin, margin, margin);
@@ -128,6 +130,11 @@ void CInkColorBrush::DrawColorBrushGraph(QPainter &painter)
     for (int i = std::max(m_nDrawnCount, 0); i < points.size() - 1; m_nDrawnCount = ++i) {
         if (passesBy(points.at(i), points.at(i + 1), reach))
             continue;
+        if (const int end = lines.paint(points, i); end > i) {
+            isSettled = false;
+            i = end - 1;
+            continue;
+        }
         const bool isWhole = coversAll(points.at(i), points.at(i + 1), m_nWidth, pixels);
         if (isWhole && isSettled)
             continue;

@@ -58,8 +58,8 @@ bool areWithinLimits(std::initializer_list<QPointF> points, const QTransform &to
 // `width` pixels of row `y`, as a band of this row alone has them; kUntouched where nothing is written.
 Row row(const Edges &edges, int y, int left, int width)
 {
-    CoverageBand band(left, width, 1);
-    band.moveTo(y, 1);
+    CoverageBand band({width, 1});
+    band.moveTo({left, y, width, 1});
     for (const Edge &edge : edges)
         band.add(edge);
     std::vector<uchar> coverage(std::size_t(width), kUntouched);
@@ -208,8 +208,8 @@ TEST(CoverageBand, windingsAddUp)
     EXPECT_EQ(row(together(once, back), 0, 0, 4), Row({0, 0, 0, 0}));
     EXPECT_EQ(row(together(back, back), 0, 0, 4), Row({255, 255, 255, 0}));
     // More windings than 32 bits of area hold.
-    CoverageBand band(0, 1, 1);
-    band.moveTo(0, 1);
+    CoverageBand band({1, 1});
+    band.moveTo({0, 0, 1, 1});
     for (int i = 0; i < 40'000; ++i)
         band.add({0, 256, 0, 0});
     uchar coverage = 0;
@@ -231,14 +231,14 @@ TEST(CoverageBand, edgesBesideTheBandCountWhereTheyMust)
 
 TEST(CoverageBand, firstPixelIsTold)
 {
-    CoverageBand band(0, 8, 2);
+    CoverageBand band({8, 2});
     std::vector<uchar> coverage(8);
-    band.moveTo(0, 2);
+    band.moveTo({0, 0, 8, 2});
     for (const Edge &edge : box(768, 0, 1024, 256))
         band.add(edge);
     EXPECT_EQ(band.takeRow(0, coverage.data()), 3);
     EXPECT_EQ(band.takeRow(1, coverage.data()), 8);
-    band.moveTo(0, 2);
+    band.moveTo({0, 0, 8, 2});
     for (const Edge &edge : box(-768, 0, 1024, 256))
         band.add(edge);
     EXPECT_EQ(band.takeRow(0, coverage.data()), 0);
@@ -246,13 +246,13 @@ TEST(CoverageBand, firstPixelIsTold)
 
 TEST(CoverageBand, takenRowsAreEmpty)
 {
-    CoverageBand band(0, 4, 1);
+    CoverageBand band({4, 1});
     std::vector<uchar> coverage(4);
-    band.moveTo(0, 1);
+    band.moveTo({0, 0, 4, 1});
     for (const Edge &edge : box(-512, 0, 640, 256))
         band.add(edge);
     band.takeRow(0, coverage.data());
-    band.moveTo(5, 1);
+    band.moveTo({0, 5, 4, 1});
     for (const Edge &edge : box(0, 5 * 256, 128, 6 * 256))
         band.add(edge);
     EXPECT_EQ(band.takeRow(5, coverage.data()), 0);
@@ -274,9 +274,9 @@ TEST(CoverageBand, bandsOfAnyHeightAreAlike)
         }
         const auto rows = [&](int bandHeight) {
             std::vector<uchar> coverage(std::size_t(kWidth * kHeight));
-            CoverageBand band(0, kWidth, bandHeight);
+            CoverageBand band({kWidth, bandHeight});
             for (int top = 0; top < kHeight; top += bandHeight) {
-                band.moveTo(top, std::min(bandHeight, kHeight - top));
+                band.moveTo({0, top, kWidth, std::min(bandHeight, kHeight - top)});
                 for (const Edge &edge : shape)
                     band.add(edge);
                 for (int y = top; y < std::min(top + bandHeight, kHeight); ++y)
