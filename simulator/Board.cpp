@@ -376,6 +376,22 @@ void Board::heard(int author, const QByteArray &payload)
         m_world.saw(Sight::Lived);
 }
 
+// Some of them, and it may take so long that nobody waits for it any more.
+bool Board::readsBeside(const QByteArray &code)
+{
+    if (m_rests || !m_world.random.oneIn(10))
+        return false;
+    m_world.after(m_world.random.of({1, 40, 500, 8000}), [this, code, life = m_life] {
+        if (life != m_life || !m_client)
+            return;
+        const std::size_t settled = m_lesson->settled();
+        m_client->wasRead(code, Lesson::arriving(code), m_world.now());
+        if (m_lesson->settled() > settled)
+            m_world.saw(Sight::ReadBeside);
+    });
+    return true;
+}
+
 QString Board::misses(const Board &other) const
 {
     const auto found = m_others->all().find(other.m_client->author());

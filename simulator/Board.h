@@ -59,6 +59,7 @@ public:
     InkLesson::Lesson &begin(const InkLesson::Header &header) override;
     void lostStep(const InkLesson::Lesson::Refusal &refusal) override;
     void heard(int author, const QByteArray &payload) override;
+    bool readsBeside(const QByteArray &code) override;
 
 private:
     void makeBase();

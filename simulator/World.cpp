@@ -30,6 +30,7 @@ const char *nameOf(Sight sight)
         "page gone",
         "lived",
         "live lost",
+        "read beside",
         "settled",
     };
     static_assert(std::size(kNames) == std::size_t(Sight::Count));

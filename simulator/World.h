@@ -38,6 +38,7 @@ enum class Sight {
     PageGone,          // under a hand
     Lived,             // an object in progress was seen elsewhere
     LiveLost,          // acts in progress were missed, and asked for
+    ReadBeside,        // a record, while the rest went on
     Settled,           // where it stood
     Count
 };

@@ -12,6 +12,7 @@
 #include "lesson/output/PngFile.h"
 #include "lesson/paper/PageSize.h"
 
+#include <QtCore/QCborMap>
 #include <QtCore/QCoreApplication>
 #include <QtCore/QDateTime>
 #include <QtCore/QEventLoop>
@@ -32,6 +33,19 @@ constexpr QSize kPage{1280, 800};
 constexpr int kBeginner = 1;
 constexpr std::size_t kAhead = 64; // objects that are prepared at once
 
+// A record, but of one with a large picture no more than its time, so that the picture is not decoded once more.
+bool readForTime(const QByteArray &code, const InkLesson::StepId &id, InkLesson::Record &record)
+{
+    constexpr int kLarge = 1 << 18; // bytes
+    if (code.size() < kLarge)
+        return InkLesson::RecordReader().readCbor(code, record);
+    const QCborMap map = QCborValue::fromCbor(code).toMap();
+    record = {id, id.number, map.value(QLatin1String("time")).toInteger(), InkLesson::kFirstPage, {}};
+    if (map.value(QLatin1String("do")).toString() == QLatin1String("draw"))
+        record.deed = InkLesson::Draw();
+    return true;
+}
+
 class Headless
 {
     Q_DECLARE_TR_FUNCTIONS(Board::HeadlessLesson)
@@ -49,7 +63,7 @@ private:
     QString openLatencyFile();
     void startDoor();
     void hold(const LessonLink &link);
-    void recordLatency();
+    void recordLatency(const InkLesson::StepId &id);
     void draw();
     std::ptrdiff_t drawnBefore() const;
     std::unique_ptr<InkLesson::Lesson> leftLesson();
@@ -160,7 +174,8 @@ void Headless::hold(const LessonLink &link)
     QObject::connect(m_lesson.get(), &SharedLesson::shown, &m_loop, [this](int author, const QByteArray &payload) {
         m_latencies.shown(author, payload, QDateTime::currentMSecsSinceEpoch());
     });
-    QObject::connect(m_lesson.get(), &SharedLesson::settled, &m_loop, [this] { recordLatency(); });
+    QObject::connect(m_lesson.get(), &SharedLesson::settled, &m_loop,
+                     [this](const InkLesson::StepId &id) { recordLatency(id); });
 }
 
 // What a board that was killed has left, under its name and with its token. A door of our own may be at another address
@@ -181,14 +196,14 @@ std::unique_ptr<InkLesson::Lesson> Headless::leftLesson()
 }
 
 // Of the record that was settled last.
-void Headless::recordLatency()
+void Headless::recordLatency(const InkLesson::StepId &id)
 {
     InkLesson::Record record;
     const InkLesson::Lesson &lesson = *m_lesson->lesson();
-    if (!InkLesson::RecordReader().readCbor(lesson.log()[lesson.settled() - 1], record) ||
+    if (!readForTime(lesson.log()[lesson.settled() - 1], id, record) ||
         !std::holds_alternative<InkLesson::Draw>(record.deed))
         return;
-    QTextStream(&m_latencyFile) << record.id.author << ' ' << record.id.number << ' '
+    QTextStream(&m_latencyFile) << id.author << ' ' << id.number << ' '
                                 << m_latencies.settled(record, QDateTime::currentMSecsSinceEpoch()) << '\n';
 }
 

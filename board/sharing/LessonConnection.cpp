@@ -6,6 +6,9 @@
 #include <QtWebSockets/QWebSocket>
 
 #include <array>
+#ifdef Q_OS_LINUX
+#include <sys/resource.h>
+#endif
 
 namespace Board {
 
@@ -15,7 +18,17 @@ using InkLesson::Sharing;
 
 namespace {
 
-constexpr int kTick = 11; // milliseconds: three of them for a frame
+constexpr int kTick = 11;             // milliseconds: three of them for a frame
+constexpr int kLargeRecord = 1 << 18; // bytes, which a slow machine reads in as long as a frame lasts
+
+// So that ink is not held up where there are fewer processors than threads.
+void makeThreadPatient()
+{
+#ifdef Q_OS_LINUX
+    constexpr int kPatience = 10;
+    setpriority(PRIO_PROCESS, 0, kPatience); // of this thread
+#endif
+}
 
 QByteArray freshToken()
 {
@@ -52,6 +65,7 @@ LessonConnection::LessonConnection(const LessonLink &link, const Sharing &sharin
     m_ticks.setTimerType(Qt::PreciseTimer);
     connect(&m_ticks, &QTimer::timeout, this, &LessonConnection::tick);
     m_ticks.start(kTick);
+    m_reading.setMaxThreadCount(1);
 }
 
 LessonConnection::~LessonConnection()
@@ -160,6 +174,19 @@ void LessonConnection::heard(int author, const QByteArray &payload)
     if (m_others && m_others->heard(author, payload, m_clock.elapsed()))
         m_sender->asked();
     emit shown(author, payload);
+}
+
+bool LessonConnection::readsBeside(const QByteArray &code)
+{
+    if (code.size() < kLargeRecord)
+        return false;
+    m_reading.start([this, code] {
+        makeThreadPatient();
+        auto arriving = std::make_shared<Lesson::Arriving>(Lesson::arriving(code));
+        const auto tell = [this, code, arriving] { m_client.wasRead(code, std::move(*arriving), m_clock.elapsed()); };
+        QMetaObject::invokeMethod(this, tell, Qt::QueuedConnection);
+    });
+    return true;
 }
 
 } // namespace Board

@@ -8,6 +8,7 @@
 
 #include <QtCore/QElapsedTimer>
 #include <QtCore/QObject>
+#include <QtCore/QThreadPool>
 #include <QtCore/QTimer>
 #include <QtCore/QUrl>
 
@@ -67,6 +68,7 @@ private:
     InkLesson::Lesson &begin(const InkLesson::Header &header) override;
     void lostStep(const InkLesson::Lesson::Refusal &refusal) override;
     void heard(int author, const QByteArray &payload) override;
+    bool readsBeside(const QByteArray &code) override;
 
     void dropSocket();
     void tick();
@@ -82,6 +84,7 @@ private:
     std::unique_ptr<QWebSocket> m_socket;
     bool m_wasClosed{};
     QTimer m_ticks;
+    QThreadPool m_reading; // of large records, one after the other
 };
 
 } // namespace Board

@@ -83,9 +83,21 @@ public:
 
     std::size_t settled() const { return m_settled; }
 
+    // A record that comes, and its object where it makes one. Nothing of it depends on what stands before: another
+    // thread may read it.
+    struct Arriving
+    {
+        Record record{};
+        QString problem{}; // why nobody can read it
+        LivedObject lived{};
+    };
+    static Arriving arriving(const QByteArray &code);
+
     // The next records, encoded, of the order that everybody has: those that are pending here settle, others come in
-    // before all that are pending. For each of them settled() after it is put into `places`.
-    Refusals settle(const std::vector<QByteArray> &codes, std::vector<std::size_t> *places = nullptr);
+    // before all that are pending. For each of them settled() after it is put into `places`. The first of them may have
+    // been read before.
+    Refusals settle(const std::vector<QByteArray> &codes, std::vector<std::size_t> *places = nullptr,
+                    Arriving *first = nullptr);
 
     // The same for so many of those that are pending. False where there are fewer.
     bool settleFirst(std::size_t count);
@@ -177,14 +189,6 @@ private:
         PageId page{};
     };
 
-    // A record that comes, and its object where it makes one.
-    struct Arriving
-    {
-        Record record{};
-        QString problem{}; // why nobody can read it
-        LivedObject lived{};
-    };
-
     // What is shown only once the log has all its records again: most of them come back as they were.
     struct Deferred
     {
@@ -215,7 +219,6 @@ private:
     std::deque<Shelved> takeBackTo(std::size_t length);
     QString putBack(const Shelved &shelved);
     void putBackAll(std::deque<Shelved> &pending, Refusals &refusals);
-    static Arriving arriving(const QByteArray &code);
     std::vector<Arriving> arriving(const QByteArray *codes, std::size_t count) const;
     QString settleOne(const QByteArray &code, Arriving *read, std::deque<Shelved> &pending, StepId &id);
     void tell(const LogChange &change);

@@ -234,7 +234,7 @@ std::vector<Lesson::Arriving> Lesson::arriving(const QByteArray *codes, std::siz
     return all;
 }
 
-Lesson::Refusals Lesson::settle(const std::vector<QByteArray> &codes, std::vector<std::size_t> *places)
+Lesson::Refusals Lesson::settle(const std::vector<QByteArray> &codes, std::vector<std::size_t> *places, Arriving *first)
 {
     const Rearranging rearranging(*this);
     Refusals refusals;
@@ -248,11 +248,12 @@ Lesson::Refusals Lesson::settle(const std::vector<QByteArray> &codes, std::vecto
         } else {
             if (pending.empty())
                 pending = takeBackTo(m_settled);
-            if (i >= aheadFrom + ahead.size() && codes.size() - i >= kMany) {
+            const bool isRead = i == 0 && first;
+            if (!isRead && i >= aheadFrom + ahead.size() && codes.size() - i >= kMany) {
                 aheadFrom = i;
                 ahead = arriving(&codes[i], std::min(kMost, codes.size() - i));
             }
-            Arriving *const read = i < aheadFrom + ahead.size() ? &ahead[i - aheadFrom] : nullptr;
+            Arriving *const read = isRead ? first : i < aheadFrom + ahead.size() ? &ahead[i - aheadFrom] : nullptr;
             StepId id;
             const QString problem = settleOne(code, read, pending, id);
             if (!problem.isEmpty()) {

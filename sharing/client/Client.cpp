@@ -74,6 +74,7 @@ void Client::hello()
 {
     m_state = State::Greeting;
     m_heard = m_now;
+    m_waiting.clear(); // they come again
     forgetSent();
     Hello hello{m_settings.lesson, m_settings.token};
     const std::size_t length = m_reader.length();
@@ -172,6 +173,7 @@ void Client::take(const Welcome &welcome)
         giveUp();
         return;
     }
+    settleBeside();
     const auto from = std::size_t(welcome.from);
     if (from < m_reader.length()) {
         m_reader.takeBackTo(from);
@@ -203,20 +205,32 @@ void Client::take(const Entries &entries)
 {
     if (m_state == State::Greeting)
         return; // of before the door was greeted anew
-    if (entries.from != m_reader.length()) {
+    if (entries.from != m_reader.length() + m_waiting.size()) {
         giveUp();
         return;
     }
+    m_waiting.insert(m_waiting.end(), entries.entries.begin(), entries.entries.end());
+    takeWaiting();
+}
+
+// As far as records can be settled.
+void Client::takeWaiting()
+{
     std::vector<QByteArray> codes;
-    for (const QByteArray &bytes : entries.entries) {
-        const std::optional<Entry> entry = m_reader.take(bytes);
+    for (; !m_waiting.empty() && !m_beside; m_waiting.pop_front()) {
+        const std::optional<Entry> entry = m_reader.take(m_waiting.front());
         const auto *record = entry ? std::get_if<RecordEntry>(&*entry) : nullptr;
         const auto *lesson = entry ? std::get_if<LessonEntry>(&*entry) : nullptr;
         m_counted.push_back((m_counted.empty() ? 0 : m_counted.back()) + (record ? 1 : 0));
         if (lesson && !m_lesson)
             m_lesson = &m_host.begin(lesson->header);
-        if (record)
-            codes.push_back(codeOf(*record));
+        if (record) {
+            const QByteArray code = codeOf(*record);
+            if (isReadBeside(*record, code))
+                m_beside = code;
+            else
+                codes.push_back(code);
+        }
         if (entry)
             arrived(*entry);
     }
@@ -229,6 +243,29 @@ void Client::take(const Entries &entries)
     sendPending();
 }
 
+// Not while there is nothing to go on with meanwhile.
+bool Client::isReadBeside(const RecordEntry &entry, const QByteArray &code)
+{
+    return m_state == State::Open && !isMine(entry.id.author) && m_host.readsBeside(code);
+}
+
+void Client::wasRead(const QByteArray &code, InkLesson::Lesson::Arriving arriving, qint64 now)
+{
+    m_now = now;
+    if (m_beside != code)
+        return;
+    m_beside.reset();
+    settle({code}, &arriving);
+    if (m_state == State::CatchingUp || m_state == State::Open)
+        takeWaiting();
+}
+
+void Client::settleBeside()
+{
+    if (const std::optional<QByteArray> code = std::exchange(m_beside, {}))
+        settle({*code});
+}
+
 // Its contents are whole, or it would not count.
 QByteArray Client::codeOf(const RecordEntry &entry) const
 {
@@ -238,7 +275,7 @@ QByteArray Client::codeOf(const RecordEntry &entry) const
 }
 
 // A lesson from a journal has some of the records settled already; they come again from the first on.
-void Client::settle(const std::vector<QByteArray> &codes)
+void Client::settle(const std::vector<QByteArray> &codes, InkLesson::Lesson::Arriving *first)
 {
     if (!codes.empty() && m_state == State::CatchingUp && m_last - m_reader.length() > kMuch && !m_batch)
         m_batch = std::make_unique<InkLesson::Lesson::Batch>(*m_lesson);
@@ -250,12 +287,12 @@ void Client::settle(const std::vector<QByteArray> &codes)
         return;
     if (place < m_lesson->settled())
         setBackTo(m_places.size());
-    tell(m_lesson->settle({code, codes.end()}, &m_places));
+    tell(m_lesson->settle({code, codes.end()}, &m_places, code == codes.begin() ? first : nullptr));
 }
 
 void Client::catchUp()
 {
-    if (m_state != State::CatchingUp || m_reader.length() < m_last)
+    if (m_state != State::CatchingUp || m_reader.length() < m_last || m_beside)
         return;
     m_state = State::Open;
     setBackTo(m_places.size()); // a journal may have more than the stream has now

@@ -30,6 +30,10 @@ public:
 
     // What another is doing just now.
     virtual void heard(int author, const QByteArray &payload) = 0;
+
+    // A record of somebody else comes. True where the host has it read beside everything else, since that takes long:
+    // then it calls Client::wasRead(), and until it does no other record comes, but what others are doing is heard.
+    virtual bool readsBeside(const QByteArray & /*code*/) { return false; }
 };
 
 // One board's side of a shared lesson: brings its lesson to what the stream says, and what is pending in it into the
@@ -79,6 +83,9 @@ public:
     // Something was done here.
     void done(qint64 now);
 
+    // What became of a record that the host reads beside. Nothing happens if that is not waited for any more.
+    void wasRead(const QByteArray &code, InkLesson::Lesson::Arriving arriving, qint64 now);
+
     // Tells the others something, now or never.
     void sendLive(const QByteArray &payload, qint64 now);
 
@@ -111,7 +118,10 @@ private:
     void waitAWhile(qint64 least);
     void catchUp();
     void setBackTo(std::size_t records);
-    void settle(const std::vector<QByteArray> &codes);
+    void takeWaiting();
+    bool isReadBeside(const RecordEntry &entry, const QByteArray &code);
+    void settle(const std::vector<QByteArray> &codes, InkLesson::Lesson::Arriving *first = nullptr);
+    void settleBeside();
     QByteArray codeOf(const RecordEntry &entry) const;
     void tell(const InkLesson::Lesson::Refusals &refusals);
     bool isMine(int author) const;
@@ -135,6 +145,8 @@ private:
     std::vector<std::size_t> m_places;  // in the lesson's log, after each record of the stream that counts
     std::vector<std::size_t> m_counted; // so many records count, after each entry
     quint64 m_last{};                   // entries that the stream had at the welcome
+    std::optional<QByteArray> m_beside; // the record that is read beside; it stands in the stream, but is not settled
+    std::deque<QByteArray> m_waiting;   // entries that come after it
 
     State m_state{State::Waiting};
     Reason m_reason{};

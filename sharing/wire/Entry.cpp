@@ -1,11 +1,11 @@
 #include "sharing/wire/Entry.h"
 
 #include "sharing/wire/Fields.h"
+#include "sharing/wire/Sha256.h"
 
 #include "lesson/paper/PageSize.h"
 
 #include <QtCore/QCborValue>
-#include <QtCore/QCryptographicHash>
 #include <QtCore/QtEndian>
 
 namespace InkSharing {
@@ -149,7 +149,9 @@ bool readEntry(const QByteArray &bytes, Entry &entry, QString &problem)
 
 QByteArray hashOf(const QByteArray &bytes)
 {
-    return QCryptographicHash::hash(bytes, QCryptographicHash::Sha256);
+    Sha256 hash;
+    hash.add(bytes);
+    return hash.result();
 }
 
 int authorOf(const QByteArray &tokenHash)

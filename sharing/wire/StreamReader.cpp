@@ -9,18 +9,18 @@ namespace {
 
 Chain following(const Chain &before, const QByteArray &entry)
 {
-    QCryptographicHash hash(QCryptographicHash::Sha256);
-    hash.addData(before.data(), int(before.size()));
-    hash.addData(entry);
+    Sha256 hash;
+    hash.add(before.data(), before.size());
+    hash.add(entry);
     Chain chain;
     std::memcpy(chain.data(), hash.result().constData(), chain.size());
     return chain;
 }
 
-std::shared_ptr<QCryptographicHash> hashing(const QByteArray &bytes)
+std::shared_ptr<Sha256> hashing(const QByteArray &bytes)
 {
-    auto hash = std::make_shared<QCryptographicHash>(QCryptographicHash::Sha256);
-    hash->addData(bytes);
+    auto hash = std::make_shared<Sha256>();
+    hash->add(bytes);
     return hash;
 }
 
@@ -102,7 +102,7 @@ bool StreamReader::counts(const PieceEntry &entry, Taken &taken)
     if (entry.count != partial.count)
         return false;
     ++partial.next;
-    partial.hash->addData(entry.bytes);
+    partial.hash->add(entry.bytes);
     if (m_keep == Keep::Contents)
         partial.bytes += entry.bytes;
     taken.what = Taken::What::Piece;

@@ -1,8 +1,7 @@
 #pragma once
 
 #include "sharing/wire/Entry.h"
-
-#include <QtCore/QCryptographicHash>
+#include "sharing/wire/Sha256.h"
 
 #include <array>
 #include <map>
@@ -76,7 +75,7 @@ private:
         int next{};
         int count{};
         QByteArray bytes{};
-        std::shared_ptr<QCryptographicHash> hash{};
+        std::shared_ptr<Sha256> hash{};
     };
     using PartialKey = std::pair<std::size_t, QByteArray>; // member and content
 

@@ -35,7 +35,12 @@ protected:
         return *lesson;
     }
     void lostStep(const InkLesson::Lesson::Refusal &refusal) override { lost.push_back(refusal.id); }
-    void heard(int /*author*/, const QByteArray & /*payload*/) override {}
+    void heard(int author, const QByteArray & /*payload*/) override { heardOf.push_back(author); }
+    bool readsBeside(const QByteArray &code) override
+    {
+        beside.push_back(code);
+        return hasReader;
+    }
 
     void tell(const FromDoor &message) { client.received(encoded(message), now); }
     void tick(qint64 time) { client.tick(now = time); }
@@ -74,6 +79,9 @@ protected:
     int attempts{}, hangUps{};
     std::vector<ToDoor> sent;
     std::vector<StepId> lost;
+    std::vector<int> heardOf;
+    bool hasReader{};
+    std::vector<QByteArray> beside; // what was offered to it
     std::unique_ptr<InkLesson::Lesson> lesson;
     Client client{{QStringLiteral("lesson"), kToken, {}}, *this, [] { return 0U; }};
 };
@@ -201,4 +209,92 @@ TEST_F(ClientTest, afterALossWhoDoesNotComeBackIsNotWaitedFor)
     EXPECT_TRUE(sent.empty());
     tick(now + 900);
     EXPECT_EQ(sent.size(), 1U);
+}
+
+TEST_F(ClientTest, onlyWhatComesOfOthersIntoAnOpenLessonIsReadBeside)
+{
+    hasReader = true;
+    join();
+    draw(1, InkLesson::Clear());
+    tell(Entries{2, {entry({me, 1}, {me, 0}, InkLesson::Clear())}});
+    EXPECT_TRUE(beside.empty());
+    EXPECT_EQ(lesson->settled(), 1U);
+    client.closed(now);
+    tick(now + 200);
+    client.opened(now);
+    tell(Welcome{me, 3, 4});
+    tell(Entries{3, {theirs(1, InkLesson::Clear())}});
+    EXPECT_TRUE(beside.empty());
+    EXPECT_EQ(lesson->settled(), 2U);
+    EXPECT_EQ(client.state(), Client::State::Open);
+}
+
+TEST_F(ClientTest, recordsWaitForTheOneThatIsReadBeside)
+{
+    join();
+    hasReader = true;
+    const InkLesson::Deed line = InkLesson::Draw{lineLife({2, 2}, {30, 20}, Qt::red)};
+    tell(Entries{2, {theirs(1, line), theirs(2, InkLesson::Clear())}});
+    tell(Entries{4, {theirs(3, line)}});
+    EXPECT_EQ(lesson->settled(), 0U);
+    ASSERT_EQ(beside.size(), 1U);
+    tell(LiveOf{1, "ink"});
+    EXPECT_EQ(heardOf, std::vector<int>{1});
+    draw(1, line);
+    ASSERT_EQ(sent.size(), 1U);
+    EXPECT_EQ(lastAppend().records[0].id, (StepId{me, 1}));
+
+    client.wasRead("another", {}, now);
+    EXPECT_EQ(lesson->settled(), 0U);
+    hasReader = false;
+    client.wasRead(beside[0], InkLesson::Lesson::arriving(beside[0]), now);
+    const std::vector<StepId> expected{{1, 1}, {1, 2}, {1, 3}, {me, 1}};
+    EXPECT_EQ(lesson->ids(), expected);
+    EXPECT_EQ(lesson->settled(), 3U);
+    EXPECT_EQ(lesson->page(InkLesson::kFirstPage).items().size(), 2U);
+    client.wasRead(beside[0], {}, now);
+    EXPECT_EQ(lesson->settled(), 3U);
+}
+
+TEST_F(ClientTest, whatCannotBeReadBesideIsPassedOver)
+{
+    join();
+    hasReader = true;
+    tell(Entries{2, {theirs(1, InkLesson::Clear())}});
+    InkLesson::Lesson::Arriving broken;
+    broken.problem = QStringLiteral("broken");
+    hasReader = false;
+    client.wasRead(beside[0], std::move(broken), now);
+    EXPECT_EQ(lesson->settled(), 0U);
+    tell(Entries{3, {theirs(2, InkLesson::Clear())}});
+    EXPECT_EQ(lesson->settled(), 1U);
+}
+
+TEST_F(ClientTest, afterACutNothingIsReadBesideAnyMore)
+{
+    join();
+    hasReader = true;
+    tell(Entries{2, {theirs(1, InkLesson::Clear()), theirs(2, InkLesson::Clear())}});
+    client.closed(now);
+    tick(now + 200);
+    client.opened(now);
+    EXPECT_EQ(std::get<Hello>(sent.back()).places[0].length, 3U);
+    tell(Welcome{me, 3, 4});
+    EXPECT_EQ(lesson->settled(), 1U);
+    tell(Entries{3, {theirs(2, InkLesson::Clear())}});
+    EXPECT_EQ(lesson->settled(), 2U);
+    EXPECT_EQ(client.state(), Client::State::Open);
+    client.wasRead(beside[0], InkLesson::Lesson::arriving(beside[0]), now);
+    EXPECT_EQ(lesson->settled(), 2U);
+}
+
+TEST_F(ClientTest, aReadingThatEndsWhileThereIsNoConnectionCounts)
+{
+    join();
+    hasReader = true;
+    tell(Entries{2, {theirs(1, InkLesson::Clear()), theirs(2, InkLesson::Clear())}});
+    client.closed(now);
+    client.wasRead(beside[0], InkLesson::Lesson::arriving(beside[0]), now);
+    EXPECT_EQ(lesson->settled(), 1U);
+    EXPECT_EQ(beside.size(), 1U);
 }

@@ -2,6 +2,8 @@
 
 #include "sharing/wire/StreamReader.h"
 
+#include <QtCore/QCryptographicHash>
+
 #include <gtest/gtest.h>
 
 using namespace InkSharing;
