@@ -2,7 +2,10 @@
 
 import asyncio
 import collections
+import socket
 import threading
+
+ROOM = 256 << 10  # bytes that are on the wire at once, each way; more wait at the sender, as on a real one
 
 
 class _End(asyncio.Protocol):
@@ -14,10 +17,22 @@ class _End(asyncio.Protocol):
         self.other = None
         self.transport = None
         self.waiting = collections.deque()
+        self.held = 0  # bytes that wait
+        self.is_full = False  # what goes out here is not read
 
     def connection_made(self, transport):
         self.transport = transport
+        for buffer in (socket.SO_RCVBUF, socket.SO_SNDBUF):
+            transport.get_extra_info("socket").setsockopt(socket.SOL_SOCKET, buffer, ROOM // 2)
         self.wire.ends.add(self)
+
+    def pause_writing(self):
+        self.is_full = True
+
+    def resume_writing(self):
+        self.is_full = False
+        if self.other:
+            self.other.flush()
 
     def data_received(self, data):
         self.wire.bytes[self.sent] += len(data)
@@ -27,17 +42,23 @@ class _End(asyncio.Protocol):
             self.wire.free = max(self.wire.free, loop.time()) + len(data) / self.wire.rate
             due = max(due, self.wire.free)
         self.waiting.append((due, data))
+        self.held += len(data)
+        if self.held > ROOM:
+            self.transport.pause_reading()
         if len(self.waiting) == 1:
             loop.call_at(due, self.flush)
 
     def flush(self):
         loop = self.wire.loop
         now = loop.time() + 0.0002
-        while self.waiting and self.waiting[0][0] <= now:
+        while self.waiting and self.waiting[0][0] <= now and not (self.other and self.other.is_full):
             data = self.waiting.popleft()[1]
+            self.held -= len(data)
             if self.other and self.other.transport:
                 self.other.transport.write(data)
-        if self.waiting:
+        if self.held <= ROOM:
+            self.transport.resume_reading()
+        if self.waiting and self.waiting[0][0] > now:
             loop.call_at(self.waiting[0][0], self.flush)
 
     def connection_lost(self, _):

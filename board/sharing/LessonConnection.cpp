@@ -25,7 +25,7 @@ constexpr int kLargeRecord = 1 << 18; // bytes, which a slow machine reads in as
 void makeThreadPatient()
 {
 #ifdef Q_OS_LINUX
-    constexpr int kPatience = 10;
+    constexpr int kPatience = 4;
     setpriority(PRIO_PROCESS, 0, kPatience); // of this thread
 #endif
 }

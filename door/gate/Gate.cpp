@@ -4,6 +4,9 @@
 #include <QtNetwork/QSslSocket>
 #include <QtWebSockets/QWebSocket>
 
+#include <netinet/in.h>
+#include <netinet/tcp.h>
+#include <sys/socket.h>
 #include <unistd.h>
 
 namespace InkDoor {
@@ -14,6 +17,18 @@ namespace {
 
 constexpr qint64 kPatience = 5'000;               // ms for TLS, a request and its answer together
 constexpr qint64 kReadAhead = 2 * kMostHeadBytes; // bytes
+
+// What the network does not take yet waits in this program, which knows how much that is, and not in the system, which
+// would hold megabytes: ink goes behind them.
+void keepSystemShort(qintptr handle)
+{
+#ifdef TCP_NOTSENT_LOWAT
+    constexpr int kMostBytes = 128 << 10;
+    ::setsockopt(int(handle), IPPROTO_TCP, TCP_NOTSENT_LOWAT, &kMostBytes, sizeof kMostBytes);
+#else
+    Q_UNUSED(handle)
+#endif
+}
 
 } // namespace
 
@@ -86,6 +101,7 @@ void Gate::incomingConnection(qintptr handle)
     socket->setReadBufferSize(kReadAhead);
     socket->setSocketOption(QAbstractSocket::LowDelayOption, 1);
     socket->setSocketOption(QAbstractSocket::KeepAliveOption, 1);
+    keepSystemShort(handle);
     const quint64 number = ++m_last;
     connect(socket.get(), &QTcpSocket::readyRead, this, [this, number] { read(number); });
     connect(

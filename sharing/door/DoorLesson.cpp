@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <numeric>
 
 namespace InkSharing {
 
@@ -18,6 +19,7 @@ constexpr qint64 kMostUnsentLive = 64 << 10; // beyond which live acts are left 
 constexpr qint64 kMostOnItsWay = 8 << 20;    // bytes of one writer; no board has a quarter of that
 constexpr std::size_t kMostBatchEntries = 4096;
 constexpr int kMostAtOnce = 4;     // batches for one reader, each of which may take some milliseconds to be packed
+constexpr qint64 kLargeBatch = 64 << 10; // bytes
 constexpr qint64 kPatience = 5000; // milliseconds, after which it is tried again to make one a member
 
 // Whether a record says itself what it is said to be. What it does is for the lesson to decide.
@@ -111,6 +113,7 @@ void DoorLesson::welcome(int connection, Guest &guest)
         if (place.length <= m_entries.size() && m_reader.chainAt(std::size_t(place.length)) == place.chain)
             guest.next = std::max(guest.next, std::size_t(place.length));
     }
+    guest.late = m_entries.size();
     m_outlet.send(connection, Welcome{guest.authors.front(), guest.next, m_entries.size()});
     pump(connection);
 }
@@ -208,14 +211,15 @@ void DoorLesson::heard(const QByteArray &bytes)
         tellOthers(0, std::get<LiveOf>(message));
 }
 
-// Live acts are worth nothing late: one who cannot be told now is not told.
+// Live acts are worth nothing late: one who cannot be told now is not told. Behind a part of a picture they are not so
+// late.
 void DoorLesson::tellOthers(int connection, const LiveOf &live)
 {
     const QByteArray message = encoded(FromDoor(live));
     for (const auto &[id, guest] : m_guests) {
         if (id == connection || !isWelcome(guest))
             continue;
-        if (m_outlet.unsent(id) > kMostUnsentLive)
+        if (m_outlet.unsent(id) > kMostUnsentLive + guest.bulk)
             ++m_outlet.counts().liveDropped;
         else
             m_outlet.sendBytes(id, message);
@@ -233,15 +237,15 @@ void DoorLesson::absent()
 void DoorLesson::entries(const std::vector<QByteArray> &entries)
 {
     for (const QByteArray &entry : entries) {
-        m_reader.take(entry);
-        keep(entry);
+        const std::optional<Entry> taken = m_reader.take(entry);
+        keep(entry, taken && std::holds_alternative<PieceEntry>(*taken));
     }
     pumpAll();
 }
 
 // A block that is full is packed at once, so that nobody waits for many of them when somebody comes; those of a lesson
 // that was there before are packed when they are sent first.
-void DoorLesson::keep(const QByteArray &entry)
+void DoorLesson::keep(const QByteArray &entry, bool isPicture)
 {
     const Batch last = m_blocks.back();
     if (last.bytes > 0 && (last.bytes + entry.size() > kMostBatchBytes || last.end - last.from == kMostBatchEntries)) {
@@ -252,6 +256,7 @@ void DoorLesson::keep(const QByteArray &entry)
     m_entries.push_back(entry);
     m_blocks.back().end = m_entries.size();
     m_blocks.back().bytes += entry.size();
+    m_blocks.back().hasPictures = m_blocks.back().hasPictures || isPicture;
 }
 
 void DoorLesson::caughtUp()
@@ -281,27 +286,58 @@ void DoorLesson::pump(int connection)
     if (found == m_guests.end() || !isWelcome(found->second))
         return;
     Guest &guest = found->second;
-    for (int i = 0; i < kMostAtOnce && guest.next < m_entries.size() && m_outlet.unsent(connection) < kMostUnsent;
-         ++i) {
+    for (int i = 0; i < kMostAtOnce && guest.next < m_entries.size(); ++i) {
+        const qint64 unsent = m_outlet.unsent(connection);
+        if (unsent >= kMostUnsent)
+            break;
+        if (!mayHandOut(guest, unsent, bytesFrom(guest.next)))
+            break;
         const Batch &batch = batchFrom(guest.next);
         guest.next = batch.end;
         m_outlet.sendBytes(connection, batch.message);
     }
 }
 
+// Of what is large one batch at a time, unless somebody comes late: ink goes in between.
+bool DoorLesson::mayHandOut(Guest &guest, qint64 unsent, qint64 bytes)
+{
+    if (unsent <= kMostUnsentLive)
+        guest.bulk = 0;
+    if (guest.next < guest.late || bytes < kLargeBatch || m_isDraining)
+        return true;
+    if (unsent > kMostUnsentLive)
+        return false;
+    guest.bulk = bytes;
+    return true;
+}
+
+std::size_t DoorLesson::blockOf(std::size_t entry) const
+{
+    const auto after = std::upper_bound(m_blocks.begin(), m_blocks.end(), entry,
+                                        [](std::size_t place, const Batch &block) { return place < block.from; });
+    return std::size_t(after - m_blocks.begin()) - 1;
+}
+
+// To the end of their block.
+qint64 DoorLesson::bytesFrom(std::size_t entry) const
+{
+    const auto end = m_entries.begin() + std::ptrdiff_t(m_blocks[blockOf(entry)].end);
+    return std::accumulate(m_entries.begin() + std::ptrdiff_t(entry), end, qint64(0),
+                           [](qint64 sum, const QByteArray &bytes) { return sum + bytes.size(); });
+}
+
 // The entries from a place to the end of their block. All who are as far get the same message; that of a whole block is
 // kept for those who come later, if it could be packed.
 const DoorLesson::Batch &DoorLesson::batchFrom(std::size_t from)
 {
-    const auto after = std::upper_bound(m_blocks.begin(), m_blocks.end(), from,
-                                        [](std::size_t place, const Batch &block) { return place < block.from; });
-    Batch &block = *std::prev(after);
-    const bool isWhole = after != m_blocks.end() && from == block.from;
+    Batch &block = m_blocks[blockOf(from)];
+    const bool isWhole = &block != &m_blocks.back() && from == block.from;
     if (isWhole && !block.message.isEmpty())
         return block;
     if (m_batch.message.isEmpty() || m_batch.from != from || m_batch.end != block.end) {
         const auto entry = [this](std::size_t place) { return m_entries.begin() + std::ptrdiff_t(place); };
-        m_batch = {from, block.end, encoded(FromDoor(Entries{from, {entry(from), entry(block.end)}}))};
+        const Entries entries{from, {entry(from), entry(block.end)}};
+        m_batch = {from, block.end, encoded(FromDoor(entries), block.hasPictures ? Pack::Never : Pack::IfShorter)};
     }
     if (isWhole && 2 * m_batch.message.size() <= block.bytes)
         block.message = m_batch.message;

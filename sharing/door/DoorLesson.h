@@ -50,6 +50,8 @@ private:
         std::optional<qint64> joining{}; // when it was tried last to make it a member
         std::vector<int> authors{};
         std::size_t next{};       // entry that it is handed
+        std::size_t late{};       // before which all are handed to it as fast as can be: it has come late
+        qint64 bulk{};            // bytes of the large batch that may be unsent yet
         InkLesson::StepId last{}; // of its records that are in the stream or on their way there
         qint64 onItsWay{};        // bytes
     };
@@ -58,11 +60,12 @@ private:
     {
         std::size_t from{}, end{};
         QByteArray message{};
-        qint64 bytes{}; // of the entries
+        qint64 bytes{};    // of the entries
+        bool hasPictures{}; // which no packing makes shorter
     };
 
     void open(Engine::Open how);
-    void keep(const QByteArray &entry);
+    void keep(const QByteArray &entry, bool isPicture);
     const Batch &batchFrom(std::size_t from);
     void consider(int connection, Guest &guest);
     void join(Guest &guest, const Entry &entry);
@@ -75,6 +78,9 @@ private:
     std::optional<Reason> problemOf(const Guest &guest, const RecordEntry &record) const;
     void tellOthers(int connection, const LiveOf &live);
     Guest *welcomed(int connection);
+    bool mayHandOut(Guest &guest, qint64 unsent, qint64 bytes);
+    std::size_t blockOf(std::size_t entry) const;
+    qint64 bytesFrom(std::size_t entry) const;
     static bool isWelcome(const Guest &guest) { return guest.state == Guest::State::Welcome; }
 
     const QString m_name;

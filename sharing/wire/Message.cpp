@@ -162,11 +162,11 @@ QByteArray encoded(const ToDoor &message)
     return QCborValue(std::visit(BoardWriter(), message)).toCbor();
 }
 
-// Many entries, as they come to one who comes late, are packed. Pictures would not become smaller.
-QByteArray encoded(const FromDoor &message)
+// Many entries, as they come to one who comes late, are packed.
+QByteArray encoded(const FromDoor &message, Pack pack)
 {
     const QByteArray plain = QCborValue(std::visit(DoorWriter(), message)).toCbor();
-    if (plain.size() < kWorthPacking || !std::holds_alternative<Entries>(message))
+    if (pack == Pack::Never || plain.size() < kWorthPacking || !std::holds_alternative<Entries>(message))
         return plain;
     const QByteArray frame = packed(plain);
     const QByteArray shorter = QCborValue(QCborMap{{Kind, PackedKind}, {First, frame}}).toCbor();

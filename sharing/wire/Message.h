@@ -89,7 +89,8 @@ struct Gone // the connection ends, and coming again as before is in vain
 using FromDoor = std::variant<Welcome, Entries, LiveOf, Refused, Again, Gone, Alive>;
 
 QByteArray encoded(const ToDoor &message);
-QByteArray encoded(const FromDoor &message);
+enum class Pack { IfShorter, Never };
+QByteArray encoded(const FromDoor &message, Pack pack = Pack::IfShorter);
 
 // False where it is none; `problem` says why.
 bool readMessage(const QByteArray &bytes, ToDoor &message, QString &problem);

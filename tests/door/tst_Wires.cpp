@@ -164,6 +164,15 @@ TEST_F(WiresTest, oneWithTooMuchUnsentIsCutOffAtOnce)
     EXPECT_TRUE(runUntil([&] { return gone.size() == 1; }, 1'000));
 }
 
+// The door knows how much one who is slow has not got.
+TEST_F(WiresTest, whatTheNetworkDoesNotTakeDoesNotVanishInTheSystem)
+{
+    const auto deaf = deafBoard();
+    wires.send(1, QByteArray(4 << 20, 'x'));
+    runUntil([] { return false; }, 300);
+    EXPECT_GT(wires.unsent(1), 3 << 20);
+}
+
 TEST_F(WiresTest, oneThatIsClosedAndDoesNotReadToTheEndIsCutOff)
 {
     const auto deaf = deafBoard();

@@ -58,14 +58,22 @@ protected:
     // A stroke of many points, none of which is like the one before.
     void draw(int number)
     {
+        const QByteArray code = stroke(number, 5000);
+        ASSERT_GT(code.size(), 38'000);
+        ASSERT_LT(code.size(), 43'500);
+        append(number, code);
+    }
+    static QByteArray stroke(int number, int points)
+    {
         InkLesson::Life life{QStringLiteral("pencil")};
         quint32 state = quint32(number);
         const auto next = [&state] { return int((state = 1664525 * state + 1013904223) >> 22); };
-        for (int i = 0; i < 5000; ++i)
+        for (int i = 0; i < points; ++i)
             life.acts.emplace_back(InkLesson::PointerAct{i == 0 ? 1 : 5, {next(), next()}});
-        const QByteArray code = toCbor(record(1, number, InkLesson::Draw{life}));
-        ASSERT_GT(code.size(), 38'000);
-        ASSERT_LT(code.size(), 43'500);
+        return toCbor(record(1, number, InkLesson::Draw{life}));
+    }
+    void append(int number, const QByteArray &code)
+    {
         const InkLesson::StepId before = number == 1 ? InkLesson::kNothing : InkLesson::StepId{1, number - 1};
         tell(kTeacher, Append{before, {{{1, number}, InkLesson::kNothing, code, {}}}});
     }
@@ -135,4 +143,30 @@ TEST_F(DoorLessonTest, whoComesBackIsHandedWhatIsMissing)
     EXPECT_EQ(handed(kPupil), (Handed{{9, 4}, {13, 3}}));
     tell(kOther, Hello{QStringLiteral("lesson"), token(kOther), {{9, chain}}});
     EXPECT_EQ(handed(kOther), (Handed{{0, 7}, {7, 6}, {13, 4}})) << "of another stream";
+}
+
+// One large batch at a time, where a reader takes it slowly; what others do just now comes behind it.
+TEST_F(DoorLessonTest, inkComesBehindAPartOfAPictureAndNotBehindAllOfIt)
+{
+    tell(kPupil, Hello{QStringLiteral("lesson"), token(kPupil)});
+    append(15, stroke(15, 25'000));
+    const std::size_t before = handed(kPupil).size();
+    const int batch = store.entries(QStringLiteral("lesson"))->back().size();
+    waiting[kPupil] = batch + (64 << 10);
+    append(16, stroke(16, 25'000));
+    EXPECT_EQ(handed(kPupil).size(), before);
+    const auto live = [&] {
+        const std::size_t messages = told[kPupil].size();
+        tell(kTeacher, SendLive{"ink"});
+        return told[kPupil].size() - messages;
+    };
+    EXPECT_EQ(live(), 1U);
+    ++waiting[kPupil];
+    EXPECT_EQ(live(), 0U);
+    waiting[kPupil] = (64 << 10) + 1;
+    door.written(kPupil);
+    EXPECT_EQ(handed(kPupil).size(), before);
+    waiting[kPupil] = 64 << 10;
+    door.written(kPupil);
+    EXPECT_EQ(handed(kPupil).size(), before + 1);
 }
