@@ -18,9 +18,9 @@ constexpr qint64 kMostUnsent = 1 << 20;      // bytes for one reader, who is han
 constexpr qint64 kMostUnsentLive = 64 << 10; // beyond which live acts are left out
 constexpr qint64 kMostOnItsWay = 8 << 20;    // bytes of one writer; no board has a quarter of that
 constexpr std::size_t kMostBatchEntries = 4096;
-constexpr int kMostAtOnce = 4;     // batches for one reader, each of which may take some milliseconds to be packed
+constexpr int kMostAtOnce = 4; // batches for one reader, each of which may take some milliseconds to be packed
 constexpr qint64 kLargeBatch = 64 << 10; // bytes
-constexpr qint64 kPatience = 5000; // milliseconds, after which it is tried again to make one a member
+constexpr qint64 kPatience = 5000;       // milliseconds, after which it is tried again to make one a member
 
 // Whether a record says itself what it is said to be. What it does is for the lesson to decide.
 bool isRecord(const RecordEntry &entry)

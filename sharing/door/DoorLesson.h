@@ -60,7 +60,7 @@ private:
     {
         std::size_t from{}, end{};
         QByteArray message{};
-        qint64 bytes{};    // of the entries
+        qint64 bytes{};     // of the entries
         bool hasPictures{}; // which no packing makes shorter
     };
 
