@@ -64,6 +64,8 @@ QLayout *NameDialog::makeForm()
     connect(m_shown, &QCheckBox::toggled, this, [this](bool on) { m_drawer.isShown = on; });
     connect(m_name, &QLineEdit::textChanged, this, [this](const QString &name) {
         m_drawer.name = name;
+        if (!name.isEmpty())
+            m_shown->setChecked(true);
         showIcon();
     });
     connect(choose, &QPushButton::clicked, this, &NameDialog::askForPicture);

@@ -227,6 +227,7 @@ void MainWindow::askForName()
         return;
     keepDrawer(dialog.drawer());
     m_canvas->setDrawer(dialog.drawer());
+    m_sharing->setName(dialog.drawer().name);
 }
 
 void MainWindow::chooseTool(const Tool &tool)

@@ -189,6 +189,21 @@ void SharingCommands::joinLesson(const LessonLink &link, const QString &name)
     m_sharing.join(link);
 }
 
+void SharingCommands::setName(const QString &name)
+{
+    if (m_sharing.isIdle())
+        return;
+    m_name = name;
+    if (m_sharing.state() == DocumentSharing::State::On)
+        tellPerson();
+    showPeople();
+}
+
+void SharingCommands::tellPerson()
+{
+    m_sharing.setPerson(m_name, colorOf(m_document.author().number()));
+}
+
 void SharingCommands::offerToResume(const InkLesson::Sharing &sharing)
 {
     QMessageBox box(QMessageBox::Question, tr("The lesson was shared"),
@@ -207,7 +222,7 @@ void SharingCommands::offerToResume(const InkLesson::Sharing &sharing)
 void SharingCommands::began()
 {
     closeProgress();
-    m_sharing.setPerson(m_name, colorOf(m_document.author().number()));
+    tellPerson();
     if (m_dialog)
         showLinks();
     if (m_sharing.isOwn() && !m_sharing.isKept())

@@ -30,6 +30,9 @@ public:
     // What else is open was let go before, and so is the lesson where that goes wrong.
     void joinLesson(const LessonLink &link, const QString &name);
 
+    // What the others see from now on, while a lesson is shared. One that is shared later asks the settings.
+    void setName(const QString &name);
+
     // The document was shared when the board ended by itself.
     void offerToResume(const InkLesson::Sharing &sharing);
 
@@ -52,6 +55,7 @@ private:
     void showLinks();
     void askForLink();
     void began();
+    void tellPerson();
     void failed(const QString &words);
     void showProgress(const QString &words);
     void closeProgress();

@@ -29,11 +29,20 @@ struct SharingProbe
         QTRY_VERIFY_WITH_TIMEOUT(sharing.isConnected() || !problem.isEmpty(), kPatience);
         QCOMPARE(problem, QString());
     }
-    void join(const SharingProbe &other)
+    void join(const SharingProbe &other) { join(other.sharing.link()); }
+    void join(const Board::LessonLink &link)
     {
-        sharing.join(other.sharing.link());
+        sharing.join(link);
         QTRY_VERIFY_WITH_TIMEOUT(document.isShared() || !problem.isEmpty(), kPatience);
         QCOMPARE(problem, QString());
+    }
+
+    // Of somebody else, as it is told here; nobody's is "-".
+    QString nameOf(int author) const
+    {
+        const auto &all = sharing.others()->all();
+        const auto found = all.find(author);
+        return found == all.end() ? QStringLiteral("-") : found->second.presence.name;
     }
 
     std::size_t objects() const { return document.page().items().size(); }

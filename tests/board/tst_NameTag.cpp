@@ -47,6 +47,7 @@ private slots:
     void isAsDenseAsThePage();
     void isKept();
     void asksForTheName();
+    void showsANameThatIsTyped();
     void takesAPictureAsIcon();
 
 private:
@@ -235,6 +236,22 @@ void tst_NameTag::asksForTheName()
     MainWindow window(kSize);
     QTest::mousePress(&window.canvas(), Qt::LeftButton, Qt::NoModifier, {50, 50});
     QCOMPARE(QString::fromUtf16(window.document().author().object()->m_szDrawerName), QStringLiteral("Ada"));
+}
+
+// Whoever types a name wants it to be seen.
+void tst_NameTag::showsANameThatIsTyped()
+{
+    NameDialog dialog({});
+    auto *name = dialog.findChild<QLineEdit *>();
+    QTest::keyClicks(name, QStringLiteral("A"));
+    QVERIFY(dialog.findChild<QCheckBox *>()->isChecked());
+    QVERIFY(dialog.drawer().isShown);
+    dialog.findChild<QCheckBox *>()->click();
+    QVERIFY(!dialog.drawer().isShown);
+    NameDialog unchanged({QStringLiteral("Ada"), {}, false});
+    QVERIFY(!unchanged.drawer().isShown);
+    unchanged.findChild<QLineEdit *>()->clear();
+    QVERIFY(!unchanged.drawer().isShown);
 }
 
 // In a disc, so that the corners are bare.

@@ -1,3 +1,4 @@
+#include "Answers.h"
 #include "SharingProbe.h"
 
 #include "board/files/FileCommands.h"
@@ -13,7 +14,6 @@
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QLineEdit>
 #include <QtWidgets/QListWidget>
-#include <QtWidgets/QMessageBox>
 #include <QtWidgets/QProgressDialog>
 #include <QtWidgets/QPushButton>
 
@@ -22,39 +22,6 @@ using namespace Board;
 namespace {
 
 const QString kEnded = "The lesson has been ended, you keep all of it";
-
-// Answers each question with the button of that text, and notes the questions.
-class Answers : public QObject
-{
-public:
-    explicit Answers(const QStringList &buttons)
-        : m_buttons(buttons)
-    {
-        m_timer.callOnTimeout([this] { answer(); });
-        m_timer.start(20);
-    }
-
-    QStringList questions;
-
-private:
-    void answer()
-    {
-        auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
-        if (!box || m_buttons.isEmpty())
-            return;
-        for (QAbstractButton *button : box->buttons()) {
-            if (button->text().remove(QLatin1Char('&')) != m_buttons.constFirst())
-                continue;
-            m_buttons.removeFirst();
-            questions.append(box->text() + QLatin1Char(' ') + box->informativeText());
-            button->click();
-            return;
-        }
-    }
-
-    QStringList m_buttons;
-    QTimer m_timer;
-};
 
 } // namespace
 

@@ -1,7 +1,13 @@
+#include "Answers.h"
 #include "SharingProbe.h"
 #include "board/people/PeopleButton.h"
+#include "board/person/NameDialog.h"
+#include "board/person/Settings.h"
 #include "board/window/MainWindow.h"
 #include "board/window/SharingCommands.h"
+
+#include <QtWidgets/QAction>
+#include <QtWidgets/QLineEdit>
 
 #include <algorithm>
 
@@ -27,31 +33,76 @@ class tst_SharingCommands : public QObject
     Q_OBJECT
 
 private slots:
+    void initTestCase();
+    void init();
+    void cleanup() { m_window.reset(); }
+
     void givesColorsInTheOrderOfTheirComing();
+    void tellsAnotherNameAtOnce();
+
+private:
+    QAction *action(const char *name) { return m_window->findChild<QAction *>(QString::fromLatin1(name)); }
+    DocumentSharing &sharing() { return m_window->sharing().sharing(); }
+    void share();
+
+    std::unique_ptr<MainWindow> m_window;
+    std::unique_ptr<QTemporaryDir> m_folder;
+    const QTemporaryDir m_settings;
 };
+
+void tst_SharingCommands::initTestCase()
+{
+    QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
+    QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, m_settings.path());
+}
+
+void tst_SharingCommands::init()
+{
+    Settings().clear();
+    m_folder = std::make_unique<QTemporaryDir>();
+    m_window = std::make_unique<MainWindow>(kSize);
+    sharing().setFolder(m_folder->path());
+    sharing().setPort(0);
+    m_window->show();
+}
+
+void tst_SharingCommands::share()
+{
+    sharing().share();
+    QTRY_VERIFY_WITH_TIMEOUT(sharing().isConnected(), kPatience);
+}
 
 // Whoever comes draws a number by chance; the first dozen have colours of their own all the same.
 void tst_SharingCommands::givesColorsInTheOrderOfTheirComing()
 {
-    const QTemporaryDir folder;
-    MainWindow window(kSize);
-    window.show();
-    DocumentSharing &sharing = window.sharing().sharing();
-    sharing.setFolder(folder.path());
-    sharing.setPort(0);
-    sharing.share();
-    QTRY_VERIFY_WITH_TIMEOUT(sharing.isConnected(), kPatience);
+    share();
     std::vector<std::unique_ptr<SharingProbe>> others;
     for (int i = 0; i < 5; ++i) {
         others.push_back(std::make_unique<SharingProbe>(QStringLiteral("P%1").arg(i)));
-        others.back()->sharing.join(sharing.link());
+        others.back()->sharing.join(sharing().link());
         QTRY_VERIFY_WITH_TIMEOUT(others.back()->document.isShared(), kPatience);
     }
-    QTRY_COMPARE_WITH_TIMEOUT(sharing.people(), 5, kPatience);
-    auto &button = *window.findChild<PeopleButton *>();
+    QTRY_COMPARE_WITH_TIMEOUT(sharing().people(), 5, kPatience);
+    auto &button = *m_window->findChild<PeopleButton *>();
     button.resize(button.sizeHint());
     QTRY_COMPARE_WITH_TIMEOUT(discColors(button, 6), QStringLiteral("#0b72df #050090 #0a7f48 #665701 #c80cd6 #eb001e"),
                               kPatience);
+}
+
+// To those who are there, and in the bar.
+void tst_SharingCommands::tellsAnotherNameAtOnce()
+{
+    share();
+    SharingProbe other("Other");
+    other.join(sharing().link());
+    QTRY_COMPARE_WITH_TIMEOUT(other.sharing.people(), 1, kPatience);
+    QCOMPARE(other.nameOf(1), QString());
+    withDialog<NameDialog>([](NameDialog &dialog) { dialog.findChild<QLineEdit *>()->setText("Frau Weber"); });
+    action("name")->trigger();
+    QTRY_COMPARE_WITH_TIMEOUT(other.nameOf(1), QString("Frau Weber"), kPatience);
+    const auto &people = *m_window->findChild<PeopleButton *>();
+    QVERIFY2(people.accessibleDescription().contains("Frau Weber"), qPrintable(people.accessibleDescription()));
+    QCOMPARE(readDrawer().name, QString("Frau Weber"));
 }
 
 QTEST_MAIN(tst_SharingCommands)
