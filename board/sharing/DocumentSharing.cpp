@@ -41,6 +41,8 @@ QString goneWords(Reason reason)
         return DocumentSharing::tr("Somebody else has begun a lesson of this name.");
     case Reason::Elsewhere:
         return DocumentSharing::tr("This lesson is open in another window of the board.");
+    case Reason::Ended:
+        return DocumentSharing::tr("The lesson has been ended.");
     default:
         return DocumentSharing::tr("The door does not let this board in (%1).").arg(int(reason));
     }
@@ -64,11 +66,11 @@ DocumentSharing::DocumentSharing(Document &document)
     });
 }
 
-// Doors end first, which may take until they have handed out what they have.
+// Doors end first, which may take until they have handed out what they have. A lesson that was not ended goes on with
+// the next board that has it.
 DocumentSharing::~DocumentSharing()
 {
     disconnect(&m_document, nullptr, this, nullptr);
-    endDoor();
 }
 
 void DocumentSharing::setPerson(const QString &name, const QColor &color)
@@ -242,12 +244,23 @@ void DocumentSharing::advance()
     const bool isConnected = m_connection->isOpen();
     if (isConnected != std::exchange(m_wasConnected, isConnected))
         m_since.start();
-    if (m_connection->isGone()) // for good
-        fail(goneWords(m_connection->client().reason()));
+    if (m_connection->isGone())
+        leaveForGood(m_connection->client().reason());
     else if (m_state == State::Joining && isConnected && m_joined)
         finishJoining();
     else if (m_state == State::Ending && (!isConnected || unsent() == 0 || m_ending.elapsed() >= kHandingOut))
         close();
+}
+
+// Who has the lesson already keeps it as it is here, with what was not sent any more.
+void DocumentSharing::leaveForGood(Reason reason)
+{
+    const State state = m_state;
+    if (reason != Reason::Ended || state == State::Joining)
+        return fail(goneWords(reason));
+    close();
+    if (state == State::On)
+        emit endedByOwner();
 }
 
 void DocumentSharing::finishJoining()
@@ -355,18 +368,11 @@ QString DocumentSharing::words() const
     case State::Joining:
         return joiningWords();
     case State::On:
-        return isConnected() ? sharedWords() : awayWords() + unsentWords();
+        return isConnected() ? sharedWords() : tr("Reconnecting since %1").arg(timeWords()) + unsentWords();
     case State::Ending:
         return tr("The others are being sent what they have not got yet …");
     }
     return {};
-}
-
-QString DocumentSharing::awayWords() const
-{
-    if (m_connection && m_connection->wasClosed())
-        return tr("The lesson has been ended, you keep all of it");
-    return tr("Reconnecting since %1").arg(timeWords());
 }
 
 QString DocumentSharing::joiningWords() const

@@ -19,7 +19,8 @@ class Lesson;
 }
 namespace InkSharing {
 class Others;
-}
+enum class Reason;
+} // namespace InkSharing
 
 namespace Board {
 
@@ -87,6 +88,7 @@ signals:
     void begun();                      // the document is shared
     void failed(const QString &words); // it was not, or is not any more
     void ended();
+    void endedByOwner();                 // after ended(): whoever has begun the lesson has ended it for everybody
     void changed();                      // words(), or who is there
     void stepLost(const QString &words); // of the person here, that cannot count
 
@@ -98,6 +100,7 @@ private:
     void connectTo(const LessonLink &link, const InkLesson::Sharing &sharing);
     void begin();
     void advance();
+    void leaveForGood(InkSharing::Reason reason);
     void finishJoining();
     void fail(const QString &words);
     void close();
@@ -105,7 +108,6 @@ private:
     void forgetDoors();
     void look();
     void tellPresence();
-    QString awayWords() const;
     QString joiningWords() const;
     QString sharedWords() const;
     QString unsentWords() const;

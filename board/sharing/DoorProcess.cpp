@@ -60,7 +60,8 @@ void DoorProcess::Process::setupChildProcess()
 DoorProcess::~DoorProcess()
 {
     m_process.disconnect();
-    m_process.terminate();
+    if (!m_isEnding) // another signal would cut short what it still hands out
+        m_process.terminate();
     if (m_process.state() != QProcess::NotRunning && !m_process.waitForFinished(kPatience)) {
         m_process.kill();
         m_process.waitForFinished();
@@ -72,7 +73,10 @@ DoorProcess::~DoorProcess()
 void DoorProcess::end()
 {
     m_isEnding = true;
-    m_process.terminate();
+    if (m_process.state() == QProcess::Running)
+        ::kill(pid_t(m_process.processId()), SIGUSR1);
+    else
+        m_process.terminate();
 }
 
 void DoorProcess::finish()

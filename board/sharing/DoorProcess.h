@@ -19,8 +19,9 @@ public:
     // Listens at the port, at any that is free for 0. Soon after, ready() or failed().
     void start(int port, const QString &folder);
 
-    // Begins to end, and hands everybody what it has, which takes ten seconds at most; failed() tells that it has
-    // ended. What its engine has kept in the folder goes then: the lesson is over.
+    // Ends the lesson for everybody: begins to end, and hands everybody what it has, which takes ten seconds at most;
+    // failed() tells that it has ended. What its engine has kept in the folder goes then. Without this the others hear
+    // that the door goes away, and come again.
     void end();
     bool isRunning() const { return m_process.state() != QProcess::NotRunning; }
 

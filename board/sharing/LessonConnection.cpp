@@ -124,12 +124,8 @@ void LessonConnection::connectToDoor()
         };
         connect(socket, signal, this, ifThere, Qt::QueuedConnection);
     };
-    later(&QWebSocket::connected, [this] {
-        m_wasClosed = false;
-        m_client.opened(m_clock.elapsed());
-    });
-    later(&QWebSocket::disconnected, [this, socket] {
-        m_wasClosed = m_wasClosed || socket->closeCode() == QWebSocketProtocol::CloseCodeGoingAway;
+    later(&QWebSocket::connected, [this] { m_client.opened(m_clock.elapsed()); });
+    later(&QWebSocket::disconnected, [this] {
         dropSocket();
         m_client.closed(m_clock.elapsed());
     });

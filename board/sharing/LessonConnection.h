@@ -52,7 +52,6 @@ public:
     const InkSharing::Client &client() const { return m_client; }
     const InkSharing::Others *others() const { return m_others.get(); } // null without an author
     bool isOpen() const { return m_client.state() == InkSharing::Client::State::Open; }
-    bool wasClosed() const { return m_wasClosed; } // by the door, which went away; until it is reached again
     bool isGone() const { return m_client.state() == InkSharing::Client::State::Gone; }
 
 signals:
@@ -82,7 +81,6 @@ private:
     std::unique_ptr<InkSharing::LiveSender> m_sender;
     std::unique_ptr<InkSharing::Others> m_others;
     std::unique_ptr<QWebSocket> m_socket;
-    bool m_wasClosed{};
     QTimer m_ticks;
     QThreadPool m_reading; // of large records, one after the other
 };

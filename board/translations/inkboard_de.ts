@@ -380,8 +380,8 @@
         <translation>Die Stunde wird für andere bereitgemacht …</translation>
     </message>
     <message>
-        <source>The lesson has been ended, you keep all of it</source>
-        <translation>Die Stunde wurde beendet, alles davon bleibt hier</translation>
+        <source>The lesson has been ended.</source>
+        <translation>Die Stunde wurde beendet.</translation>
     </message>
 </context>
 <context>
@@ -1164,6 +1164,18 @@
     <message>
         <source>Pointers of the others</source>
         <translation>Zeiger der anderen</translation>
+    </message>
+    <message>
+        <source>The lesson has been ended</source>
+        <translation>Die Stunde wurde beendet</translation>
+    </message>
+    <message>
+        <source>The lesson has been ended for everybody. You keep all of it.</source>
+        <translation>Die Stunde wurde für alle beendet. Alles davon bleibt hier.</translation>
+    </message>
+    <message>
+        <source>It is an ordinary lesson from now on, with all that is in it.</source>
+        <translation>Es ist von jetzt an eine gewöhnliche Stunde, mit allem, was darin ist.</translation>
     </message>
 </context>
 <context>

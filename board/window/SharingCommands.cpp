@@ -98,6 +98,7 @@ void SharingCommands::connectSharing()
             m_dialog->close();
         showState();
     });
+    connect(&m_sharing, &DocumentSharing::endedByOwner, this, &SharingCommands::tellEnd);
     connect(&m_sharing, &DocumentSharing::stepLost, this, [this](const QString &words) {
         emit said(tr("A step of yours could not be shared, and is gone: %1").arg(words));
     });
@@ -236,6 +237,18 @@ void SharingCommands::failed(const QString &words)
 {
     closeProgress();
     QMessageBox::warning(&m_window, tr("The lesson is not shared"), words);
+}
+
+// Whoever is drawing just now draws on.
+void SharingCommands::tellEnd()
+{
+    auto *box =
+        new QMessageBox(QMessageBox::Information, tr("The lesson has been ended"),
+                        tr("The lesson has been ended for everybody. You keep all of it."), QMessageBox::Ok, &m_window);
+    box->setInformativeText(tr("It is an ordinary lesson from now on, with all that is in it."));
+    box->setAttribute(Qt::WA_DeleteOnClose);
+    box->setModal(false);
+    box->show();
 }
 
 // Of sharing it stands in the dialog; joining has none of its own.

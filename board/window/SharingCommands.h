@@ -57,6 +57,7 @@ private:
     void began();
     void tellPerson();
     void failed(const QString &words);
+    void tellEnd();
     void showProgress(const QString &words);
     void closeProgress();
     void showState();

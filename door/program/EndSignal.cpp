@@ -10,9 +10,12 @@ namespace InkDoor {
 namespace {
 
 std::atomic<int> handle{-1};
+std::atomic<bool> areLessonsOver{};
 
-void wake(int)
+void wake(int signal)
 {
+    if (signal == SIGUSR1)
+        areLessonsOver = true;
     const quint64 one = 1;
     [[maybe_unused]] const auto written = ::write(handle, &one, sizeof one);
 }
@@ -36,16 +39,18 @@ EndSignal::EndSignal()
     connect(m_notifier.get(), &QSocketNotifier::activated, this, [this] {
         quint64 count{};
         [[maybe_unused]] const auto read = ::read(handle, &count, sizeof count);
-        emit asked();
+        emit asked(areLessonsOver);
     });
     setHandler(SIGTERM, wake);
     setHandler(SIGINT, wake);
+    setHandler(SIGUSR1, wake);
 }
 
 EndSignal::~EndSignal()
 {
     setHandler(SIGTERM, SIG_DFL);
     setHandler(SIGINT, SIG_DFL);
+    setHandler(SIGUSR1, SIG_DFL);
     m_notifier.reset();
     ::close(handle.exchange(-1));
 }

@@ -7,7 +7,8 @@
 
 namespace InkDoor {
 
-// Tells in the event loop that the program was asked to end, by SIGTERM or SIGINT. There is one of it.
+// Tells in the event loop that the program was asked to end, by SIGTERM or SIGINT, or by SIGUSR1, which says that the
+// lessons are over, too. There is one of it.
 class EndSignal : public QObject
 {
     Q_OBJECT
@@ -17,7 +18,7 @@ public:
     ~EndSignal() override;
 
 signals:
-    void asked();
+    void asked(bool areLessonsOver);
 
 private:
     std::unique_ptr<QSocketNotifier> m_notifier;

@@ -156,6 +156,8 @@ void Program::tick()
     if (m_endBy == 0)
         return;
     if (m_door->drain() && m_wires.unsentBytes() == 0 && !std::exchange(m_hasSaidGoodbye, true)) {
+        if (m_lessons == Lessons::AreOver)
+            m_door->endLessons();
         m_wires.closeAll();
         m_endBy = std::min(m_endBy, m_clock.elapsed() + kLongestGoodbye);
     }
@@ -163,12 +165,13 @@ void Program::tick()
         QCoreApplication::exit(EXIT_SUCCESS);
 }
 
-void Program::end()
+void Program::end(Lessons lessons)
 {
     if (!m_gate || !m_gate->isListening())
         return QCoreApplication::exit(EXIT_SUCCESS);
     say(QStringLiteral("is ending"));
     m_gate->close();
+    m_lessons = lessons;
     m_endBy = m_clock.elapsed() + kLongestEnd;
     tick();
 }

@@ -23,8 +23,10 @@ public:
     // The event loop then runs until the application is told to exit, with 0 or with 2 after one line on stderr.
     void start();
 
-    // Listens no more, hands everybody what there is, for 10 s at most, and exits.
-    void end();
+    // Listens no more, hands everybody what there is, for 10 s at most, and exits. The boards come again, unless their
+    // lessons are over.
+    enum class Lessons { GoOn, AreOver };
+    void end(Lessons lessons);
 
 private:
     void startOwnEngine();
@@ -53,6 +55,7 @@ private:
     Histogram m_lateness; // of ticks
     qint64 m_tickDue{};   // ns
     qint64 m_endBy{};     // ms; 0 until it is to end
+    Lessons m_lessons{Lessons::GoOn};
     bool m_hasSaidGoodbye{};
 };
 

@@ -45,7 +45,9 @@ int main(int argc, char **argv)
     ::signal(SIGPIPE, SIG_IGN); // whoever reads the log may go
     const EndSignal signal;
     Program program{*line};
-    QObject::connect(&signal, &EndSignal::asked, &program, &Program::end);
+    QObject::connect(&signal, &EndSignal::asked, &program, [&program](bool areLessonsOver) {
+        program.end(areLessonsOver ? Program::Lessons::AreOver : Program::Lessons::GoOn);
+    });
     QTimer::singleShot(0, &program, &Program::start);
     return QCoreApplication::exec();
 }

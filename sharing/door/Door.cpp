@@ -142,4 +142,12 @@ bool Door::drain()
     return isDrained;
 }
 
+void Door::endLessons()
+{
+    for (auto &[id, connection] : m_connections) {
+        if (connection.lesson)
+            turnAway(id, connection, Reason::Ended);
+    }
+}
+
 } // namespace InkSharing

@@ -34,6 +34,9 @@ public:
     // is under way any more.
     bool drain();
 
+    // Tells everybody that the lessons have been ended for good: nobody comes again.
+    void endLessons();
+
     const DoorCounts &counts() const { return m_outlet.counts(); }
     int connections() const { return int(m_connections.size()); }
     int lessons() const { return int(m_lessons.size()); }

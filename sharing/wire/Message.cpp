@@ -97,7 +97,7 @@ quint64 readLength(Fields &fields, int key, const char *name)
 
 Reason readReason(Fields &fields, int key)
 {
-    return Reason(fields.number(key, "reason", int(Reason::Unreadable), int(Reason::Elsewhere)));
+    return Reason(fields.number(key, "reason", int(Reason::Unreadable), int(Reason::Ended)));
 }
 
 // An entry of one kind.

@@ -72,7 +72,8 @@ enum class Reason {
     OthersLesson,   // somebody else has begun one of that name
     NoPlace,        // the token leads to a number that somebody has: another one is to be drawn
     TooMuch,        // more than any board sends
-    Elsewhere       // the same person has come by another connection
+    Elsewhere,      // the same person has come by another connection
+    Ended           // whoever has begun the lesson has ended it
 };
 struct Refused // a record, which will not count
 {

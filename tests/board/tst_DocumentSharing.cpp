@@ -24,6 +24,8 @@ private slots:
     void drawsWhileThereIsNoDoor();
     void startsAnotherDoorAtTheSamePlace();
     void endsInAnOrdinaryLesson();
+    void isSharedAnewByAnybody();
+    void looksForADoorThatHasGoneAway();
     void losesAPageThatSomebodyElseRemoves();
     void leavesTheLessonForAnother();
     void saysThatThereIsNoSuchLesson();
@@ -223,16 +225,19 @@ void tst_DocumentSharing::endsInAnOrdinaryLesson()
     QTRY_COMPARE_WITH_TIMEOUT(teacher.objects(), 2U, kPatience);
     drawRow(teacher, 2);
     QSignalSpy ended(&teacher.sharing, &DocumentSharing::ended);
+    QSignalSpy endedHere(&teacher.sharing, &DocumentSharing::endedByOwner);
+    QSignalSpy endedThere(&pupil.sharing, &DocumentSharing::endedByOwner);
     teacher.sharing.end(); // which hands out the last step first
     QTRY_COMPARE_WITH_TIMEOUT(ended.size(), 1, kPatience);
     QVERIFY(!teacher.document.isShared());
     QCOMPARE(teacher.sharing.words(), QString());
-    QTRY_COMPARE_WITH_TIMEOUT(pupil.objects(), 3U, kPatience);
-    QTRY_COMPARE_WITH_TIMEOUT(pupil.sharing.words(), QString("The lesson has been ended, you keep all of it"),
-                              kPatience);
+    QTRY_VERIFY_WITH_TIMEOUT(!pupil.document.isShared(), kPatience);
+    QCOMPARE(pupil.objects(), 3U);
+    QCOMPARE(pupil.sharing.words(), QString());
+    QCOMPARE(pupil.problem, QString());
+    QCOMPARE(endedHere.size(), 0);
+    QCOMPARE(endedThere.size(), 1);
     for (SharingProbe *board : {&teacher, &pupil}) {
-        board->sharing.end();
-        QVERIFY(!board->document.isShared());
         const int steps = board->document.stepsToUndo();
         drawRow(*board, 3);
         QVERIFY(hasRow(*board, 3));
@@ -252,6 +257,43 @@ void tst_DocumentSharing::endsInAnOrdinaryLesson()
     another.join(teacher);
     QTRY_COMPARE_WITH_TIMEOUT(another.objects(), 4U, kPatience);
     QCOMPARE(another.seen(), teacher.seen());
+}
+
+// Not only by whoever has begun it.
+void tst_DocumentSharing::isSharedAnewByAnybody()
+{
+    SharingProbe teacher("Teacher"), pupil("Pupil"), another("Another");
+    drawRow(teacher, 0);
+    teacher.share();
+    pupil.join(teacher);
+    drawRow(pupil, 1);
+    QTRY_COMPARE_WITH_TIMEOUT(teacher.objects(), 2U, kPatience);
+    teacher.sharing.end();
+    QTRY_VERIFY_WITH_TIMEOUT(!pupil.document.isShared(), kPatience);
+    pupil.share();
+    QVERIFY(pupil.sharing.isOwn());
+    another.join(pupil);
+    QCOMPARE(another.objects(), 2U);
+    drawRow(another, 2);
+    QTRY_COMPARE_WITH_TIMEOUT(pupil.objects(), 3U, kPatience);
+}
+
+// A board that is killed takes its door along, which then goes away and ends nothing.
+void tst_DocumentSharing::looksForADoorThatHasGoneAway()
+{
+    auto teacher = std::make_unique<SharingProbe>("Teacher");
+    SharingProbe pupil("Pupil");
+    teacher->share();
+    pupil.join(*teacher);
+    QSignalSpy ended(&pupil.sharing, &DocumentSharing::endedByOwner);
+    teacher.reset(); // and its door is asked to end, as its system asks it once the board is dead
+    drawRow(pupil, 0);
+    QTRY_VERIFY_WITH_TIMEOUT(!pupil.sharing.isConnected(), kPatience);
+    QTRY_VERIFY_WITH_TIMEOUT(pupil.sharing.words().startsWith("Reconnecting since ") &&
+                                 pupil.sharing.words().endsWith(" s, 1 step not yet sent"),
+                             kPatience);
+    QVERIFY(pupil.document.isShared());
+    QCOMPARE(ended.size(), 0);
 }
 
 void tst_DocumentSharing::losesAPageThatSomebodyElseRemoves()

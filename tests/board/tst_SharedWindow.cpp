@@ -21,8 +21,6 @@ using namespace Board;
 
 namespace {
 
-const QString kEnded = "The lesson has been ended, you keep all of it";
-
 } // namespace
 
 class tst_SharedWindow : public QObject
@@ -43,6 +41,7 @@ private slots:
     void asksBeforeTheOthersAreLeft();
     void savesWhatCameUntilTheEnd();
     void joinsALesson();
+    void isOrdinaryOnceTheLessonHasBeenEnded();
     void stopsJoining();
     void goesOnAfterACrash();
     void takesALinkAsArgument();
@@ -215,8 +214,7 @@ void tst_SharedWindow::asksBeforeTheOthersAreLeft()
     QCOMPARE(answers.questions.size(), 2);
     QVERIFY(!m_window->document().isShared());
     QTRY_COMPARE_WITH_TIMEOUT(other.objects(), 1U, kPatience); // it was handed out
-    QTRY_COMPARE_WITH_TIMEOUT(other.sharing.words(), kEnded, kPatience);
-    other.sharing.end();
+    QTRY_VERIFY_WITH_TIMEOUT(!other.document.isShared(), kPatience);
     draw(other.document, "line", {10, 30}, {80, 30});
     QCOMPARE(other.objects(), 2U);
 }
@@ -266,6 +264,39 @@ void tst_SharedWindow::joinsALesson()
     QCOMPARE(m_window->document().page().items().size(), std::size_t(1));
 }
 
+// By whoever has begun it. What follows is an ordinary lesson, for which nobody is asked.
+void tst_SharedWindow::isOrdinaryOnceTheLessonHasBeenEnded()
+{
+    SharingProbe teacher("Teacher");
+    draw(teacher.document, "line", {10, 10}, {80, 10});
+    teacher.share();
+    m_window->joinLesson(teacher.sharing.link(), "Ada");
+    QTRY_VERIFY_WITH_TIMEOUT(m_window->document().isShared(), kPatience);
+    draw(m_window->document(), "line", {10, 50}, {80, 50});
+    QTRY_COMPARE_WITH_TIMEOUT(teacher.objects(), 2U, kPatience);
+    teacher.sharing.end();
+    QTRY_VERIFY_WITH_TIMEOUT(m_window->findChild<QMessageBox *>(), kPatience);
+    auto *box = m_window->findChild<QMessageBox *>();
+    QCOMPARE(box->text(), QString("The lesson has been ended for everybody. You keep all of it."));
+    QVERIFY(!box->isModal()); // so that a line that is being drawn goes on
+    QVERIFY(!m_window->document().isShared());
+    QCOMPARE(m_window->document().page().items().size(), std::size_t(2));
+    QCOMPARE(words(), QString());
+    QVERIFY(!action("stop-sharing")->isEnabled());
+    box->close();
+    {
+        Answers answers({"Cancel"});
+        QVERIFY(!closes());
+        QCOMPARE(answers.questions.size(), 1);
+        QVERIFY2(answers.questions[0].startsWith("Save "), qPrintable(answers.questions[0]));
+    }
+    share();
+    QVERIFY(sharing().isOwn());
+    SharingProbe other("Other");
+    other.join(sharing().link());
+    QCOMPARE(other.objects(), 2U);
+}
+
 void tst_SharedWindow::stopsJoining()
 {
     m_window->joinLesson({QUrl("http://127.0.0.1:1/"), "nobody"}, {});
@@ -280,19 +311,19 @@ void tst_SharedWindow::stopsJoining()
 // At the same place.
 void tst_SharedWindow::goesOnAfterACrash()
 {
-    SharingProbe teacher("Teacher");
-    QCOMPARE(teacher.document.keepJournal(m_folder->path()), QString());
-    teacher.share();
+    auto teacher = std::make_unique<SharingProbe>("Teacher");
+    QCOMPARE(teacher->document.keepJournal(m_folder->path()), QString());
+    teacher->share();
     SharingProbe other("Other");
-    other.join(teacher);
-    draw(teacher.document, "line", {10, 10}, {80, 10});
+    other.join(*teacher);
+    draw(teacher->document, "line", {10, 10}, {80, 10});
     QTRY_COMPARE_WITH_TIMEOUT(other.objects(), 1U, kPatience);
     const QString journal = m_folder->filePath("left.inkboard");
-    QVERIFY(QFile::copy(teacher.document.journalName(), journal)); // as a crash leaves it
-    const LessonLink link = teacher.sharing.link();
-    teacher.sharing.end();
-    teacher.document.discardJournal();
-    QTRY_COMPARE_WITH_TIMEOUT(other.sharing.words(), kEnded, kPatience);
+    QVERIFY(QFile::copy(teacher->document.journalName(), journal)); // as a crash leaves it
+    const LessonLink link = teacher->sharing.link();
+    teacher->document.discardJournal();
+    teacher.reset();
+    QTRY_VERIFY_WITH_TIMEOUT(other.sharing.words().startsWith("Reconnecting since "), kPatience);
     draw(other.document, "line", {10, 30}, {80, 30});
 
     Answers answers({"Open it", "Go on sharing"});

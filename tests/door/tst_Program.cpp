@@ -67,6 +67,17 @@ TEST(Program, tellsBoardsThatItGoesAway)
     EXPECT_EQ(door.exitCode(), 0);
 }
 
+// As a board ends the lesson that it has begun.
+TEST(Program, endsItsLessonsWhenItIsToldThatTheyAreOver)
+{
+    DoorProgram door;
+    ASSERT_TRUE(door.start(kMemory));
+    ::kill(static_cast<pid_t>(door.processId()), SIGUSR1);
+    ASSERT_TRUE(door.ends(3'000));
+    EXPECT_EQ(door.exitCode(), 0);
+    EXPECT_EQ(door.errors(), kWordsOfMemory + "inkboard-door: is ending\n");
+}
+
 TEST(Program, countsWhatItsDocumentNames)
 {
     DoorProgram door;

@@ -170,3 +170,21 @@ TEST_F(DoorLessonTest, inkComesBehindAPartOfAPictureAndNotBehindAllOfIt)
     door.written(kPupil);
     EXPECT_EQ(handed(kPupil).size(), before + 1);
 }
+
+// Those in a lesson, once each; a visitor who has not said hello is closed like any other.
+TEST_F(DoorLessonTest, whoeverIsInALessonHearsThatItHasEnded)
+{
+    tell(kPupil, Hello{QStringLiteral("lesson"), token(kPupil)});
+    door.connected(kOther);
+    EXPECT_TRUE(door.drain());
+    door.endLessons();
+    for (const int connection : {kTeacher, kPupil}) {
+        FromDoor message;
+        QString problem;
+        ASSERT_TRUE(readMessage(told[connection].back(), message, problem)) << problem.toStdString();
+        const auto *gone = std::get_if<Gone>(&message);
+        ASSERT_TRUE(gone) << connection;
+        EXPECT_EQ(int(gone->reason), 9);
+    }
+    EXPECT_EQ(told[kOther].size(), 0U);
+}

@@ -64,7 +64,7 @@ TEST(Protocol, theGrammarTellsRightFromWrong)
     const Cddl cddl = grammar();
     const QString from = QStringLiteral("from-door");
     EXPECT_EQ(cddl.problem(from, encoded(FromDoor(Refused{{7, 2}, Reason::NotYours}))), QString());
-    EXPECT_NE(cddl.problem(from, encoded(FromDoor(Refused{{7, 2}, Reason(9)}))), QString());
+    EXPECT_NE(cddl.problem(from, encoded(FromDoor(Refused{{7, 2}, Reason(10)}))), QString());
     EXPECT_NE(cddl.problem(from, encoded(FromDoor(Refused{{0, 2}, Reason::NotYours}))), QString());
     EXPECT_NE(cddl.problem(from, QCborMap{{0, 5}, {1, 0}}), QString()) << "more than there may be";
     EXPECT_NE(cddl.problem(from, QCborMap{{0, 1}, {1, 7}}), QString()) << "less";
