@@ -288,10 +288,8 @@ void tst_DocumentSharing::looksForADoorThatHasGoneAway()
     QSignalSpy ended(&pupil.sharing, &DocumentSharing::endedByOwner);
     teacher.reset(); // and its door is asked to end, as its system asks it once the board is dead
     drawRow(pupil, 0);
-    QTRY_VERIFY_WITH_TIMEOUT(!pupil.sharing.isConnected(), kPatience);
-    QTRY_VERIFY_WITH_TIMEOUT(pupil.sharing.words().startsWith("Reconnecting since ") &&
-                                 pupil.sharing.words().endsWith(" s, 1 step not yet sent"),
-                             kPatience);
+    const QRegularExpression away("^Reconnecting since [1-9]\\d* s, 1 step not yet sent$"); // for a while
+    QTRY_VERIFY_WITH_TIMEOUT(away.match(pupil.sharing.words()).hasMatch(), kPatience);
     QVERIFY(pupil.document.isShared());
     QCOMPARE(ended.size(), 0);
 }
