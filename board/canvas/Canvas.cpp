@@ -248,6 +248,8 @@ void Canvas::redo()
 void Canvas::clear()
 {
     endDrawing();
+    if (m_mayClear && !m_mayClear())
+        return;
     m_desk.selection.clear();
     m_desk.inHand.author().clear();
 }

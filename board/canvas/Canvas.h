@@ -72,6 +72,9 @@ public:
     void lower();
     void clear();
 
+    // Is asked before clear(), which does nothing where the answer is false. There is no question otherwise.
+    void setMayClear(std::function<bool()> mayClear) { m_mayClear = std::move(mayClear); }
+
     QSize sizeHint() const override { return m_sizeHint; }
 
 signals:
@@ -149,6 +152,7 @@ private:
     Fingers m_fingers;
     PenWatch m_pen;
     OtherPointers m_others;
+    std::function<bool()> m_mayClear;
     QCursor m_cursor{Qt::CrossCursor}; // beside an object
     bool m_ringed{};                   // the Tab key has come here
 };

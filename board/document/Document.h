@@ -106,8 +106,11 @@ signals:
     void stepDone();
 
     // Somebody else has removed the page that is shown; the next one is about to come in its place. The object in hand
-    // goes with the page.
-    void pageLost(bool withObject);
+    // goes with the page. The author is 0 where nobody knows.
+    void pageLost(bool withObject, int author);
+
+    // The same for all that was drawn on the page that is shown.
+    void pageCleared(int author);
 
     // `area` of the page that is shown was painted.
     void painted(const QRegion &area);
@@ -136,6 +139,7 @@ private:
     void keepPicture();
     void prepareSome();
     void noted(const InkLesson::Lesson::LogChange &change);
+    void noteWhose(const QByteArray &code);
     void lookAround();
     bool keepFresh(InkLesson::Journal &journal, QString &problem) const;
     void writeAnew(const InkLesson::Sharing *sharing);
@@ -147,7 +151,9 @@ private:
     std::unique_ptr<InkLesson::Journal> m_journal;
     QString m_journals; // the folder of journals
     QTimer m_syncing;
-    QTimer m_looking; // once others have changed something
+    QTimer m_looking;  // once others have changed something
+    int m_removedBy{}; // the author who may have removed the page that is shown, 0 for none
+    int m_clearedBy{}; // the same, of what was drawn on it
     bool m_isShared{};
     bool m_journalFails{};
     int m_shown{};                     // place of the page that is shown

@@ -4,6 +4,8 @@
 
 #include "board/document/BackgroundFile.h"
 
+#include "lesson/log/RecordReader.h"
+
 #include <algorithm>
 #include <utility>
 
@@ -89,16 +91,38 @@ void Document::noted(const Lesson::LogChange &change)
     if (change.kind == Kind::Added)
         return; // by the person here, who is told of it
     follow();
+    if (change.kind == Kind::CameBefore)
+        noteWhose(change.code);
     m_isChanged = m_isChanged || change.kind != Kind::Settled;
     m_looking.start();
+}
+
+// Who takes away what is shown, by a step or by undoing one. Only the shortest records do.
+void Document::noteWhose(const QByteArray &code)
+{
+    constexpr int kMostBytes = 200;
+    Record record;
+    if (code.size() > kMostBytes || !RecordReader().readCbor(code, record) || record.id.author == m_author->number())
+        return;
+    const auto *undo = std::get_if<Undo>(&record.deed);
+    if ((undo ? m_lesson->pageOf(undo->step) : record.page) != m_author->page())
+        return;
+    if (undo || std::holds_alternative<RemovePage>(record.deed))
+        m_removedBy = record.id.author;
+    else if (std::holds_alternative<Clear>(record.deed))
+        m_clearedBy = record.id.author;
 }
 
 // Others may have removed the page that is shown, or moved it.
 void Document::lookAround()
 {
+    const int removedBy = std::exchange(m_removedBy, 0);
+    const int clearedBy = std::exchange(m_clearedBy, 0);
     if (current() < 0) {
-        emit pageLost(m_author->hand() != nullptr);
+        emit pageLost(m_author->hand() != nullptr, removedBy);
         stayOnAPage();
+    } else if (clearedBy != 0) {
+        emit pageCleared(clearedBy);
     }
     m_shown = current();
     emit stepsChanged();

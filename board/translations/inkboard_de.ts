@@ -1062,14 +1062,6 @@
         <translation>Ein Schritt von dir ließ sich nicht teilen und ist weg: %1</translation>
     </message>
     <message>
-        <source>Somebody has removed the page. What you were drawing is on it, and comes back with it.</source>
-        <translation>Jemand hat die Seite entfernt. Was du gerade gezeichnet hast, ist darauf und kommt mit ihr zurück.</translation>
-    </message>
-    <message>
-        <source>Somebody has removed the page.</source>
-        <translation>Jemand hat die Seite entfernt.</translation>
-    </message>
-    <message>
         <source>%1 is holding this just now.</source>
         <translation>%1 hält das gerade fest.</translation>
     </message>
@@ -1176,6 +1168,34 @@
     <message>
         <source>It is an ordinary lesson from now on, with all that is in it.</source>
         <translation>Es ist von jetzt an eine gewöhnliche Stunde, mit allem, was darin ist.</translation>
+    </message>
+    <message>
+        <source>%1 has removed the page. What you were drawing is on it, and comes back with it.</source>
+        <translation>%1 hat die Seite entfernt. Was du gerade gezeichnet hast, ist darauf und kommt mit ihr zurück.</translation>
+    </message>
+    <message>
+        <source>%1 has removed the page.</source>
+        <translation>%1 hat die Seite entfernt.</translation>
+    </message>
+    <message>
+        <source>%1 has cleared the page.</source>
+        <translation>%1 hat die Seite geleert.</translation>
+    </message>
+    <message>
+        <source>Clear the page?</source>
+        <translation>Seite leeren?</translation>
+    </message>
+    <message>
+        <source>This clears the page for everybody.</source>
+        <translation>Das leert die Seite für alle.</translation>
+    </message>
+    <message>
+        <source>Others have drawn on it, too.</source>
+        <translation>Andere haben auch darauf gezeichnet.</translation>
+    </message>
+    <message>
+        <source>Clear</source>
+        <translation>Leeren</translation>
     </message>
 </context>
 <context>

@@ -79,6 +79,7 @@ MainWindow::MainWindow(const QSize &plainSize)
     setWindowTitle(tr("Inkboard"));
     m_hint->setObjectName(QStringLiteral("hint"));
     m_hint->setFixedHeight(kHintHeight);
+    m_hint->setTextFormat(Qt::PlainText); // names may stand in it
     auto *foot = new QHBoxLayout(m_hint); // the bar above has no room to spare in a small window
     foot->setContentsMargins(0, 0, 16, 0);
     foot->addStretch(1);

@@ -102,11 +102,15 @@ void SharingCommands::connectSharing()
     connect(&m_sharing, &DocumentSharing::stepLost, this, [this](const QString &words) {
         emit said(tr("A step of yours could not be shared, and is gone: %1").arg(words));
     });
-    connect(&m_document, &Document::pageLost, this, [this](bool withObject) {
-        emit said(withObject
-                      ? tr("Somebody has removed the page. What you were drawing is on it, and comes back with it.")
-                      : tr("Somebody has removed the page."));
+    connect(&m_document, &Document::pageLost, this, [this](bool withObject, int author) {
+        const QString words =
+            withObject ? tr("%1 has removed the page. What you were drawing is on it, and comes back with it.")
+                       : tr("%1 has removed the page.");
+        emit said(words.arg(nameOf(author)));
     });
+    connect(&m_document, &Document::pageCleared, this,
+            [this](int author) { emit said(tr("%1 has cleared the page.").arg(nameOf(author))); });
+    m_canvas.setMayClear([this] { return mayClear(); });
 }
 
 void SharingCommands::connectPeople()
@@ -296,6 +300,22 @@ bool SharingCommands::mayEnd()
     box.setInformativeText(words);
     box.button(QMessageBox::Yes)->setText(m_sharing.isOwn() ? tr("Stop sharing") : tr("Leave it"));
     box.setDefaultButton(QMessageBox::Yes);
+    return box.exec() == QMessageBox::Yes;
+}
+
+// What others have drawn does not go by a slip.
+bool SharingCommands::mayClear()
+{
+    const auto &items = m_document.page().items();
+    const int me = m_document.author().number();
+    if (!m_document.isShared() ||
+        std::all_of(items.begin(), items.end(), [me](const auto &item) { return item->id.author == me; }))
+        return true;
+    QMessageBox box(QMessageBox::Question, tr("Clear the page?"), tr("This clears the page for everybody."),
+                    QMessageBox::Yes | QMessageBox::Cancel, &m_window);
+    box.setInformativeText(tr("Others have drawn on it, too."));
+    box.button(QMessageBox::Yes)->setText(tr("Clear"));
+    box.setDefaultButton(QMessageBox::Cancel);
     return box.exec() == QMessageBox::Yes;
 }
 

@@ -65,6 +65,7 @@ private:
     void showTips();
     void showPointers(bool isShown);
     void noteBothHold();
+    bool mayClear();
     QString nameOf(int author) const;
     bool isDrawing(int author) const;
     QColor colorOf(int author) const;

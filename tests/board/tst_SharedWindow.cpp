@@ -132,7 +132,7 @@ void tst_SharedWindow::saysWhoIsThereAndHow()
     m_window->document().showPage(1);
     first.document.removePage(1);
     auto *hint = m_window->findChild<QLabel *>("hint");
-    QTRY_COMPARE_WITH_TIMEOUT(hint->text(), QString("Somebody has removed the page."), kPatience);
+    QTRY_COMPARE_WITH_TIMEOUT(hint->text(), QString("Ada has removed the page."), kPatience);
 }
 
 // They have taken it within a moment.

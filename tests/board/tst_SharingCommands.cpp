@@ -7,6 +7,7 @@
 #include "board/window/SharingCommands.h"
 
 #include <QtWidgets/QAction>
+#include <QtWidgets/QLabel>
 #include <QtWidgets/QLineEdit>
 
 #include <algorithm>
@@ -39,6 +40,8 @@ private slots:
 
     void givesColorsInTheOrderOfTheirComing();
     void tellsAnotherNameAtOnce();
+    void asksBeforeAPageIsClearedForEverybody();
+    void saysWhoHasTakenAPageAway();
 
 private:
     QAction *action(const char *name) { return m_window->findChild<QAction *>(QString::fromLatin1(name)); }
@@ -103,6 +106,62 @@ void tst_SharingCommands::tellsAnotherNameAtOnce()
     const auto &people = *m_window->findChild<PeopleButton *>();
     QVERIFY2(people.accessibleDescription().contains("Frau Weber"), qPrintable(people.accessibleDescription()));
     QCOMPARE(readDrawer().name, QString("Frau Weber"));
+}
+
+// And who has done so is told to the others, as it is of a page that is removed.
+void tst_SharingCommands::asksBeforeAPageIsClearedForEverybody()
+{
+    share();
+    SharingProbe other("<b>Mia</b>");
+    other.join(sharing().link());
+    Document &document = m_window->document();
+    QTRY_COMPARE_WITH_TIMEOUT(sharing().people(), 1, kPatience);
+    draw(document, "line", {10, 10}, {80, 10});
+    {
+        Answers answers({});
+        action("clear")->trigger(); // nobody else has drawn here
+        QCOMPARE(document.page().items().size(), std::size_t(0));
+    }
+    document.undo();
+    draw(other.document, "line", {10, 30}, {80, 30});
+    QTRY_COMPARE_WITH_TIMEOUT(document.page().items().size(), std::size_t(2), kPatience);
+    Answers answers({"Cancel", "Clear"});
+    action("clear")->trigger();
+    QCOMPARE(answers.questions, QStringList("This clears the page for everybody. Others have drawn on it, too."));
+    QCOMPARE(document.page().items().size(), std::size_t(2));
+    action("clear")->trigger();
+    QCOMPARE(answers.questions.size(), 2);
+    QCOMPARE(document.page().items().size(), std::size_t(0));
+    QTRY_COMPARE_WITH_TIMEOUT(other.objects(), 0U, kPatience);
+
+    draw(other.document, "line", {10, 50}, {80, 50});
+    other.document.author().clear();
+    const auto &hint = *m_window->findChild<QLabel *>("hint");
+    QTRY_COMPARE_WITH_TIMEOUT(hint.text(), QString("<b>Mia</b> has cleared the page."), kPatience);
+    QCOMPARE(hint.textFormat(), Qt::PlainText);
+}
+
+// Also where a page goes since the step that has made it was undone; not of another page than the one that is seen.
+void tst_SharingCommands::saysWhoHasTakenAPageAway()
+{
+    share();
+    SharingProbe other("Mia");
+    other.join(sharing().link());
+    Document &document = m_window->document();
+    QTRY_COMPARE_WITH_TIMEOUT(sharing().people(), 1, kPatience);
+    const auto &hint = *m_window->findChild<QLabel *>("hint");
+    const QString before = hint.text();
+    other.document.addPage(1);
+    draw(other.document, "line", {10, 50}, {80, 50});
+    other.document.author().clear();
+    draw(other.document, "line", {10, 80}, {80, 80});
+    QTRY_VERIFY_WITH_TIMEOUT(document.pageCount() == 2 && document.page(1).items().size() == 1, kPatience);
+    QCOMPARE(hint.text(), before);
+    document.showPage(1);
+    for (int step = 0; step < 4; ++step)
+        other.document.undo();
+    QTRY_COMPARE_WITH_TIMEOUT(document.pageCount(), 1, kPatience);
+    QTRY_COMPARE_WITH_TIMEOUT(hint.text(), QString("Mia has removed the page."), kPatience);
 }
 
 QTEST_MAIN(tst_SharingCommands)
