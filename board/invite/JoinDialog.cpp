@@ -28,9 +28,9 @@ QString shortened(const QString &host)
 
 } // namespace
 
-JoinDialog::JoinDialog(QWidget *parent, const QString &name)
+JoinDialog::JoinDialog(QWidget *parent, const QString &name, const QString &text)
     : QDialog(parent)
-    , m_link(new QLineEdit(this))
+    , m_link(new QLineEdit(text, this))
     , m_hint(new QLabel(this))
     , m_name(new QLineEdit(name, this))
     , m_join(new QPushButton(tr("Join"), this))
@@ -45,6 +45,7 @@ JoinDialog::JoinDialog(QWidget *parent, const QString &name)
     m_hint->setWordWrap(true);
     m_hint->setAlignment(Qt::AlignLeft | Qt::AlignTop);
     m_hint->setMinimumHeight(kHintLines * m_hint->fontMetrics().lineSpacing());
+    m_name->setObjectName(QStringLiteral("name"));
     m_name->setMaxLength(Drawer::kMaxName);
     m_name->setAccessibleName(tr("My name"));
     m_name->setPlaceholderText(tr("may stay empty"));
@@ -60,6 +61,7 @@ JoinDialog::JoinDialog(QWidget *parent, const QString &name)
     column->addStretch(1);
     column->addLayout(makeFoot());
     connect(m_link, &QLineEdit::textChanged, this, &JoinDialog::read);
+    m_link->selectAll();
     read();
 }
 
@@ -91,6 +93,11 @@ QLayout *JoinDialog::makeFoot()
     auto *row = new QHBoxLayout;
     row->addWidget(buttons);
     return row;
+}
+
+QString JoinDialog::text() const
+{
+    return m_link->text();
 }
 
 QString JoinDialog::name() const

@@ -17,7 +17,11 @@ class JoinDialog : public QDialog
     Q_OBJECT
 
 public:
-    JoinDialog(QWidget *parent, const QString &name);
+    // `text` is what was typed before, to be gone on with or replaced.
+    JoinDialog(QWidget *parent, const QString &name, const QString &text = {});
+
+    // What was typed, whether it leads anywhere or not.
+    QString text() const;
 
     // Once it was accepted.
     LessonLink link() const { return m_read; }

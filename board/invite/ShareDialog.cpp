@@ -111,11 +111,15 @@ QLayout *ShareDialog::makeWords()
     m_addresses->setAccessibleName(tr("Address of this machine"));
     connect(m_addresses, qOverload<int>(&QComboBox::activated), this, &ShareDialog::showLink);
 
+    auto *way =
+        makeLabel(tr("In Inkboard, press F7, or choose “Join a lesson” in the menu ☰ under “Sharing”. Then type "
+                     "this, in small or capital letters:"),
+                  this);
+    way->setObjectName(QStringLiteral("way"));
     auto *column = new QVBoxLayout;
     column->setSpacing(kGap);
     column->addWidget(makeTitle(tr("Come to this lesson"), this));
-    column->addWidget(
-        makeLabel(tr("In Inkboard, choose “Join a lesson”. Then type this, in small or capital letters:"), this));
+    column->addWidget(way);
     column->addWidget(m_address, 1);
     column->addWidget(m_groups, 2);
     column->addWidget(makeLabel(tr("Or take the link, which the picture holds, too:"), this));

@@ -381,7 +381,9 @@ QString DocumentSharing::joiningWords() const
         return tr("This lesson is not there just now. It is asked for again and again.");
     if (m_since.elapsed() < kShortly)
         return tr("The lesson is being joined …");
-    return tr("%1 has not answered for %2. It is tried again and again.").arg(m_link.door.authority(), timeWords());
+    return tr("%1 has not answered for %2. It is tried again and again.\n"
+              "Are both machines in the same network? If they are, ask for a new link.")
+        .arg(m_link.door.authority(), timeWords());
 }
 
 QString DocumentSharing::sharedWords() const

@@ -348,10 +348,6 @@
         <translation>Die Stunde wird geholt …</translation>
     </message>
     <message>
-        <source>%1 has not answered for %2. It is tried again and again.</source>
-        <translation>%1 antwortet seit %2 nicht. Es wird immer wieder versucht.</translation>
-    </message>
-    <message>
         <source>Shared, nobody else is here</source>
         <translation>Geteilt, sonst ist niemand da</translation>
     </message>
@@ -382,6 +378,12 @@
     <message>
         <source>The lesson has been ended.</source>
         <translation>Die Stunde wurde beendet.</translation>
+    </message>
+    <message>
+        <source>%1 has not answered for %2. It is tried again and again.
+Are both machines in the same network? If they are, ask for a new link.</source>
+        <translation>%1 antwortet seit %2 nicht. Es wird immer wieder versucht.
+Sind beide Geräte im selben Netz? Wenn ja, bitte um einen neuen Link.</translation>
     </message>
 </context>
 <context>
@@ -995,10 +997,6 @@
         <translation>Adresse dieses Rechners</translation>
     </message>
     <message>
-        <source>In Inkboard, choose “Join a lesson”. Then type this, in small or capital letters:</source>
-        <translation>In Inkboard „Einer Stunde beitreten“ wählen. Dann dies eingeben, groß oder klein geschrieben:</translation>
-    </message>
-    <message>
         <source>Or take the link, which the picture holds, too:</source>
         <translation>Oder den Link nehmen, den auch das Bild enthält:</translation>
     </message>
@@ -1033,6 +1031,10 @@
     <message>
         <source>Leave the lesson</source>
         <translation>Die Stunde verlassen</translation>
+    </message>
+    <message>
+        <source>In Inkboard, press F7, or choose “Join a lesson” in the menu ☰ under “Sharing”. Then type this, in small or capital letters:</source>
+        <translation>In Inkboard F7 drücken oder im Menü ☰ unter „Teilen“ „Einer Stunde beitreten“ wählen. Dann dies eingeben, groß oder klein geschrieben:</translation>
     </message>
 </context>
 <context>

@@ -181,9 +181,24 @@ void SharingCommands::showLinks()
 
 void SharingCommands::askForLink()
 {
-    JoinDialog dialog(&m_window, m_name.isEmpty() ? readDrawer().name : m_name);
-    if (dialog.exec() == QDialog::Accepted)
-        emit joinRequested(dialog.link(), dialog.name());
+    JoinDialog dialog(&m_window, readDrawer().name, m_typed);
+    const bool joins = dialog.exec() == QDialog::Accepted;
+    m_typed = dialog.text();
+    if (!joins)
+        return;
+    keepName(dialog.name());
+    emit joinRequested(dialog.link(), dialog.name());
+}
+
+// For the next time. No name is for this lesson alone.
+void SharingCommands::keepName(const QString &name)
+{
+    Drawer drawer = readDrawer();
+    if (name.isEmpty() || name == drawer.name)
+        return;
+    drawer.name = name;
+    keepDrawer(drawer);
+    m_canvas.setDrawer(drawer);
 }
 
 void SharingCommands::joinLesson(const LessonLink &link, const QString &name)
@@ -227,6 +242,7 @@ void SharingCommands::offerToResume(const InkLesson::Sharing &sharing)
 void SharingCommands::began()
 {
     closeProgress();
+    m_typed.clear();
     tellPerson();
     if (m_dialog)
         showLinks();

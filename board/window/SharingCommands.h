@@ -54,6 +54,7 @@ private:
     void openDialog();
     void showLinks();
     void askForLink();
+    void keepName(const QString &name);
     void began();
     void tellPerson();
     void failed(const QString &words);
@@ -76,6 +77,7 @@ private:
     QWidget &m_window;
     DocumentSharing m_sharing;
     QString m_name;     // of the person here, for this lesson
+    QString m_typed;    // to join a lesson, which has not come about yet
     QAction *m_share{}; // owned by the window
     QAction *m_stop{};
     QAction *m_join{};

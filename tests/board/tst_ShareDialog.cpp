@@ -33,6 +33,7 @@ private slots:
     void tellsOfItsProgress();
     void tellsOfAProblem();
     void showsTheLink();
+    void saysWhereToJoin();
     void copiesTheLink();
     void offersEachAddress();
     void staysAtTheAddressThatWasChosen();
@@ -94,6 +95,16 @@ void tst_ShareDialog::showsTheLink()
     QCOMPARE(part<FittedText>("address").accessibleName(), QStringLiteral("192.168.1.5:4640"));
     QCOMPARE(part<FittedText>("groups").accessibleName(), QStringLiteral("0410 6105 0R3G G28A 1C60 T3GF 22K4"));
     QVERIFY(!part<QComboBox>().isVisible()); // there is nothing to choose
+}
+
+// Whoever sits before another board finds the command there.
+void tst_ShareDialog::saysWhereToJoin()
+{
+    m_dialog->setLinks({kFirst});
+    QCOMPARE(part<QLabel>("way").text(),
+             QStringLiteral("In Inkboard, press F7, or choose “Join a lesson” in the menu ☰ under “Sharing”. Then type "
+                            "this, in small or capital letters:"));
+    QVERIFY(part<QLabel>("way").isVisible());
 }
 
 void tst_ShareDialog::copiesTheLink()

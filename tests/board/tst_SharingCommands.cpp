@@ -1,5 +1,6 @@
 #include "Answers.h"
 #include "SharingProbe.h"
+#include "board/invite/JoinDialog.h"
 #include "board/people/PeopleButton.h"
 #include "board/person/NameDialog.h"
 #include "board/person/Settings.h"
@@ -9,6 +10,7 @@
 #include <QtWidgets/QAction>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QLineEdit>
+#include <QtWidgets/QProgressDialog>
 
 #include <algorithm>
 
@@ -42,6 +44,8 @@ private slots:
     void tellsAnotherNameAtOnce();
     void asksBeforeAPageIsClearedForEverybody();
     void saysWhoHasTakenAPageAway();
+    void keepsWhatWasTypedUntilItWasJoined();
+    void keepsTheNameOfWhoJoins();
 
 private:
     QAction *action(const char *name) { return m_window->findChild<QAction *>(QString::fromLatin1(name)); }
@@ -162,6 +166,61 @@ void tst_SharingCommands::saysWhoHasTakenAPageAway()
         other.document.undo();
     QTRY_COMPARE_WITH_TIMEOUT(document.pageCount(), 1, kPatience);
     QTRY_COMPARE_WITH_TIMEOUT(hint.text(), QString("Mia has removed the page."), kPatience);
+}
+
+// Also where a part of it was typed. What has led into a lesson is not offered again.
+void tst_SharingCommands::keepsWhatWasTypedUntilItWasJoined()
+{
+    const auto typed = [this](const QString &text, bool joins) {
+        QString before;
+        QTimer::singleShot(20, qApp, [&] {
+            auto *dialog = qobject_cast<JoinDialog *>(QApplication::activeModalWidget());
+            QVERIFY(dialog);
+            before = dialog->text();
+            QTest::keyClicks(dialog->findChild<QLineEdit *>("link"), text); // in the place of what is there
+            joins ? dialog->accept() : dialog->reject();
+        });
+        action("join")->trigger();
+        return before;
+    };
+    QCOMPARE(typed("127.0.0.1:1 0410", false), QString());
+    QCOMPARE(typed("http://127.0.0.1:1/#nobody", true), QString("127.0.0.1:1 0410"));
+    auto *progress = m_window->findChild<QProgressDialog *>();
+    QVERIFY(progress);
+    const QString asked =
+        "It is tried again and again.\nAre both machines in the same network? If they are, ask for a new link.";
+    QTRY_VERIFY_WITH_TIMEOUT(progress->labelText().endsWith(asked), kPatience);
+    progress->findChild<QPushButton *>()->click();
+    QVERIFY(sharing().isIdle());
+    SharingProbe teacher("Teacher");
+    teacher.share();
+    QCOMPARE(typed(teacher.sharing.link().text(), true), QString("http://127.0.0.1:1/#nobody"));
+    QTRY_VERIFY_WITH_TIMEOUT(m_window->document().isShared(), kPatience);
+    QCOMPARE(typed("", false), QString());
+}
+
+// As a name that is given by F2; it is not shown beside what is drawn for that.
+void tst_SharingCommands::keepsTheNameOfWhoJoins()
+{
+    SharingProbe teacher("Teacher");
+    teacher.share();
+    const auto join = [&](const QString &name) {
+        withDialog<JoinDialog>([&](JoinDialog &dialog) {
+            dialog.findChild<QLineEdit *>("link")->setText(teacher.sharing.link().text());
+            dialog.findChild<QLineEdit *>("name")->setText(name);
+        });
+        action("join")->trigger();
+    };
+    join("Mia");
+    QTRY_VERIFY_WITH_TIMEOUT(m_window->document().isShared(), kPatience);
+    QCOMPARE(readDrawer().name, QString("Mia"));
+    QVERIFY(!readDrawer().isShown);
+    sharing().end();
+    Answers answers({"Discard"});
+    join("");
+    QTRY_VERIFY_WITH_TIMEOUT(m_window->document().isShared(), kPatience);
+    QTRY_COMPARE_WITH_TIMEOUT(teacher.nameOf(m_window->document().author().number()), QString(), kPatience);
+    QCOMPARE(readDrawer().name, QString("Mia"));
 }
 
 QTEST_MAIN(tst_SharingCommands)
