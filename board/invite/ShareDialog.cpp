@@ -18,7 +18,7 @@ namespace Board {
 
 namespace {
 
-constexpr QSize kSize{880, 500};
+constexpr QSize kSize{880, 570};
 constexpr int kGap = 12;
 constexpr int kBusyWidth = 320;
 constexpr int kGroupsInLine = 4;
@@ -93,11 +93,16 @@ QWidget *ShareDialog::makeState()
 QWidget *ShareDialog::makeInvitation()
 {
     auto *invitation = new QWidget(this);
-    auto *row = new QHBoxLayout(invitation);
-    row->setContentsMargins(0, 0, 0, 0);
+    auto *row = new QHBoxLayout;
     row->setSpacing(2 * kGap);
     row->addWidget(m_code, 1);
     row->addLayout(makeWords(), 1);
+    auto *column = new QVBoxLayout(invitation);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(kGap);
+    column->addLayout(row, 1);
+    column->addWidget(makeLabel(tr("Or take the link, which the picture holds, too:"), this));
+    column->addLayout(makeLinkRow());
     return invitation;
 }
 
@@ -122,13 +127,12 @@ QLayout *ShareDialog::makeWords()
     column->addWidget(way);
     column->addWidget(m_address, 1);
     column->addWidget(m_groups, 2);
-    column->addWidget(makeLabel(tr("Or take the link, which the picture holds, too:"), this));
-    column->addLayout(makeLinkRow());
     column->addWidget(m_addressesTitle);
     column->addWidget(m_addresses);
     return column;
 }
 
+// As wide as the window, so that the link is seen whole.
 QLayout *ShareDialog::makeLinkRow()
 {
     m_link->setReadOnly(true);

@@ -1,6 +1,7 @@
 #include "board/invite/FittedText.h"
 #include "board/invite/QrCode.h"
 #include "board/invite/ShareDialog.h"
+#include "board/look/Style.h"
 
 #include "Patience.h"
 
@@ -34,6 +35,7 @@ private slots:
     void tellsOfAProblem();
     void showsTheLink();
     void saysWhereToJoin();
+    void showsTheWholeLink();
     void copiesTheLink();
     void offersEachAddress();
     void staysAtTheAddressThatWasChosen();
@@ -105,6 +107,20 @@ void tst_ShareDialog::saysWhereToJoin()
              QStringLiteral("In Inkboard, press F7, or choose “Join a lesson” in the menu ☰ under “Sharing”. Then type "
                             "this, in small or capital letters:"));
     QVERIFY(part<QLabel>("way").isVisible());
+}
+
+// Also with the longest address of IPv6 that a machine may have.
+void tst_ShareDialog::showsTheWholeLink()
+{
+    m_dialog->setStyleSheet(windowStyle());
+    const LessonLink longest{QUrl(QStringLiteral("http://[2001:1db8:2222:3333:4444:5555:6666:7777]:46400/")),
+                             kFirst.lesson};
+    for (const LessonLink &one : {kFirst, longest}) {
+        m_dialog->setLinks({one});
+        QTRY_COMPARE_WITH_TIMEOUT(part<QLineEdit>().text(), one.text(), kPatience);
+        const QPoint right(part<QLineEdit>().width() - 1, part<QLineEdit>().height() / 2);
+        QTRY_COMPARE_WITH_TIMEOUT(part<QLineEdit>().cursorPositionAt(right), one.text().size(), kPatience);
+    }
 }
 
 void tst_ShareDialog::copiesTheLink()
@@ -207,7 +223,7 @@ void tst_ShareDialog::growsWithItsWindow()
     };
     QTRY_VERIFY_WITH_TIMEOUT(part<QrCode>().width() > 700, kPatience);
     const int large = darkRows();
-    m_dialog->resize(880, 500);
+    m_dialog->resize(880, 570);
     QTRY_VERIFY_WITH_TIMEOUT(part<QrCode>().width() < 500, kPatience);
     const int small = darkRows();
     QVERIFY2(small >= 20 && large >= small * 3 / 2, qPrintable(QStringLiteral("%1 %2").arg(small).arg(large)));
