@@ -16,6 +16,19 @@ namespace {
 
 constexpr const char *kFilter = QT_TRANSLATE_NOOP("Board::FileCommands", "Lessons (*.inkboard)");
 
+QString questionFor(FileCommands::For what)
+{
+    switch (what) {
+    case FileCommands::For::Quitting:
+        return FileCommands::tr("Save the lesson before the board is closed?");
+    case FileCommands::For::Opening:
+        return FileCommands::tr("Save this lesson before another one is opened?");
+    case FileCommands::For::Joining:
+        return FileCommands::tr("Save this lesson before the other one is joined?");
+    }
+    return {};
+}
+
 } // namespace
 
 FileCommands::FileCommands(Document &document, Canvas &canvas, QWidget &window)
@@ -47,12 +60,12 @@ void FileCommands::warn(const QString &title, const QString &problem)
 }
 
 // What the others do until the sharing has ended is saved as well, where the rest is.
-bool FileCommands::letGo()
+bool FileCommands::letGo(For what)
 {
     m_canvas.finish();
     if (m_document.isShared() && !m_sharing.mayEnd())
         return false;
-    if (!letGoOfChanges())
+    if (!letGoOfChanges(what))
         return false;
     const bool isSaved = m_document.isSaved();
     if (m_document.isShared())
@@ -60,12 +73,12 @@ bool FileCommands::letGo()
     return !isSaved || m_document.isSaved() || save();
 }
 
-bool FileCommands::letGoOfChanges()
+bool FileCommands::letGoOfChanges(For what)
 {
     if (m_document.isSaved())
         return true;
     const auto answer =
-        QMessageBox::question(&m_window, tr("The lesson has changed"), tr("Save the lesson before?"),
+        QMessageBox::question(&m_window, tr("The lesson has changed"), questionFor(what),
                               QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel, QMessageBox::Save);
     if (answer == QMessageBox::Discard)
         m_recovery.forget();
@@ -74,7 +87,7 @@ bool FileCommands::letGoOfChanges()
 
 void FileCommands::open()
 {
-    if (!letGo())
+    if (!letGo(For::Opening))
         return;
     const QString fileName = QFileDialog::getOpenFileName(&m_window, tr("Open a lesson"), {}, tr(kFilter));
     if (!fileName.isEmpty())
@@ -108,7 +121,7 @@ void FileCommands::claimFile()
 void FileCommands::recover()
 {
     const QString journal = m_recovery.choose();
-    if (journal.isEmpty() || !letGo())
+    if (journal.isEmpty() || !letGo(For::Opening))
         return;
     m_recovery.open(journal);
     claimFile();

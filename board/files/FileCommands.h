@@ -31,7 +31,8 @@ public:
     bool saveAs();
 
     // Asks what is to become of changes. False when the person wants to go on with them.
-    bool letGo();
+    enum class For { Quitting, Opening, Joining };
+    bool letGo(For what);
 
     // A lesson that others take part in: whether it may be left, and what is done then. Asked, and done, before the
     // document goes.
@@ -51,7 +52,7 @@ signals:
     void wasShared(const InkLesson::Sharing &sharing);
 
 private:
-    bool letGoOfChanges();
+    bool letGoOfChanges(For what);
     bool saveTo(const QString &fileName);
     bool saveElsewhere(const QString &problem);
     void claimFile();

@@ -436,10 +436,6 @@ Sind beide Geräte im selben Netz? Wenn ja, bitte um einen neuen Link.</translat
         <translation>Die Stunde wurde geändert</translation>
     </message>
     <message>
-        <source>Save the lesson before?</source>
-        <translation>Die Stunde vorher speichern?</translation>
-    </message>
-    <message>
         <source>Open a lesson</source>
         <translation>Eine Stunde öffnen</translation>
     </message>
@@ -474,6 +470,18 @@ Sind beide Geräte im selben Netz? Wenn ja, bitte um einen neuen Link.</translat
     <message>
         <source>Save elsewhere…</source>
         <translation>Woanders speichern …</translation>
+    </message>
+    <message>
+        <source>Save the lesson before the board is closed?</source>
+        <translation>Soll die Stunde gespeichert werden, bevor das Programm endet?</translation>
+    </message>
+    <message>
+        <source>Save this lesson before another one is opened?</source>
+        <translation>Soll diese Stunde gespeichert werden, bevor eine andere geöffnet wird?</translation>
+    </message>
+    <message>
+        <source>Save this lesson before the other one is joined?</source>
+        <translation>Soll diese Stunde gespeichert werden, bevor der anderen beigetreten wird?</translation>
     </message>
 </context>
 <context>

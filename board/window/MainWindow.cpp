@@ -149,7 +149,7 @@ void MainWindow::addSharing()
 
 void MainWindow::joinLesson(const LessonLink &link, const QString &name)
 {
-    if (m_files->letGo())
+    if (m_files->letGo(FileCommands::For::Joining))
         m_sharing->joinLesson(link, name);
 }
 
@@ -259,7 +259,7 @@ QString MainWindow::exportPage(const QString &fileName)
 void MainWindow::closeEvent(QCloseEvent *event)
 {
     m_canvas->finish();
-    const bool closes = !m_asks || m_files->letGo();
+    const bool closes = !m_asks || m_files->letGo(FileCommands::For::Quitting);
     if (closes) {
         m_sharing->end();
         m_document.discardJournal();
