@@ -35,7 +35,9 @@ QString windowStyle()
         QToolButton::menu-indicator { image: none; }
 
         QMenu { background: #ffffff; color: #27313d; font-size: 15px; border: 1px solid #c3ccd8; padding: 4px; }
-        QMenu::item { padding: 8px 28px 8px 16px; border-radius: 6px; }
+        QMenu::item { padding: 8px 28px; border-radius: 6px; }
+        QMenu::indicator { width: 14px; height: 14px; left: 8px; }
+        QMenu::indicator:unchecked { width: 12px; height: 12px; border: 1px solid #7d8896; border-radius: 3px; }
         QMenu::item:selected { background: #e3ecfb; }
         QMenu::item:disabled { color: #a9b2be; }
         QMenu::separator { height: 1px; background: #d9dee6; margin: 4px 8px; }

@@ -62,12 +62,11 @@ void SharingCommands::addCommands()
             m_sharing.end();
     });
 
+    m_who = group.add("people", tr("Who is here"), QStringLiteral("F8"));
+    connect(m_who, &QAction::triggered, m_bar.peopleButton(), &QAbstractButton::click);
     m_pointers = group.add("pointers", tr("Pointers of the others"), QStringLiteral("Shift+F8"));
     m_pointers->setCheckable(true);
     connect(m_pointers, &QAction::toggled, this, &SharingCommands::showPointers);
-    const CommandGroup ofButtons(tr("Sharing"), m_window, CommandGroup::Place::Buttons);
-    m_who = ofButtons.add("people", tr("Who is here"), QStringLiteral("F8"));
-    connect(m_who, &QAction::triggered, m_bar.peopleButton(), &QAbstractButton::click);
     connect(m_share, &QAction::changed, this, &SharingCommands::showTips);
     connect(m_who, &QAction::changed, this, &SharingCommands::showTips);
     connect(m_pointers, &QAction::changed, this, &SharingCommands::showTips);
@@ -365,6 +364,7 @@ void SharingCommands::showState()
     using State = DocumentSharing::State;
     const State state = m_sharing.state();
     m_stop->setEnabled(state != State::Off);
+    m_who->setEnabled(state == State::On);
     m_stop->setText(state == State::Off || m_sharing.isOwn() ? tr("Stop sharing") : tr("Leave the lesson"));
     m_bar.setConnection(state == State::Joining ? QString() : m_sharing.words(), m_sharing.isConnected());
     showPeople();

@@ -1,5 +1,6 @@
 #include "Answers.h"
 #include "SharingProbe.h"
+#include "board/commands/CommandMenu.h"
 #include "board/invite/JoinDialog.h"
 #include "board/people/PeopleButton.h"
 #include "board/person/NameDialog.h"
@@ -10,6 +11,7 @@
 #include <QtWidgets/QAction>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QLineEdit>
+#include <QtWidgets/QMenu>
 #include <QtWidgets/QProgressDialog>
 
 #include <algorithm>
@@ -46,6 +48,7 @@ private slots:
     void saysWhoHasTakenAPageAway();
     void keepsWhatWasTypedUntilItWasJoined();
     void keepsTheNameOfWhoJoins();
+    void hasItsCommandsInTheMenu();
 
 private:
     QAction *action(const char *name) { return m_window->findChild<QAction *>(QString::fromLatin1(name)); }
@@ -221,6 +224,38 @@ void tst_SharingCommands::keepsTheNameOfWhoJoins()
     QTRY_VERIFY_WITH_TIMEOUT(m_window->document().isShared(), kPatience);
     QTRY_COMPARE_WITH_TIMEOUT(teacher.nameOf(m_window->document().author().number()), QString(), kPatience);
     QCOMPARE(readDrawer().name, QString("Mia"));
+}
+
+// Who is here can be asked while somebody may be; what is on bears a tick.
+void tst_SharingCommands::hasItsCommandsInTheMenu()
+{
+    auto &menu = *m_window->findChild<CommandMenu *>()->menu();
+    menu.popup({0, 0});
+    const auto menus = menu.findChildren<QMenu *>();
+    const auto found = std::find_if(menus.begin(), menus.end(), [](QMenu *one) { return one->title() == "Sharing"; });
+    QVERIFY(found != menus.end());
+    QMenu &group = **found;
+    QStringList names;
+    for (const QAction *command : group.actions())
+        names.append(command->objectName());
+    QCOMPARE(names, QStringList({"share", "stop-sharing", "join", "people", "pointers"}));
+    QVERIFY(!action("people")->isEnabled());
+    group.popup({0, 0});
+    const auto before = [&](const char *name) { // the title
+        const QRect row = group.actionGeometry(action(name));
+        return group.grab(QRect(row.left(), row.top(), 28, row.height())).toImage();
+    };
+    QVERIFY(action("pointers")->isChecked());
+    const QImage bare = before("join"), ticked = before("pointers");
+    action("pointers")->trigger();
+    const QImage unticked = before("pointers"); // an empty box
+    QVERIFY(ticked != bare);
+    QVERIFY(unticked != bare);
+    QVERIFY(unticked != ticked);
+    group.close();
+    menu.close();
+    share();
+    QVERIFY(action("people")->isEnabled());
 }
 
 QTEST_MAIN(tst_SharingCommands)
