@@ -138,11 +138,14 @@ void tst_Lesson::savesAndOpens()
     trigger("save"); // asks no more
     QVERIFY(document().isSaved());
     drawLine(120);
+    QString question;
     whenAsked<QMessageBox>([&](QMessageBox &box) {
+        question = box.text();
         chooseFile(path("lesson.inkboard"));
         box.button(QMessageBox::Discard)->click();
     });
     trigger("open");
+    QCOMPARE(question, QStringLiteral("Save this lesson before another one is opened?"));
     QVERIFY(hasLine(60) && hasLine(90) && !hasLine(120));
     QVERIFY(m_window->close()); // without asking
 }
