@@ -74,7 +74,8 @@ void Client::hello()
 {
     m_state = State::Greeting;
     m_heard = m_now;
-    m_waiting.clear(); // they come again
+    settleWaiting();
+    m_mustGreet = false;
     forgetSent();
     Hello hello{m_settings.lesson, m_settings.token};
     const std::size_t length = m_reader.length();
@@ -107,6 +108,7 @@ void Client::waitAWhile(qint64 least)
 {
     m_batch.reset();
     m_state = State::Waiting;
+    settleWaiting();
     m_patience = std::max(m_patience, least);
     m_retryAt = m_now + m_patience / 2 + qint64(m_random() % quint32(m_patience / 2 + 1));
     m_patience = std::min(2 * m_patience, kLongWait);
@@ -173,7 +175,6 @@ void Client::take(const Welcome &welcome)
         giveUp();
         return;
     }
-    settleBeside();
     const auto from = std::size_t(welcome.from);
     if (from < m_reader.length()) {
         m_reader.takeBackTo(from);
@@ -211,6 +212,7 @@ void Client::take(const Entries &entries)
     }
     m_waiting.insert(m_waiting.end(), entries.entries.begin(), entries.entries.end());
     takeWaiting();
+    goOn();
 }
 
 // As far as records can be settled.
@@ -235,6 +237,10 @@ void Client::takeWaiting()
             arrived(*entry);
     }
     settle(codes);
+}
+
+void Client::goOn()
+{
     if (std::exchange(m_mustGreet, false)) {
         hello();
         return;
@@ -256,14 +262,16 @@ void Client::wasRead(const QByteArray &code, InkLesson::Lesson::Arriving arrivin
         return;
     m_beside.reset();
     settle({code}, &arriving);
-    if (m_state == State::CatchingUp || m_state == State::Open)
-        takeWaiting();
+    takeWaiting();
+    goOn();
 }
 
-void Client::settleBeside()
+// Of a lesson that is not open any more: nothing is waited for.
+void Client::settleWaiting()
 {
     if (const std::optional<QByteArray> code = std::exchange(m_beside, {}))
         settle({*code});
+    takeWaiting();
 }
 
 // Its contents are whole, or it would not count.
@@ -339,9 +347,8 @@ void Client::take(const Gone &gone)
 {
     m_reason = gone.reason;
     m_host.disconnectFromDoor();
-    if (gone.reason == Reason::NoLesson || gone.reason == Reason::TooMuch)
-        waitAWhile(kLongWait);
-    else
+    waitAWhile(kLongWait);
+    if (gone.reason != Reason::NoLesson && gone.reason != Reason::TooMuch)
         m_state = State::Gone;
 }
 

@@ -121,7 +121,8 @@ private:
     void takeWaiting();
     bool isReadBeside(const RecordEntry &entry, const QByteArray &code);
     void settle(const std::vector<QByteArray> &codes, InkLesson::Lesson::Arriving *first = nullptr);
-    void settleBeside();
+    void settleWaiting();
+    void goOn();
     QByteArray codeOf(const RecordEntry &entry) const;
     void tell(const InkLesson::Lesson::Refusals &refusals);
     bool isMine(int author) const;

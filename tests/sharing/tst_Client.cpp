@@ -270,31 +270,40 @@ TEST_F(ClientTest, whatCannotBeReadBesideIsPassedOver)
     EXPECT_EQ(lesson->settled(), 1U);
 }
 
+// What has come is kept, since the door may never be there again.
 TEST_F(ClientTest, afterACutNothingIsReadBesideAnyMore)
 {
     join();
     hasReader = true;
     tell(Entries{2, {theirs(1, InkLesson::Clear()), theirs(2, InkLesson::Clear())}});
     client.closed(now);
-    tick(now + 200);
-    client.opened(now);
-    EXPECT_EQ(std::get<Hello>(sent.back()).places[0].length, 3U);
-    tell(Welcome{me, 3, 4});
-    EXPECT_EQ(lesson->settled(), 1U);
-    tell(Entries{3, {theirs(2, InkLesson::Clear())}});
     EXPECT_EQ(lesson->settled(), 2U);
-    EXPECT_EQ(client.state(), Client::State::Open);
+    EXPECT_EQ(beside.size(), 1U);
     client.wasRead(beside[0], InkLesson::Lesson::arriving(beside[0]), now);
     EXPECT_EQ(lesson->settled(), 2U);
+    tick(now + 200);
+    client.opened(now);
+    EXPECT_EQ(std::get<Hello>(sent.back()).places[0].length, 4U);
+    tell(Welcome{me, 4, 4});
+    EXPECT_EQ(client.state(), Client::State::Open);
 }
 
-TEST_F(ClientTest, aReadingThatEndsWhileThereIsNoConnectionCounts)
+TEST_F(ClientTest, whatWasReadBesideIsThereWhenTheLessonEnds)
 {
     join();
     hasReader = true;
     tell(Entries{2, {theirs(1, InkLesson::Clear()), theirs(2, InkLesson::Clear())}});
-    client.closed(now);
-    client.wasRead(beside[0], InkLesson::Lesson::arriving(beside[0]), now);
-    EXPECT_EQ(lesson->settled(), 1U);
-    EXPECT_EQ(beside.size(), 1U);
+    tell(Gone{Reason::Ended});
+    EXPECT_EQ(client.state(), Client::State::Gone);
+    EXPECT_EQ(lesson->settled(), 2U);
+}
+
+TEST_F(ClientTest, whatWasReadBesideIsThereWhenTheDoorAsksForAnotherHello)
+{
+    join();
+    hasReader = true;
+    tell(Entries{2, {theirs(1, InkLesson::Clear()), theirs(2, InkLesson::Clear())}});
+    tell(Again());
+    EXPECT_EQ(lesson->settled(), 2U);
+    EXPECT_EQ(std::get<Hello>(sent.back()).places[0].length, 4U);
 }
