@@ -3,6 +3,7 @@
 #include "board/canvas/Canvas.h"
 #include "board/commands/CommandGroup.h"
 #include "board/files/OpeningBar.h"
+#include "board/files/SaveDialog.h"
 
 #include <QtCore/QTimer>
 #include <QtWidgets/QAction>
@@ -135,7 +136,8 @@ bool FileCommands::save()
 bool FileCommands::saveAs()
 {
     const QString fileName =
-        QFileDialog::getSaveFileName(&m_window, tr("Save the lesson"), tr("lesson.inkboard"), tr(kFilter));
+        askWhereToSave(m_window, tr("Save the lesson"),
+                       m_document.fileName().isEmpty() ? tr("lesson.inkboard") : m_document.fileName(), {tr(kFilter)});
     return !fileName.isEmpty() && saveTo(fileName);
 }
 

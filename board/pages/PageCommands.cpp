@@ -2,6 +2,7 @@
 
 #include "board/canvas/Canvas.h"
 #include "board/commands/CommandGroup.h"
+#include "board/files/SaveDialog.h"
 #include "board/pictures/PictureFile.h"
 #include "board/pictures/ScreenGrab.h"
 #include "board/rail/ToolIcon.h"
@@ -152,8 +153,9 @@ QString PageCommands::exportPage(const QString &fileName)
 
 void PageCommands::askForExport()
 {
-    const QString fileName = QFileDialog::getSaveFileName(&m_window, tr("Export the page"), tr("page.png"),
-                                                          tr("Pictures and documents (*.png *.svg *.pdf)"));
+    const QString fileName =
+        askWhereToSave(m_window, tr("Export the page"), tr("page"),
+                       {tr("Pictures (*.png)"), tr("Vector drawings (*.svg)"), tr("Documents (*.pdf)")});
     if (fileName.isEmpty())
         return;
     const QString problem = exportPage(fileName);

@@ -770,14 +770,6 @@ Sind beide Geräte im selben Netz? Wenn ja, bitte um einen neuen Link.</translat
         <translation>Die Seite exportieren</translation>
     </message>
     <message>
-        <source>page.png</source>
-        <translation>seite.png</translation>
-    </message>
-    <message>
-        <source>Pictures and documents (*.png *.svg *.pdf)</source>
-        <translation>Bilder und Dokumente (*.png *.svg *.pdf)</translation>
-    </message>
-    <message>
         <source>The page was not exported</source>
         <translation>Die Seite wurde nicht exportiert</translation>
     </message>
@@ -792,6 +784,22 @@ Sind beide Geräte im selben Netz? Wenn ja, bitte um einen neuen Link.</translat
     <message>
         <source>This desktop gives no picture of the screen.</source>
         <translation>Diese Arbeitsfläche gibt kein Bild des Bildschirms heraus.</translation>
+    </message>
+    <message>
+        <source>page</source>
+        <translation>Seite</translation>
+    </message>
+    <message>
+        <source>Pictures (*.png)</source>
+        <translation>Bilder (*.png)</translation>
+    </message>
+    <message>
+        <source>Vector drawings (*.svg)</source>
+        <translation>Vektorzeichnungen (*.svg)</translation>
+    </message>
+    <message>
+        <source>Documents (*.pdf)</source>
+        <translation>Dokumente (*.pdf)</translation>
     </message>
 </context>
 <context>
@@ -938,6 +946,13 @@ Sind beide Geräte im selben Netz? Wenn ja, bitte um einen neuen Link.</translat
     <message>
         <source>The lesson could not be read to its end</source>
         <translation>Die Stunde war nicht bis zum Ende lesbar</translation>
+    </message>
+</context>
+<context>
+    <name>Board::SaveDialog</name>
+    <message>
+        <source>%1 is there already. Replace it?</source>
+        <translation>%1 gibt es schon. Ersetzen?</translation>
     </message>
 </context>
 <context>
