@@ -39,6 +39,8 @@ void InHand::feed(int code, const QPoint &pt)
 {
     author().feed(code, pt);
     followObject();
+    if (code == PT_UP)
+        makeRoom(); // the frame may have become narrower
 }
 
 void InHand::expectMoves()
@@ -104,9 +106,23 @@ void InHand::followObject()
 void InHand::openEditor(CInkGraph &object)
 {
     m_editor = m_edit(object, &m_canvas);
+    connect(m_editor, &ObjectEditor::edited, this, &InHand::makeRoom);
     followView();
     m_editor->show();
     m_editor->setFocus();
+}
+
+// As the person would make it.
+void InHand::makeRoom()
+{
+    if (!m_editor)
+        return;
+    for (const Gesture &drag : m_editor->makingRoom(m_document.page().rect())) {
+        author().feed(PT_DOWN, drag.front());
+        author().feed(PT_MOVE, drag.back());
+        author().feed(PT_UP, drag.back());
+    }
+    followView();
 }
 
 } // namespace Board

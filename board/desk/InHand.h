@@ -52,6 +52,7 @@ signals:
 private:
     void followObject();
     void openEditor(CInkGraph &object);
+    void makeRoom();
 
     Document &m_document;
     Navigator &m_navigator;

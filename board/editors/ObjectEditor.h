@@ -2,11 +2,13 @@
 
 #include "board/view/View.h"
 
+#include "lesson/objects/Gesture.h"
 #include "lesson/objects/Life.h"
 
 #include <QtWidgets/QWidget>
 
 #include <optional>
+#include <vector>
 
 namespace Board {
 
@@ -32,8 +34,15 @@ public:
     // The object was pressed where that lets it go.
     virtual bool isLeft() const = 0;
 
+    // Drags of the handles that make room on the page for what was entered.
+    virtual std::vector<InkLesson::Gesture> makingRoom(const QRect &page) const = 0;
+
     // What was entered, if anything. The editor is then hidden and deleted.
     virtual std::optional<InkLesson::Act> entered() = 0;
+
+signals:
+    // It may need another room.
+    void edited();
 };
 
 } // namespace Board

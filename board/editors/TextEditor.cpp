@@ -2,6 +2,7 @@
 
 #include "CInkText.h"
 
+#include <QtCore/QtMath>
 #include <QtGui/QAbstractTextDocumentLayout>
 #include <QtGui/QPainter>
 #include <QtGui/QTextDocument>
@@ -39,6 +40,7 @@ TextEditor::TextEditor(CInkText &text, QWidget *parent)
     m_edit->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     m_edit->document()->setDocumentMargin(0);
     setFocusProxy(m_edit);
+    connect(m_edit, &QTextEdit::textChanged, this, &TextEditor::edited);
     makeBar();
     showStyle();
     m_bar->show();
@@ -68,7 +70,10 @@ void TextEditor::makeBar()
     row->setContentsMargins(8, 4, 8, 4);
     row->addWidget(m_sample);
     row->addWidget(m_size);
-    connect(m_size, QOverload<int>::of(&QSpinBox::valueChanged), this, &TextEditor::showStyle);
+    connect(m_size, QOverload<int>::of(&QSpinBox::valueChanged), this, [this] {
+        showStyle();
+        emit edited();
+    });
     connect(m_size, &QSpinBox::editingFinished, m_edit, QOverload<>::of(&QWidget::setFocus));
 }
 
@@ -129,19 +134,49 @@ std::optional<InkLesson::Act> TextEditor::entered()
     return InkLesson::TextAct{text, InkLesson::exactImage(rendered())};
 }
 
-QImage TextEditor::rendered() const
+// As it will be painted. The editor itself may break lines elsewhere while the page is zoomed.
+void TextEditor::layOut(QTextDocument &document) const
 {
     m_edit->ensurePolished(); // or the font is not yet that of the style
-    QTextDocument document;
     document.setDocumentMargin(0);
     QFont font = m_edit->font();
     font.setPixelSize(qRound(m_size->value() * m_view.density()));
     document.setDefaultFont(font);
     document.setDefaultTextOption(m_edit->document()->defaultTextOption());
     document.setPlainText(m_edit->toPlainText());
-    const QSize size = m_text.m_rcImage.size() - QSize(2 * kInset, 2 * kInset);
-    document.setTextWidth(size.width());
+    document.setTextWidth(m_text.m_rcImage.width() - 2 * kInset);
+}
 
+// Of the image with its inset, in page pixels.
+int TextEditor::neededHeight() const
+{
+    QTextDocument document;
+    layOut(document);
+    const double typed = m_edit->document()->size().height() * m_view.ratio() / m_view.scale();
+    return qCeil(std::max(document.size().height(), typed)) + 2 * kInset;
+}
+
+// Its corner is dragged down. Before that, where the page ends, its tab is dragged up.
+std::vector<InkLesson::Gesture> TextEditor::makingRoom(const QRect &page) const
+{
+    const QRect &frame = m_text.m_rcHot;
+    const int by = std::min(neededHeight() - m_text.m_rcImage.height(), page.height() - frame.height());
+    if (by <= 0)
+        return {};
+    const QPoint up(0, -std::clamp(frame.bottom() + by - page.bottom(), 0, std::max(frame.top() - page.top(), 0)));
+    const QPoint tab = m_text.m_rcMoveTab.center();
+    const QPoint corner = m_text.m_rcStretchCorner.center() + up;
+    const InkLesson::Gesture growing{corner, frame.bottomRight() + up + QPoint(0, by)};
+    if (up.isNull())
+        return {growing};
+    return {{tab, tab + up}, growing};
+}
+
+QImage TextEditor::rendered() const
+{
+    QTextDocument document;
+    layOut(document);
+    const QSize size = m_text.m_rcImage.size() - QSize(2 * kInset, 2 * kInset);
     QImage image(size.expandedTo({1, 1}), QImage::Format_ARGB32_Premultiplied);
     image.fill(Qt::transparent);
     QPainter painter(&image);

@@ -8,11 +8,13 @@ class CInkText;
 class QFrame;
 class QLabel;
 class QSpinBox;
+class QTextDocument;
 class QTextEdit;
 
 namespace Board {
 
-// Types the text of a frame, wrapped and placed as it will be painted. A bar beside the frame sets its size.
+// Types the text of a frame, wrapped and placed as it will be painted. A bar beside the frame sets its size. The frame
+// grows with the text, at most to the height of the page.
 class TextEditor : public ObjectEditor
 {
     Q_OBJECT
@@ -24,6 +26,7 @@ public:
     void setColor(const QColor &color) override;
     void follow(const View &view) override;
     bool isLeft() const override;
+    std::vector<InkLesson::Gesture> makingRoom(const QRect &page) const override;
     std::optional<InkLesson::Act> entered() override;
 
 protected:
@@ -33,6 +36,8 @@ private:
     void makeBar();
     void placeBar(const QRect &frame);
     void showStyle();
+    void layOut(QTextDocument &document) const;
+    int neededHeight() const;
     QImage rendered() const;
 
     CInkText &m_text;

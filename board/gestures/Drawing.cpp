@@ -19,6 +19,7 @@ namespace {
 
 constexpr int kScatterInterval = 16; // milliseconds, about sixty times a second
 constexpr double kSnapAngle = 15.0;  // degrees
+constexpr int kTapReach = 6;         // pixels of a plain screen that a tap may slip
 
 // The line from the press turns to the nearest multiple of 15 degrees, or its box becomes a square.
 QPoint snappedTo(Snap snap, const QPoint &from, const QPoint &to)
@@ -104,7 +105,30 @@ void Drawing::scatter()
 
 void Drawing::release(const PointerSpot &at)
 {
-    end(snapped(at));
+    if (isTapForBox(at.pt))
+        drawTapped();
+    else
+        end(snapped(at));
+}
+
+bool Drawing::isTapForBox(const QPoint &pt) const
+{
+    const Hand *hand = m_desk.inHand.hand();
+    return !m_tool.tapSize.isEmpty() && hand && hand->isForming() &&
+           (pt - m_press).manhattanLength() <= kTapReach * m_desk.document.density();
+}
+
+// Anew, since the box begins elsewhere where what is seen of the page has too little room beside the press.
+void Drawing::drawTapped()
+{
+    const QRect seen = m_desk.view().seen();
+    const QSize size = m_tool.tapSize * m_desk.document.density();
+    const QPoint corner(std::max(std::min(m_press.x(), seen.right() - size.width()), seen.left()),
+                        std::max(std::min(m_press.y(), seen.bottom() - size.height()), seen.top()));
+    m_desk.inHand.author().discard();
+    takeObject();
+    m_desk.inHand.feed(PT_DOWN, corner);
+    end(corner + QPoint(size.width(), size.height()));
 }
 
 void Drawing::end(const QPoint &pt)

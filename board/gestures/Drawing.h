@@ -30,6 +30,8 @@ private:
     void scatter();
     void end(const QPoint &pt);
     QPoint snapped(const PointerSpot &at) const;
+    bool isTapForBox(const QPoint &pt) const;
+    void drawTapped();
 
     Desk &m_desk;
     const Tool &m_tool;

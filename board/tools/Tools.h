@@ -3,6 +3,7 @@
 #include "lesson/objects/Gesture.h"
 #include "lesson/objects/Tools.h"
 
+#include <QtCore/QSize>
 #include <QtCore/QString>
 #include <QtCore/QtGlobal>
 #include <QtGui/QColor>
@@ -61,6 +62,7 @@ struct Tool
     const char *usage{QT_TRANSLATE_NOOP("Board::Tool", "drag on the page to draw")};
     void (*paintIcon)(QPainter &painter, const QColor &color){}; // for a tool that no sample can show
     ObjectEditor *(*edit)(CInkGraph &object, QWidget *parent){}; // for an object of which handles change a part only
+    QSize tapSize{}; // pixels of a plain screen; of the box that a tap draws, where a tap draws one
     Snap snap{Snap::None};
     Use use{Use::Draws};
     const InkLesson::Tool *kind{}; // of object that it draws, of the same name; null for a tool that draws none

@@ -145,9 +145,10 @@ Tool select()
 Tool text()
 {
     Tool row = tool("text", QT_TRANSLATE_NOOP("Board::Tool", "Text"), "Shift+A", paintLetter);
-    row.usage = QT_TRANSLATE_NOOP("Board::Tool", "drag a frame on the page to write in");
+    row.usage = QT_TRANSLATE_NOOP("Board::Tool", "press where to write, or drag a frame");
     row.group = kPlaced;
     row.edit = editText;
+    row.tapSize = {300, 80};
     return row;
 }
 

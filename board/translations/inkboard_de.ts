@@ -645,6 +645,10 @@ Sind beide Geräte im selben Netz? Wenn ja, bitte um einen neuen Link.</translat
         <source>My name…</source>
         <translation>Mein Name …</translation>
     </message>
+    <message>
+        <source>Type the text. A press beside it or %1 lets it go.</source>
+        <translation>Den Text tippen. Ein Druck daneben oder %1 lässt ihn los.</translation>
+    </message>
 </context>
 <context>
     <name>Board::NameDialog</name>
@@ -1404,10 +1408,6 @@ Sind beide Geräte im selben Netz? Wenn ja, bitte um einen neuen Link.</translat
         <translation>Text</translation>
     </message>
     <message>
-        <source>drag a frame on the page to write in</source>
-        <translation>einen Rahmen zum Schreiben auf der Seite ziehen</translation>
-    </message>
-    <message>
         <source>Lines and shapes</source>
         <translation>Linien und Formen</translation>
     </message>
@@ -1526,6 +1526,10 @@ Sind beide Geräte im selben Netz? Wenn ja, bitte um einen neuen Link.</translat
     <message>
         <source>Thought cloud</source>
         <translation>Gedankenwolke</translation>
+    </message>
+    <message>
+        <source>press where to write, or drag a frame</source>
+        <translation>drücken, wo geschrieben wird, oder einen Rahmen ziehen</translation>
     </message>
 </context>
 <context>

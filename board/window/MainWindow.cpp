@@ -245,10 +245,16 @@ void MainWindow::showState()
     m_dash->setVisible(hand && hand->tool ? hand->tool->takesDash : m_tool->takesDash());
     if (m_saying->isActive())
         return;
-    const bool edited = hand && !hand->isForming();
-    m_hint->setText(edited ? tr("Drag a handle to change the object. Enter lets it go, %1 deletes it.")
-                                 .arg(keysText(*command("delete")))
-                           : tr("%1: %2.").arg(toolTitle(*m_tool), toolUsage(*m_tool)));
+    m_hint->setText(hintFor(hand));
+}
+
+QString MainWindow::hintFor(const InkLesson::Hand *hand) const
+{
+    if (!hand || hand->isForming())
+        return tr("%1: %2.").arg(toolTitle(*m_tool), toolUsage(*m_tool));
+    if (hand->tool && hand->tool->takesText)
+        return tr("Type the text. A press beside it or %1 lets it go.").arg(keysText(*command("finish")));
+    return tr("Drag a handle to change the object. Enter lets it go, %1 deletes it.").arg(keysText(*command("delete")));
 }
 
 QString MainWindow::exportPage(const QString &fileName)

@@ -330,6 +330,9 @@ void tst_MainWindow::saysWhatCanBeDone()
     QCOMPARE(hint->text(), QStringLiteral("Rectangle: drag on the page to draw."));
     drag(QPoint(100, 100), QPoint(200, 160));
     QCOMPARE(hint->text(), QStringLiteral("Drag a handle to change the object. Enter lets it go, Del deletes it."));
+    m_window->chooseTool(*findTool(QStringLiteral("text")));
+    drag(QPoint(100, 100), QPoint(400, 300));
+    QCOMPARE(hint->text(), QStringLiteral("Type the text. A press beside it or Esc lets it go."));
 }
 
 void tst_MainWindow::everythingHasAKeyAndAName()

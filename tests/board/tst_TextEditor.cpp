@@ -40,9 +40,16 @@ private slots:
     void forgetsEmptyText();
     void enterInTheSizeBoxKeepsTheEditor();
     void deletesTextWithItsEditor();
+    void growsWithItsText();
+    void movesUpWhereThePageEnds();
+    void growsNoHigherThanThePage();
+    void growsWhenItIsMadeNarrower();
+    void opensAFrameOnATap_data();
+    void opensAFrameOnATap();
 
 private:
     TextEditor *textEditor();
+    void typeLines(int count); // of one letter each
     void type(const char *text) { QTest::keyClicks(textEditor()->findChild<QTextEdit *>(), QString::fromUtf8(text)); }
 };
 
@@ -51,6 +58,15 @@ TextEditor *tst_TextEditor::textEditor()
 {
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     return m_canvas->findChild<TextEditor *>();
+}
+
+void tst_TextEditor::typeLines(int count)
+{
+    type("H");
+    for (int i = 1; i < count; ++i) {
+        QTest::keyClick(textEditor()->findChild<QTextEdit *>(), Qt::Key_Return);
+        type("H");
+    }
 }
 
 // The frame (50,60)-(250,200) has 16 rows for its corner below the text, which begins 5 pixels inside.
@@ -164,6 +180,87 @@ void tst_TextEditor::deletesTextWithItsEditor()
     QVERIFY(!canUndo());
     QCOMPARE(m_canvas->page().surface(), blankPaper(kSize));
     QVERIFY(m_canvas->hasFocus());
+}
+
+// One line fits into 95 pixels, six lines of at least 24 do not.
+void tst_TextEditor::growsWithItsText()
+{
+    choose("text");
+    drag({50, 60}, {250, 180});
+    QCOMPARE(textEditor()->geometry(), QRect(50, 60, 201, 105));
+    type("H");
+    QCOMPARE(textEditor()->geometry(), QRect(50, 60, 201, 105));
+    QTest::keyClick(textEditor()->findChild<QTextEdit *>(), Qt::Key_Return);
+    typeLines(5);
+    const QRect grown = textEditor()->geometry();
+    QCOMPARE(grown.topLeft(), QPoint(50, 60));
+    QCOMPARE(grown.width(), 201);
+    QVERIFY2(grown.height() >= 6 * 24 + 10 && grown.height() <= 6 * 34 + 10,
+             qPrintable(QString::number(grown.height())));
+    m_canvas->finish();
+    const QRect ink = inkBounds(m_canvas->page().picture());
+    QVERIFY2(ink.height() > 5 * 24, qPrintable(QString::number(ink.height())));
+    m_canvas->undo(); // one step with all of it
+    QVERIFY(!canUndo());
+}
+
+void tst_TextEditor::movesUpWhereThePageEnds()
+{
+    choose("text");
+    drag({50, 170}, {250, 290});
+    typeLines(6);
+    const QRect grown = textEditor()->geometry();
+    QCOMPARE(grown.bottom(), 299 - 16); // the page's last row, and the corner's
+    QVERIFY2(grown.top() < 299 - 16 - 6 * 24, qPrintable(QString::number(grown.top())));
+    m_canvas->finish();
+    QVERIFY(inkBounds(m_canvas->page().picture()).height() > 5 * 24);
+}
+
+void tst_TextEditor::growsNoHigherThanThePage()
+{
+    choose("text");
+    drag({50, 60}, {250, 180});
+    typeLines(30);
+    QCOMPARE(textEditor()->geometry(), QRect(50, 0, 201, 284));
+}
+
+void tst_TextEditor::growsWhenItIsMadeNarrower()
+{
+    choose("text");
+    drag({50, 60}, {350, 180});
+    type("WWWW WWWW WWWW WWWW");
+    QCOMPARE(textEditor()->geometry(), QRect(50, 60, 301, 105));
+    drag({340, 170}, {140, 180});
+    QCOMPARE(textEditor()->geometry().width(), 91);
+    QVERIFY(textEditor()->geometry().height() > 105);
+}
+
+void tst_TextEditor::opensAFrameOnATap_data()
+{
+    QTest::addColumn<QPoint>("press");
+    QTest::addColumn<QPoint>("release");
+    QTest::addColumn<QRect>("frame"); // with the 16 rows for the corner below the text
+
+    QTest::newRow("amid") << QPoint(20, 120) << QPoint(20, 120) << QRect(20, 120, 301, 81 - 16);
+    QTest::newRow("slips") << QPoint(20, 120) << QPoint(23, 123) << QRect(20, 120, 301, 81 - 16);
+    QTest::newRow("at the right") << QPoint(390, 120) << QPoint(390, 120) << QRect(99, 120, 301, 81 - 16);
+    QTest::newRow("at the bottom") << QPoint(20, 290) << QPoint(20, 290) << QRect(20, 219, 301, 81 - 16);
+    QTest::newRow("a small drag") << QPoint(20, 120) << QPoint(24, 123) << QRect();
+}
+
+void tst_TextEditor::opensAFrameOnATap()
+{
+    QFETCH(QPoint, press);
+    QFETCH(QPoint, release);
+    QFETCH(QRect, frame);
+    choose("text");
+    mouse(QEvent::MouseButtonPress, press);
+    mouse(QEvent::MouseButtonRelease, release);
+    QVERIFY(textEditor());
+    if (frame.isNull())
+        QVERIFY(textEditor()->geometry().width() < 200);
+    else
+        QCOMPARE(textEditor()->geometry(), frame);
 }
 
 QTEST_MAIN(tst_TextEditor)
