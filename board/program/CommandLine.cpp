@@ -163,7 +163,8 @@ QString Reader::readWindow(CommandLine &line) const
     line.exportFile = m_parser.value(m_export);
     if (m_parser.isSet(m_export) && line.exportFile.isEmpty())
         return tr("--export: the file name is missing");
-    if (!line.pageSize.isValid())
+    line.hasSize = line.pageSize.isValid();
+    if (!line.hasSize)
         line.pageSize = kFirstPage;
     return {};
 }

@@ -24,6 +24,7 @@ struct CommandLine
     SharingOrder share;             // for HoldLesson
     const Tool *tool{};             // first tool of the window
     QSize pageSize;                 // first size of the page in the window
+    bool hasSize{};                 // that was asked for
     QString lessonFile;             // opened in the window; may be empty
     std::optional<LessonLink> link; // to the lesson that is joined in the window
     QString exportFile;             // written when the window is closed; may be empty

@@ -5,6 +5,7 @@
 #include "board/program/Translation.h"
 #include "board/window/MainWindow.h"
 #include "board/window/SharingCommands.h"
+#include "board/window/WindowPlace.h"
 
 #include <QtCore/QFile>
 #include <QtCore/QLocale>
@@ -58,7 +59,11 @@ int showWindow(const CommandLine &line)
     window.setAsksBeforeClosing(line.exportFile.isEmpty());
     window.sharing().sharing().setFolder(folder);
     window.chooseTool(*line.tool);
-    window.show();
+    const bool hasPlace = !line.hasSize && line.exportFile.isEmpty();
+    if (hasPlace)
+        showAtItsPlace(window);
+    else
+        showWhole(window);
     // The window is seen before a lesson is read.
     QTimer::singleShot(0, &window, [&] {
         if (line.exportFile.isEmpty()) // or a script runs it
@@ -69,6 +74,8 @@ int showWindow(const CommandLine &line)
             window.joinLesson(*line.link, readDrawer().name);
     });
     QApplication::exec();
+    if (hasPlace)
+        keepPlace(window);
     return ended(line.exportFile.isEmpty() ? QString() : window.exportPage(line.exportFile));
 }
 
