@@ -3,6 +3,7 @@
 #include "board/commands/CommandGroup.h"
 #include "board/commands/Shortcuts.h"
 
+#include <QtGui/QScreen>
 #include <QtWidgets/QAction>
 #include <QtWidgets/QDialogButtonBox>
 #include <QtWidgets/QHBoxLayout>
@@ -19,6 +20,7 @@ namespace Board {
 namespace {
 
 constexpr QSize kSize{560, 620};
+constexpr QSize kFrame{16, 48}; // that desktops draw around a dialog, at most
 constexpr int kKeysWidth = 160;
 constexpr int kIcon = 24;
 
@@ -64,7 +66,7 @@ ShortcutDialog::ShortcutDialog(QWidget &window)
     connect(m_search, &QLineEdit::textChanged, this, &ShortcutDialog::filter);
     connect(m_list, &QTreeWidget::currentItemChanged, this, &ShortcutDialog::edit);
     connect(m_list, &QTreeWidget::itemActivated, m_keys, QOverload<>::of(&QWidget::setFocus));
-    resize(kSize);
+    resize(kSize.boundedTo(window.screen()->availableSize() - kFrame));
     edit();
 }
 

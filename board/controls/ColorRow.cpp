@@ -102,6 +102,7 @@ ColorRow::ColorRow(QWidget *parent)
     : QWidget(parent)
     , m_group(new QButtonGroup(this))
     , m_keys(new ArrowKeys(this))
+    , m_recentPart(new QWidget(this))
     , m_color(kColors[0].color)
 {
     auto *row = new QHBoxLayout(this);
@@ -123,10 +124,11 @@ ColorRow::ColorRow(QWidget *parent)
     m_group->buttons().constFirst()->setChecked(true);
     m_custom = addLarge(QColor(), tr("Another colour…"));
     connect(m_custom, &ColorSwatch::clicked, this, &ColorRow::askForColor);
-    auto *grid = new QGridLayout;
+    auto *grid = new QGridLayout(m_recentPart);
+    grid->setContentsMargins(0, 0, 0, 0);
     grid->setSpacing(0);
     addRecent(*grid);
-    row->addLayout(grid);
+    row->addWidget(m_recentPart);
 }
 
 ColorSwatch *ColorRow::add(const QString &name, const QString &title, const QString &keys, ColorSwatch::Size size)

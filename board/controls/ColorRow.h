@@ -46,6 +46,9 @@ public:
 
     QColor color() const { return m_color; }
 
+    // The part with the colours that were chosen last.
+    QWidget *recent() const { return m_recentPart; }
+
     // Takes a colour that need not be in the row.
     void setCustomColor(const QColor &color);
 
@@ -63,6 +66,7 @@ private:
     QButtonGroup *m_group; // all owned by this widget
     ArrowKeys *m_keys;
     ColorSwatch *m_custom;
+    QWidget *m_recentPart;
     QList<ColorSwatch *> m_recent; // hidden where there were not that many yet
     QColor m_color;
 };

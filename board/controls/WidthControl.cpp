@@ -16,7 +16,7 @@ constexpr int kMaxInkWidth = 40;
 constexpr int kFirstInkWidth = 4;
 constexpr int kPreviewSide = kMaxInkWidth + 4;
 constexpr int kSliderHeight = 32;
-constexpr int kMinSliderWidth = 70;
+constexpr int kMinSliderWidth = 60;
 constexpr int kMaxSliderWidth = 150;
 
 } // namespace
@@ -99,6 +99,16 @@ int WidthControl::inkWidth() const
 void WidthControl::setInkWidth(int width)
 {
     m_slider->setValue(width);
+}
+
+QWidget *WidthControl::number() const
+{
+    return m_text;
+}
+
+QWidget *WidthControl::preview() const
+{
+    return m_preview;
 }
 
 void WidthControl::setColor(const QColor &color)

@@ -40,6 +40,10 @@ public:
     void setInkWidth(int width); // kept within 1 to 40
     void setColor(const QColor &color);
 
+    // What can be missed beside the slider.
+    QWidget *number() const;
+    QWidget *preview() const;
+
 signals:
     void picked(int width);
 

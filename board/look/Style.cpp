@@ -17,7 +17,7 @@ QString windowStyle()
         #hint QComboBox::drop-down { border: none; width: 20px; }
         #hint QComboBox:focus { border-color: #2563c9; }
         #hint QComboBox QAbstractItemView { background: #ffffff; selection-background-color: #e3ecfb; }
-        #hint { background: #ffffff; border-top: 1px solid #d9dee6; padding-left: 16px; }
+        #hint { background: #ffffff; border-top: 1px solid #d9dee6; }
 
         QToolButton {
             color: #27313d; background: transparent;

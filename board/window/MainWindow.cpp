@@ -20,6 +20,8 @@
 #include "board/person/NameDialog.h"
 #include "board/rail/ToolRail.h"
 #include "board/screen/ScreenInk.h"
+#include "board/window/Bar.h"
+#include "board/window/HintLine.h"
 #include "board/window/SharingCommands.h"
 
 #include "lesson/paper/PageSize.h"
@@ -45,8 +47,8 @@ constexpr int kSaid = 8000; // milliseconds that words stay
 QWidget *makeDivider(QWidget *parent)
 {
     auto *divider = new QFrame(parent);
-    divider->setFixedSize(1, kBarHeight / 2);
-    divider->setStyleSheet(QStringLiteral("background: #d9dee6;"));
+    divider->setFixedSize(1 + 2 * kGap, kBarHeight / 2);
+    divider->setStyleSheet(QStringLiteral("background: #d9dee6; margin: 0 %1px;").arg(kGap));
     return divider;
 }
 
@@ -71,7 +73,7 @@ MainWindow::MainWindow(const QSize &plainSize)
     , m_width(new WidthControl(this))
     , m_dash(new DashControl(this))
     , m_option(new OptionControl(this))
-    , m_hint(new QLabel(this))
+    , m_hint(new HintLine(this))
     , m_saying(new QTimer(this))
     , m_people(new PeopleBar(this))
     , m_tool(&tools().front())
@@ -166,32 +168,34 @@ QAction *MainWindow::command(const char *name) const
 
 QWidget *MainWindow::makeBar(QWidget *parent)
 {
-    auto *bar = new QFrame(parent);
+    auto *bar = new Bar(parent);
     bar->setObjectName(QStringLiteral("bar"));
     bar->setFixedHeight(kBarHeight);
-    auto *row = new QHBoxLayout(bar);
-    row->setContentsMargins(14, 0, 10, 0);
-    row->setSpacing(4);
-    row->addWidget(m_colors);
-    row->addSpacing(kGap);
-    row->addWidget(makeDivider(bar));
-    row->addSpacing(kGap);
-    row->addWidget(m_width);
-    row->addStretch(1);
+    QHBoxLayout &row = bar->row();
+    row.setContentsMargins(14, 0, 10, 0);
+    row.setSpacing(4);
+    row.addWidget(m_colors);
+    QWidget *divider = makeDivider(bar);
+    row.addWidget(divider);
+    row.addWidget(m_width);
+    row.addStretch(1);
     QToolButton *share = m_people->shareButton(); // its picture says enough: there is no room to spare
     share->setToolButtonStyle(Qt::ToolButtonIconOnly);
     share->setProperty("sign", true);
-    row->addWidget(share);
+    row.addWidget(share);
+    QToolButton *button = nullptr;
     for (const char *name : {"undo", "redo", "clear"}) {
-        auto *button = new QToolButton(bar);
+        button = new QToolButton(bar);
         button->setDefaultAction(command(name));
         button->setToolButtonStyle(Qt::ToolButtonTextOnly);
         button->setFocusPolicy(Qt::TabFocus);
         button->setAccessibleName(command(name)->text());
         button->setProperty("sign", button->text().size() == 1); // for the style sheet
-        row->addWidget(button);
+        row.addWidget(button);
     }
-    row->addWidget(new CommandMenu(*this, bar));
+    row.addWidget(new CommandMenu(*this, bar));
+    // The menu has what these buttons do.
+    bar->setSpare({m_colors->recent(), m_width->number(), button, m_width->preview(), divider, share});
     return bar;
 }
 

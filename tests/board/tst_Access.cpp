@@ -124,6 +124,8 @@ void tst_Access::namesAllControlsOfTheDialogs()
 // Each part of the window once, from the upper left to the lower right.
 void tst_Access::goesThroughTheWindowByTab()
 {
+    m_window->resize(1024, 600); // where nothing leaves the bar
+    QCoreApplication::processEvents();
     command("line").trigger();
     m_window->canvas().setFocus();
     QStringList names;

@@ -8,6 +8,7 @@
 #include "board/window/MainWindow.h"
 
 #include <QtCore/QTemporaryDir>
+#include <QtGui/QScreen>
 #include <QtTest/QtTest>
 #include <QtWidgets/QAbstractButton>
 #include <QtWidgets/QAction>
@@ -53,6 +54,7 @@ private slots:
     void givesStandardKeysBack();
     void givesAllStandardKeysBack();
     void searches();
+    void fitsOnASmallScreen();
 
 private:
     void newWindow()
@@ -354,6 +356,16 @@ void tst_Shortcuts::searches()
     // Qt leaks what fades the field's button unless that has come to its end.
     QTRY_COMPARE_WITH_TIMEOUT(fading->property("opacity").toReal(), 0.0, kPatience);
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+}
+
+// Of 800 by 600 pixels, with a frame around it; and of 640 by 400.
+void tst_Shortcuts::fitsOnASmallScreen()
+{
+    newWindow();
+    ShortcutDialog dialog(*m_window);
+    QCOMPARE(dialog.screen()->availableSize(), QSize(800, 600));
+    QCOMPARE(dialog.size(), QSize(560, 552));
+    QVERIFY2(dialog.minimumSizeHint().height() <= 352, qPrintable(QString::number(dialog.minimumSizeHint().height())));
 }
 
 QTEST_MAIN(tst_Shortcuts)

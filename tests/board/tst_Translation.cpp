@@ -1,8 +1,10 @@
 #include "board/commands/ShortcutDialog.h"
 #include "board/commands/Shortcuts.h"
 #include "board/controls/ColorRow.h"
+#include "board/controls/WidthControl.h"
 #include "board/program/Translation.h"
 #include "board/tools/Tools.h"
+#include "board/window/HintLine.h"
 #include "board/window/MainWindow.h"
 
 #include <QtCore/QSettings>
@@ -10,6 +12,7 @@
 #include <QtCore/QTranslator>
 #include <QtTest/QtTest>
 #include <QtWidgets/QAction>
+#include <QtWidgets/QToolButton>
 
 using namespace Board;
 
@@ -28,6 +31,8 @@ private slots:
     void keepsKeysAndTellsCommandsApart();
     void fitsASmallProjector_data();
     void fitsASmallProjector();
+    void keepsWhatMattersInANarrowWindow();
+    void cutsWordsThatReachTheControls();
 
 private:
     static QString title(const char *tool) { return toolTitle(*findTool(QString::fromLatin1(tool))); }
@@ -96,7 +101,7 @@ void tst_Translation::fitsASmallProjector_data()
     QTest::newRow("de") << QLocale(QLocale::German);
 }
 
-// Of 1024 by 768 pixels, also with all recent colours.
+// Also of 1280 by 800 pixels at twice their size, and with all recent colours.
 void tst_Translation::fitsASmallProjector()
 {
     QFETCH(QLocale, locale);
@@ -106,8 +111,58 @@ void tst_Translation::fitsASmallProjector()
         window.findChild<ColorRow *>()->setCustomColor(QColor(0, 0, blue));
     window.show();
     const QSize least = window.minimumSizeHint();
-    QVERIFY2(least.width() <= 1024 && least.height() <= 768, qPrintable(QString::number(least.width())));
-    QVERIFY2(least.width() > 800, qPrintable(QString::number(least.width()))); // it was laid out
+    QVERIFY2(least.width() <= 640, qPrintable(QString::number(least.width())));
+    QVERIFY2(least.height() <= 400, qPrintable(QString::number(least.height())));
+    QVERIFY2(least.width() > 500, qPrintable(QString::number(least.width()))); // it was laid out
+}
+
+// On one of 800 by 600 pixels, and on that other one, the parts of the bar that can be missed leave it, one after the
+// other, and come back where there is room.
+void tst_Translation::keepsWhatMattersInANarrowWindow()
+{
+    translateInto(QLocale(QLocale::German), *qApp);
+    MainWindow window(QSize(1280, 800));
+    window.findChild<ColorRow *>()->setCustomColor(QColor(0, 0, 1));
+    window.show();
+    const auto *recent = window.findChild<ColorRow *>()->recent();
+    const auto *text = window.findChild<WidthControl *>()->number();
+    const auto *preview = window.findChild<WidthControl *>()->preview();
+    const auto *share = window.findChild<QToolButton *>(QStringLiteral("share"));
+    const auto *menu = window.findChild<QToolButton *>(QStringLiteral("menu"));
+    const auto *zoom = window.findChild<QToolButton *>(QStringLiteral("zoom"));
+    const QWidget *clear = window.findChild<QAction *>(QStringLiteral("clear"))->associatedWidgets().constLast();
+    struct
+    {
+        QSize size;
+        QList<bool> seen;
+    } const cases[] = {{{1280, 800}, {true, true, true, true, true}},
+                       {{800, 600}, {false, false, true, false, true}},
+                       {{640, 400}, {false, false, false, false, false}},
+                       {{1280, 800}, {true, true, true, true, true}}};
+    for (const auto &[size, seen] : cases) {
+        window.resize(size);
+        QCOMPARE(window.size(), size);
+        QCoreApplication::processEvents();
+        QCOMPARE((QList<bool>{recent->isVisible(), text->isVisible(), preview->isVisible(), clear->isVisible(),
+                              share->isVisible()}),
+                 seen);
+        for (const QWidget *part : {static_cast<const QWidget *>(menu), static_cast<const QWidget *>(zoom)})
+            QVERIFY(window.rect().contains(QRect(part->mapTo(&window, QPoint()), part->size())));
+    }
+}
+
+void tst_Translation::cutsWordsThatReachTheControls()
+{
+    MainWindow window(QSize(1280, 800));
+    window.resize(640, 400);
+    window.show();
+    auto *hint = window.findChild<HintLine *>();
+    hint->setText(QStringLiteral("short"));
+    QCOMPARE(hint->shown(), QStringLiteral("short"));
+    hint->setText(QString(200, QLatin1Char('m')));
+    QVERIFY(hint->shown().endsWith(QChar(0x2026)));
+    const auto *zoom = window.findChild<QToolButton *>(QStringLiteral("zoom"));
+    QVERIFY(hint->fontMetrics().horizontalAdvance(hint->shown()) < zoom->x());
 }
 
 QTEST_MAIN(tst_Translation)
