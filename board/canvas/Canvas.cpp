@@ -91,6 +91,23 @@ void Canvas::setDash(Qt::PenStyle dash)
         restyle(DashAct{dash}, {});
 }
 
+Ink Canvas::shownInk() const
+{
+    Ink ink = m_desk.ink;
+    const Hand *hand = m_desk.inHand.hand();
+    const Item *picked = page().item(m_desk.selection.object());
+    const CInkGraph *object = nullptr;
+    if (picked && picked->tool) // a picture has neither
+        object = picked->object.get();
+    else if (hand && hand->held != kNothing && hand->tool)
+        object = hand->object.get();
+    if (object) {
+        ink.color = object->m_color;
+        ink.width = qRound(object->m_nWidth / m_desk.document.density());
+    }
+    return ink;
+}
+
 void Canvas::setDrawer(const Drawer &drawer)
 {
     m_desk.nameTag.setDrawer(drawer);

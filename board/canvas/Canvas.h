@@ -44,6 +44,9 @@ public:
     void setDash(Qt::PenStyle dash);
     void setInkOption(std::optional<int> option) { m_desk.ink.option = option; }
 
+    // Colour and width of the object that is picked, otherwise of the next one.
+    Ink shownInk() const;
+
     // Whose name is shown beside what is drawn.
     void setDrawer(const Drawer &drawer);
 

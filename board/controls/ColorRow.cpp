@@ -186,6 +186,15 @@ void ColorRow::setCustomColor(const QColor &color)
     pick(opaque);
 }
 
+void ColorRow::show(const QColor &color)
+{
+    const QColor opaque(color.rgb());
+    if (opaque == m_color)
+        return;
+    m_color = opaque;
+    showPicked();
+}
+
 void ColorRow::pick(const QColor &color)
 {
     m_color = color;

@@ -49,6 +49,9 @@ public:
     // The part with the colours that were chosen last.
     QWidget *recent() const { return m_recentPart; }
 
+    // Puts the ring around it, without picking it.
+    void show(const QColor &color);
+
     // Takes a colour that need not be in the row.
     void setCustomColor(const QColor &color);
 

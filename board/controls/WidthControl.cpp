@@ -2,6 +2,7 @@
 
 #include "board/commands/CommandGroup.h"
 
+#include <QtCore/QSignalBlocker>
 #include <QtGui/QPainter>
 #include <QtWidgets/QAction>
 #include <QtWidgets/QHBoxLayout>
@@ -69,7 +70,7 @@ WidthControl::WidthControl(QWidget *parent)
     row->addWidget(m_text);
 
     connect(m_slider, &QSlider::valueChanged, this, [this](int width) {
-        show(width);
+        showWidth(width);
         emit picked(width);
     });
     m_slider->setValue(kFirstInkWidth);
@@ -113,11 +114,20 @@ QWidget *WidthControl::preview() const
 
 void WidthControl::setColor(const QColor &color)
 {
-    m_color = color;
-    show(inkWidth());
+    show(color, inkWidth());
 }
 
-void WidthControl::show(int width)
+void WidthControl::show(const QColor &color, int width)
+{
+    if (color == m_color && width == inkWidth())
+        return;
+    m_color = color;
+    const QSignalBlocker blocker(m_slider);
+    m_slider->setValue(width);
+    showWidth(inkWidth());
+}
+
+void WidthControl::showWidth(int width)
 {
     m_preview->setInk(m_color, width);
     m_text->setText(tr("%1 px").arg(width));

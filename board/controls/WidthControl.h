@@ -40,6 +40,9 @@ public:
     void setInkWidth(int width); // kept within 1 to 40
     void setColor(const QColor &color);
 
+    // The ink that is in use, without picking it.
+    void show(const QColor &color, int width);
+
     // What can be missed beside the slider.
     QWidget *number() const;
     QWidget *preview() const;
@@ -49,7 +52,7 @@ signals:
 
 private:
     void addCommands();
-    void show(int width);
+    void showWidth(int width);
 
     QColor m_color{Qt::black};
     WidthPreview *m_preview; // all three owned by this widget

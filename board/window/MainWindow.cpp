@@ -210,7 +210,7 @@ void MainWindow::connectControls()
     connect(m_rail, &ToolRail::searched, m_canvas, QOverload<>::of(&QWidget::setFocus));
     connect(m_colors, &ColorRow::picked, this, [this](const QColor &color) {
         m_canvas->setColor(color);
-        m_width->setColor(color);
+        showInk();
     });
     connect(m_width, &WidthControl::picked, m_canvas, &Canvas::setInkWidth);
     connect(m_dash, &DashControl::picked, m_canvas, &Canvas::setDash);
@@ -221,7 +221,7 @@ void MainWindow::connectControls()
             [this](const QString &fileName) { m_hint->setText(tr("Saved as %1").arg(fileName)); });
     m_canvas->setColor(m_colors->color());
     m_canvas->setInkWidth(m_width->inkWidth());
-    m_width->setColor(m_colors->color());
+    showInk();
     m_canvas->setDrawer(readDrawer());
 }
 
@@ -246,10 +246,18 @@ void MainWindow::showState()
     const InkLesson::Hand *hand = author.hand();
     m_undo->setEnabled(author.canUndo());
     m_redo->setEnabled(author.canRedo());
+    showInk();
     m_dash->setVisible(hand && hand->tool ? hand->tool->takesDash : m_tool->takesDash());
     if (m_saying->isActive())
         return;
     m_hint->setText(hintFor(hand));
+}
+
+void MainWindow::showInk()
+{
+    const InkLesson::Ink ink = m_canvas->shownInk();
+    m_colors->show(ink.color);
+    m_width->show(ink.color, ink.width);
 }
 
 QString MainWindow::hintFor(const InkLesson::Hand *hand) const
