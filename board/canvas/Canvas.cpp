@@ -215,6 +215,11 @@ void Canvas::restyle(const Act &act, const Change &change)
     m_desk.inHand.author().change(other);
 }
 
+bool Canvas::mayDiscard() const
+{
+    return !m_desk.selection.isEmpty() || m_desk.inHand.hand();
+}
+
 void Canvas::discard()
 {
     m_desk.inHand.closeEditor(false);

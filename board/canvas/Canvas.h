@@ -69,7 +69,11 @@ public:
     void redo();
 
     // The object that is in progress or picked.
+    bool mayDiscard() const;
     void discard();
+
+    // One that is in the lesson already.
+    bool mayReorder() const { return chosen() != InkLesson::kNothing; }
     void duplicate();
     void raise();
     void lower();

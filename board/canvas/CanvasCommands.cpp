@@ -19,11 +19,20 @@ void addCanvasCommands(Canvas &canvas, QWidget &window)
     add("undo", Canvas::tr("Undo"), "Ctrl+Z", &Canvas::undo)->setIconText(QStringLiteral("↶"));
     add("redo", Canvas::tr("Redo"), "Ctrl+Y", &Canvas::redo)->setIconText(QStringLiteral("↷"));
     add("finish", Canvas::tr("Finish the object"), "Esc", &Canvas::finish);
-    add("delete", Canvas::tr("Delete the object"), "Del", &Canvas::discard);
-    add("duplicate", Canvas::tr("Duplicate the object"), "Ctrl+D", &Canvas::duplicate);
-    add("raise", Canvas::tr("Bring the object to the front"), "Ctrl+PgUp", &Canvas::raise);
-    add("lower", Canvas::tr("Send the object to the back"), "Ctrl+PgDown", &Canvas::lower);
+    QAction *remove = add("delete", Canvas::tr("Delete the object"), "Del", &Canvas::discard);
+    const QList<QAction *> onPicked{
+        add("duplicate", Canvas::tr("Duplicate the object"), "Ctrl+D", &Canvas::duplicate),
+        add("raise", Canvas::tr("Bring the object to the front"), "Ctrl+PgUp", &Canvas::raise),
+        add("lower", Canvas::tr("Send the object to the back"), "Ctrl+PgDown", &Canvas::lower),
+    };
     add("clear", Canvas::tr("Clear"), "Ctrl+Shift+Backspace", &Canvas::clear);
+    const auto enable = [&canvas, remove, onPicked] {
+        remove->setEnabled(canvas.mayDiscard());
+        for (QAction *action : onPicked)
+            action->setEnabled(canvas.mayReorder());
+    };
+    QObject::connect(&canvas, &Canvas::changed, remove, enable);
+    enable();
 }
 
 } // namespace Board

@@ -4,6 +4,7 @@
 #include "board/commands/Shortcuts.h"
 
 #include <QtCore/QHash>
+#include <QtGui/QCursor>
 #include <QtWidgets/QAction>
 #include <QtWidgets/QMenu>
 
@@ -20,6 +21,14 @@ CommandMenu::CommandMenu(QWidget &window, QWidget *parent)
     setPopupMode(QToolButton::InstantPopup);
     setMenu(m_menu);
     connect(m_menu, &QMenu::aboutToShow, this, &CommandMenu::fill);
+    // Nobody told it that the pointer had left while the menu was there.
+    connect(
+        m_menu, &QMenu::aboutToHide, this,
+        [this] {
+            setAttribute(Qt::WA_UnderMouse, rect().contains(mapFromGlobal(QCursor::pos())));
+            update();
+        },
+        Qt::QueuedConnection);
 
     QAction *open =
         CommandGroup(boardGroup(), window, CommandGroup::Place::Buttons).add("menu", tr("Menu"), QStringLiteral("F10"));

@@ -16,6 +16,7 @@
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QComboBox>
 #include <QtWidgets/QMenu>
+#include <QtWidgets/QToolButton>
 
 using namespace Board;
 
@@ -65,6 +66,7 @@ private slots:
     void goesThroughTheWindowByTab();
     void showsWhereTheFocusIs();
     void opensTheMenuByKey();
+    void forgetsThePointerThatHasLeftDuringTheMenu();
 
 private:
     QAction &command(const char *name) { return *m_window->findChild<QAction *>(QString::fromLatin1(name)); }
@@ -173,6 +175,19 @@ void tst_Access::opensTheMenuByKey()
         QCOMPARE(texts.count(QLatin1String(title)), 1);
     QCOMPARE(texts.constLast(), QStringLiteral("Quit"));
     QVERIFY(!texts.contains(QStringLiteral("Pencil")));
+}
+
+// The pointer of these tests is nowhere near the button.
+void tst_Access::forgetsThePointerThatHasLeftDuringTheMenu()
+{
+    auto *menu = m_window->findChild<QToolButton *>(QStringLiteral("menu"));
+    menu->setAttribute(Qt::WA_UnderMouse);
+    QTimer::singleShot(0, this, [] {
+        QTRY_VERIFY_WITH_TIMEOUT(QApplication::activePopupWidget(), kPatience);
+        QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Escape);
+    });
+    menu->showMenu();
+    QTRY_VERIFY_WITH_TIMEOUT(!menu->underMouse(), kPatience);
 }
 
 QTEST_MAIN(tst_Access)

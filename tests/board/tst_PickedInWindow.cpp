@@ -32,6 +32,7 @@ private slots:
     void showsItsColourAndWidth();
     void showsThoseOfAStroke();
     void changesWhatIsShown();
+    void enablesWhatCanBeDoneToIt();
 
 private:
     void key(int key) { QTest::keyClick(m_window.get(), Qt::Key(key)); }
@@ -114,6 +115,37 @@ void tst_PickedInWindow::changesWhatIsShown()
     QVERIFY(hand);
     QCOMPARE(hand->object->m_nWidth, 21);
     QCOMPARE(hand->object->m_color, kBlack);
+}
+
+void tst_PickedInWindow::enablesWhatCanBeDoneToIt()
+{
+    const auto enabled = [this] {
+        QStringList names;
+        for (const char *name : {"delete", "duplicate", "raise", "lower"}) {
+            if (m_window->findChild<QAction *>(QLatin1String(name))->isEnabled())
+                names.append(QLatin1String(name));
+        }
+        return names.join(QLatin1Char(' '));
+    };
+    QCOMPARE(enabled(), QString());
+    key(Qt::Key_V);
+    drag({150, 100}, {150, 100});
+    QCOMPARE(enabled(), QStringLiteral("delete duplicate raise lower"));
+    key(Qt::Key_Escape);
+    QCOMPARE(enabled(), QString());
+    drag({150, 100}, {150, 100});
+    key(Qt::Key_Delete);
+    QCOMPARE(enabled(), QString());
+    key(Qt::Key_R);
+    drag({100, 100}, {200, 160}); // new, with its handles
+    QCOMPARE(enabled(), QStringLiteral("delete duplicate raise lower"));
+    m_window->findChild<QAction *>(QStringLiteral("undo"))->trigger();
+    QCOMPARE(enabled(), QString());
+    key(Qt::Key_P);
+    drag({100, 200}, {200, 200});
+    key(Qt::Key_V);
+    drag({150, 200}, {150, 200}); // has no handles
+    QCOMPARE(enabled(), QStringLiteral("delete duplicate raise lower"));
 }
 
 QTEST_MAIN(tst_PickedInWindow)
