@@ -37,6 +37,7 @@ QString freshJournalName()
 
 Document::Document(const QSize &pageSize, double density, QObject *parent)
     : QObject(parent)
+    , m_header{pageSize, density}
     , m_journal(std::make_unique<Journal>(std::make_unique<BackgroundFile>()))
 {
     m_syncing.setSingleShot(true);
@@ -56,7 +57,7 @@ Document::Document(const QSize &pageSize, double density, QObject *parent)
     m_looking.setSingleShot(true);
     m_looking.setInterval(0);
     connect(&m_looking, &QTimer::timeout, this, &Document::lookAround);
-    take(std::make_unique<Lesson>(Header{pageSize, density}), kOnlyAuthor);
+    take(std::make_unique<Lesson>(m_header), kOnlyAuthor);
 }
 
 Document::~Document() = default;
@@ -313,6 +314,14 @@ void Document::tellOpened()
     emit pagesChanged();
     emit currentChanged();
     emit stepsChanged();
+}
+
+void Document::begin()
+{
+    m_author->finish();
+    take(std::make_unique<Lesson>(m_header), kOnlyAuthor);
+    tellOpened();
+    follow();
 }
 
 QString Document::open(const QString &fileName, const Progress &tell)

@@ -59,6 +59,9 @@ public:
     const QString &fileName() const { return m_saved.name; }
     bool isSaved() const { return !m_isChanged; }
 
+    // Makes this a new lesson, of one blank page.
+    void begin();
+
     // Hears how much of opening a lesson is done, up to 1.
     using Progress = std::function<void(double share)>;
 
@@ -145,6 +148,7 @@ private:
     void writeAnew(const InkLesson::Sharing *sharing);
     void tellJournal(bool isWritten);
 
+    const InkLesson::Header m_header; // of new lessons
     ThreadWorkers m_workers;
     std::unique_ptr<InkLesson::Lesson> m_lesson;
     std::unique_ptr<InkLesson::Author> m_author;

@@ -5,6 +5,7 @@
 #include "board/files/OpeningBar.h"
 #include "board/files/SaveDialog.h"
 
+#include <QtCore/QFile>
 #include <QtCore/QTimer>
 #include <QtWidgets/QAction>
 #include <QtWidgets/QFileDialog>
@@ -22,6 +23,8 @@ QString questionFor(FileCommands::For what)
     switch (what) {
     case FileCommands::For::Quitting:
         return FileCommands::tr("Save the lesson before the board is closed?");
+    case FileCommands::For::Beginning:
+        return FileCommands::tr("Save this lesson before another one is begun?");
     case FileCommands::For::Opening:
         return FileCommands::tr("Save this lesson before another one is opened?");
     case FileCommands::For::Joining:
@@ -39,6 +42,8 @@ FileCommands::FileCommands(Document &document, Canvas &canvas, QWidget &window)
     , m_recovery(document, window)
 {
     const CommandGroup group(fileGroup(), window);
+    connect(group.add("new", tr("New lesson"), QStringLiteral("Ctrl+Alt+N")), &QAction::triggered, this,
+            &FileCommands::begin);
     connect(group.add("open", tr("Open…"), QStringLiteral("Ctrl+O")), &QAction::triggered, this, &FileCommands::open);
     connect(group.add("recover", tr("Unsaved lessons…"), QStringLiteral("Ctrl+Shift+O")), &QAction::triggered, this,
             &FileCommands::recover);
@@ -86,6 +91,12 @@ bool FileCommands::letGoOfChanges(For what)
     return answer == QMessageBox::Discard || (answer == QMessageBox::Save && save());
 }
 
+void FileCommands::begin()
+{
+    if (letGo(For::Beginning))
+        m_document.begin();
+}
+
 void FileCommands::open()
 {
     if (!letGo(For::Opening))
@@ -97,6 +108,10 @@ void FileCommands::open()
 
 void FileCommands::openFile(const QString &fileName)
 {
+    if (!QFile::exists(fileName)) {
+        warn(tr("The lesson was not opened"), tr("%1: there is no such file.").arg(fileName));
+        return;
+    }
     const bool isFree = m_claim.mayHave(fileName);
     const QString problem = withOpeningBar(m_window, [&](const Document::Progress &tell) {
         return isFree ? m_document.open(fileName, tell) : m_document.openCopy(fileName, tell);
@@ -117,6 +132,7 @@ void FileCommands::claimFile()
         m_claim.release();
     else
         m_claim.take(m_document.fileName());
+    emit named();
 }
 
 void FileCommands::recover()
@@ -152,6 +168,7 @@ bool FileCommands::saveTo(const QString &fileName)
         return saveElsewhere(problem);
     claimFile();
     m_recovery.forget();
+    emit saved(fileName);
     return true;
 }
 

@@ -24,6 +24,7 @@ public:
     // All outlive this object.
     FileCommands(Document &document, Canvas &canvas, QWidget &window);
 
+    void begin(); // a new lesson
     void open();
     void openFile(const QString &fileName); // in the place of the document, which is not asked about
     void recover();                         // one of the unsaved lessons
@@ -31,7 +32,7 @@ public:
     bool saveAs();
 
     // Asks what is to become of changes. False when the person wants to go on with them.
-    enum class For { Quitting, Opening, Joining };
+    enum class For { Quitting, Beginning, Opening, Joining };
     bool letGo(For what);
 
     // A lesson that others take part in: whether it may be left, and what is done then. Asked, and done, before the
@@ -48,6 +49,11 @@ public:
     void startJournal(const QString &folder, const QString &lessonFile = {});
 
 signals:
+    void saved(const QString &fileName);
+
+    // The document may have another name, or none any more.
+    void named();
+
     // The document was recovered, and had been shared.
     void wasShared(const InkLesson::Sharing &sharing);
 

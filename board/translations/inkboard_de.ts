@@ -483,6 +483,22 @@ Sind beide Geräte im selben Netz? Wenn ja, bitte um einen neuen Link.</translat
         <source>Save this lesson before the other one is joined?</source>
         <translation>Soll diese Stunde gespeichert werden, bevor der anderen beigetreten wird?</translation>
     </message>
+    <message>
+        <source>New lesson</source>
+        <translation>Neue Stunde</translation>
+    </message>
+    <message>
+        <source>The lesson was not opened</source>
+        <translation>Die Stunde wurde nicht geöffnet</translation>
+    </message>
+    <message>
+        <source>%1: there is no such file.</source>
+        <translation>%1: diese Datei gibt es nicht.</translation>
+    </message>
+    <message>
+        <source>Save this lesson before another one is begun?</source>
+        <translation>Soll diese Stunde gespeichert werden, bevor eine neue begonnen wird?</translation>
+    </message>
 </context>
 <context>
     <name>Board::HeadlessLesson</name>
@@ -648,6 +664,10 @@ Sind beide Geräte im selben Netz? Wenn ja, bitte um einen neuen Link.</translat
     <message>
         <source>Type the text. A press beside it or %1 lets it go.</source>
         <translation>Den Text tippen. Ein Druck daneben oder %1 lässt ihn los.</translation>
+    </message>
+    <message>
+        <source>%1 - Inkboard</source>
+        <translation>%1 - Inkboard</translation>
     </message>
 </context>
 <context>

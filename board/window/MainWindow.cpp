@@ -26,6 +26,7 @@
 
 #include "lesson/paper/PageSize.h"
 
+#include <QtCore/QFileInfo>
 #include <QtCore/QTimer>
 #include <QtGui/QCloseEvent>
 #include <QtGui/QGuiApplication>
@@ -78,7 +79,6 @@ MainWindow::MainWindow(const QSize &plainSize)
     , m_people(new PeopleBar(this))
     , m_tool(&tools().front())
 {
-    setWindowTitle(tr("Inkboard"));
     m_hint->setObjectName(QStringLiteral("hint"));
     m_hint->setFixedHeight(kHintHeight);
     m_hint->setTextFormat(Qt::PlainText); // names may stand in it
@@ -111,6 +111,7 @@ MainWindow::MainWindow(const QSize &plainSize)
     restoreKeys(*this);
     connectControls();
     showState();
+    showTitle();
     m_canvas->setFocus(); // so that no button starts with the ring of the keyboard around it
     resize(sizeHint().boundedTo(screen()->availableSize())); // Qt alone takes two thirds of the screen at most
 }
@@ -218,7 +219,11 @@ void MainWindow::connectControls()
     connect(m_canvas, &Canvas::changed, this, &MainWindow::showState);
     connect(&m_document, &Document::stepsChanged, this, &MainWindow::showState);
     connect(m_pageCommands, &PageCommands::exported, this,
-            [this](const QString &fileName) { m_hint->setText(tr("Saved as %1").arg(fileName)); });
+            [this](const QString &fileName) { say(tr("Saved as %1").arg(fileName)); });
+    connect(m_files, &FileCommands::saved, this,
+            [this](const QString &fileName) { say(tr("Saved as %1").arg(fileName)); });
+    connect(m_files, &FileCommands::named, this, &MainWindow::showTitle);
+    connect(&m_document, &Document::stepsChanged, this, &MainWindow::showTitle);
     m_canvas->setColor(m_colors->color());
     m_canvas->setInkWidth(m_width->inkWidth());
     showInk();
@@ -251,6 +256,15 @@ void MainWindow::showState()
     if (m_saying->isActive())
         return;
     m_hint->setText(hintFor(hand));
+}
+
+// In the words of the title "[*]" is where Qt puts the mark of what was changed, and twice that is itself.
+void MainWindow::showTitle()
+{
+    const QString mark = QStringLiteral("[*]");
+    const QString name = QFileInfo(m_document.fileName()).completeBaseName().replace(mark, mark + mark);
+    setWindowTitle(name.isEmpty() ? tr("Inkboard") + mark : tr("%1 - Inkboard").arg(name + mark));
+    setWindowModified(!m_document.isSaved());
 }
 
 void MainWindow::showInk()

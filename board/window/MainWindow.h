@@ -61,6 +61,7 @@ private:
     void connectControls();
     void askForName();
     void showState();
+    void showTitle();
     void showInk();
     QString hintFor(const InkLesson::Hand *hand) const;
     void say(const QString &words);

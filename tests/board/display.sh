@@ -40,10 +40,10 @@ wait_at_most() {
 }
 
 has_ended() { ! kill -0 "$board_pid" 2>/dev/null; }
-# titled TITLE: its windows, the topmost last. A look during which any window goes ends with an error, and is repeated.
+# titled TITLE: its windows, the topmost last, with or without the mark of what is not saved. A look during which any window goes ends with an error, and is repeated.
 titled() {
     while :; do
-        found=$(xdotool search --onlyvisible --name "^$1\$" 2>&1) || true
+        found=$(xdotool search --onlyvisible --name "^$1\\*?\$" 2>&1) || true
         case $found in
         *"X Error"*) ;;
         *) break ;;

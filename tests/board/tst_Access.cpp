@@ -170,7 +170,8 @@ void tst_Access::opensTheMenuByKey()
         QApplication::activePopupWidget()->close();
     });
     command("menu").trigger();
-    QCOMPARE(texts.mid(0, 2), (QStringList{QStringLiteral("Open…"), QStringLiteral("Unsaved lessons…")}));
+    QCOMPARE(texts.mid(0, 3),
+             (QStringList{QStringLiteral("New lesson"), QStringLiteral("Open…"), QStringLiteral("Unsaved lessons…")}));
     for (const char *title : {"Pictures", "Paper", "Objects", "Pages", "View"})
         QCOMPARE(texts.count(QLatin1String(title)), 1);
     QCOMPARE(texts.constLast(), QStringLiteral("Quit"));

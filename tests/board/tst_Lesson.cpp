@@ -413,7 +413,7 @@ void tst_Lesson::opensTheLessonThatIsNamed()
 
     m_window = std::make_unique<MainWindow>(QSize(600, 400));
     whenAsked<QMessageBox>([&](QMessageBox &box) {
-        QCOMPARE(box.text(), path("missing.inkboard") + ": cannot be read: No such file or directory");
+        QCOMPARE(box.text(), path("missing.inkboard") + ": there is no such file.");
         box.accept();
     });
     m_window->files().startJournal(path("unnamed"), path("missing.inkboard"));
