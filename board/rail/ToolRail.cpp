@@ -5,6 +5,7 @@
 #include "board/rail/ToolIcon.h"
 #include "board/tools/Tools.h"
 
+#include <QtCore/QCoreApplication>
 #include <QtGui/QKeyEvent>
 #include <QtWidgets/QAction>
 #include <QtWidgets/QActionGroup>
@@ -93,10 +94,12 @@ void ToolRail::addTool(const Tool &tool)
     action->setCheckable(true);
     QToolButton *button = makeButton(*action);
     m_keys->add(*button);
-    m_entries.push_back({button, group, title + QLatin1Char('\n') + QLatin1String(tool.name)});
+    m_entries.push_back({button, group, title + QLatin1Char('\n') + QLatin1String(tool.name), tool.isFoundOnly});
+    if (tool.isFoundOnly)
+        connect(button, &QToolButton::toggled, this, &ToolRail::layOut);
     connect(action, &QAction::triggered, this, [this, &tool, button] {
         m_search->clear();
-        m_scroll->ensureWidgetVisible(button, 0, kHeadingHeight);
+        reveal(*button);
         emit chosen(tool);
     });
 }
@@ -118,7 +121,7 @@ void ToolRail::add(QAction &command, const QString &group)
         std::find_if(m_entries.rbegin(), m_entries.rend(), [&](const Entry &entry) { return entry.group == group; });
     QToolButton *button = makeButton(command);
     m_keys->add(*button);
-    m_entries.insert(last.base(), {button, group, command.text() + QLatin1Char('\n') + command.objectName()});
+    m_entries.insert(last.base(), {button, group, command.text() + QLatin1Char('\n') + command.objectName(), false});
     layOut();
 }
 
@@ -132,6 +135,21 @@ QLabel *ToolRail::heading(const QString &group)
     return label;
 }
 
+bool ToolRail::isShown(const Entry &entry) const
+{
+    const bool isSought = !entry.isFoundOnly || !m_search->text().isEmpty() || entry.button->isChecked();
+    return isSought && entry.words.contains(m_search->text(), Qt::CaseInsensitive);
+}
+
+// Where it will be: the end of a search has given all buttons other places, which they do not have yet.
+void ToolRail::reveal(QWidget &button)
+{
+    m_scroll->widget()->layout()->activate();
+    QEvent anew(QEvent::LayoutRequest);
+    QCoreApplication::sendEvent(m_scroll, &anew);
+    m_scroll->ensureWidgetVisible(&button, 0, kHeadingHeight);
+}
+
 // Only what the search finds, without gaps.
 void ToolRail::layOut()
 {
@@ -143,9 +161,9 @@ void ToolRail::layOut()
     int column = 0;
     QString group;
     for (const Entry &entry : m_entries) {
-        const bool found = entry.words.contains(m_search->text(), Qt::CaseInsensitive);
-        entry.button->setVisible(found);
-        if (!found)
+        const bool isHere = isShown(entry);
+        entry.button->setVisible(isHere);
+        if (!isHere)
             continue;
         if (row < 0 || entry.group != group) {
             group = entry.group;
@@ -212,9 +230,8 @@ void ToolRail::showEvent(QShowEvent * /*event*/)
     QWidget *checked = nullptr;
     for (const Entry &entry : m_entries)
         checked = entry.button->isChecked() ? entry.button : checked;
-    m_scroll->widget()->layout()->activate();
     if (checked)
-        m_scroll->ensureWidgetVisible(checked, 0, kHeadingHeight);
+        reveal(*checked);
 }
 
 // With room for the scroll bar, so that the page stays where it is when the bar comes.

@@ -50,6 +50,7 @@ private:
         QToolButton *button;
         QString group;
         QString words; // that find it
+        bool isFoundOnly;
     };
 
     void makeSearch();
@@ -57,6 +58,8 @@ private:
     QToolButton *makeButton(QAction &action) const;
     QLabel *heading(const QString &group);
     void layOut();
+    bool isShown(const Entry &entry) const;
+    void reveal(QWidget &button);
     void leaveSearch();
 
     std::vector<Entry> m_entries; // of one group after the other

@@ -58,6 +58,7 @@ struct Tool
     bool sampleOnInk{};          // the icon shows what the tool does to ink
     bool cursorShowsWidth{};     // the pointer is a circle as wide as the pen
     bool erases{};               // takes ink away
+    bool isFoundOnly{};          // in the palette while the search finds it or it is chosen
     std::optional<OptionText> option{};
     const char *usage{QT_TRANSLATE_NOOP("Board::Tool", "drag on the page to draw")};
     void (*paintIcon)(QPainter &painter, const QColor &color){}; // for a tool that no sample can show

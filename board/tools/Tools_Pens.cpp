@@ -64,8 +64,10 @@ Tool crayon()
 
 Tool waterColorPen()
 {
-    return pen("water-color-pen", QT_TRANSLATE_NOOP("Board::Tool", "Water-colour pen (leaves no mark)"), "W",
-               scribble());
+    Tool tool =
+        pen("water-color-pen", QT_TRANSLATE_NOOP("Board::Tool", "Water-colour pen (leaves no mark)"), "W", scribble());
+    tool.isFoundOnly = true;
+    return tool;
 }
 
 Tool sprayGun()

@@ -19,6 +19,7 @@ Tool heart()
     Tool tool = stencil("heart", QT_TRANSLATE_NOOP("Board::Tool", "Heart (frame only)"), "Ctrl+H");
     tool.sample = {box};
     tool.iconWhileEdited = true;
+    tool.isFoundOnly = true;
     return tool;
 }
 
