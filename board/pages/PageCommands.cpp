@@ -76,7 +76,7 @@ void PageCommands::setPaper(Paper::Kind kind)
 void PageCommands::askForPaper()
 {
     m_canvas.finish();
-    const QString fileName = QFileDialog::getOpenFileName(&m_window, tr("A picture as paper"));
+    const QString fileName = QFileDialog::getOpenFileName(&m_window, tr("A picture as paper"), {}, pictureFilters());
     if (fileName.isEmpty())
         return;
     QString problem;
@@ -115,7 +115,8 @@ void PageCommands::copy()
 
 void PageCommands::askForPicture()
 {
-    const QString fileName = QFileDialog::getOpenFileName(&m_window, tr("Put a picture on the page"));
+    const QString fileName =
+        QFileDialog::getOpenFileName(&m_window, tr("Put a picture on the page"), {}, pictureFilters());
     if (fileName.isEmpty())
         return;
     QString problem;

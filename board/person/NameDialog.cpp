@@ -78,7 +78,7 @@ QLayout *NameDialog::makeForm()
 
 void NameDialog::askForPicture()
 {
-    const QString fileName = QFileDialog::getOpenFileName(this, tr("A picture as icon"));
+    const QString fileName = QFileDialog::getOpenFileName(this, tr("A picture as icon"), {}, pictureFilters());
     if (fileName.isEmpty())
         return;
     QString problem;

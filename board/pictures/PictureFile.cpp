@@ -2,6 +2,7 @@
 
 #include <QtCore/QCoreApplication>
 #include <QtCore/QMimeData>
+#include <QtCore/QStringList>
 #include <QtCore/QUrl>
 #include <QtGui/QImageReader>
 
@@ -59,6 +60,15 @@ std::optional<QImage> readPicture(const QMimeData &data, QString &error)
         return picture;
     error = translated(QT_TRANSLATE_NOOP("Board::PictureFile", "there is no picture to paste"));
     return {};
+}
+
+QString pictureFilters()
+{
+    QStringList patterns;
+    for (const QByteArray &format : QImageReader::supportedImageFormats())
+        patterns.append(QStringLiteral("*.") + QString::fromLatin1(format));
+    return translated(QT_TRANSLATE_NOOP("Board::PictureFile", "Pictures (%1)")).arg(patterns.join(QLatin1Char(' '))) +
+           QStringLiteral(";;") + translated(QT_TRANSLATE_NOOP("Board::PictureFile", "All files (*)"));
 }
 
 } // namespace Board

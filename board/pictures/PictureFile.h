@@ -17,4 +17,7 @@ std::optional<QImage> readPicture(const QString &fileName, QString &error);
 bool mayHoldPicture(const QMimeData &data);
 std::optional<QImage> readPicture(const QMimeData &data, QString &error);
 
+// For the dialogs that ask for a picture: first the formats that can be read, then all files.
+QString pictureFilters();
+
 } // namespace Board

@@ -914,6 +914,14 @@ Sind beide Geräte im selben Netz? Wenn ja, bitte um einen neuen Link.</translat
         <source>there is no picture to paste</source>
         <translation>es gibt kein Bild zum Einfügen</translation>
     </message>
+    <message>
+        <source>Pictures (%1)</source>
+        <translation>Bilder (%1)</translation>
+    </message>
+    <message>
+        <source>All files (*)</source>
+        <translation>Alle Dateien (*)</translation>
+    </message>
 </context>
 <context>
     <name>Board::Player</name>
@@ -1377,7 +1385,7 @@ Sind beide Geräte im selben Netz? Wenn ja, bitte um einen neuen Link.</translat
     </message>
     <message>
         <source>Erase, fill, select</source>
-        <translation>Radieren und wählen</translation>
+        <translation>Radieren, füllen, wählen</translation>
     </message>
     <message>
         <source>Pick</source>

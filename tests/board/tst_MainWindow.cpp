@@ -493,6 +493,9 @@ void tst_MainWindow::opensAPicture()
     picture.fill(Qt::green);
     QVERIFY(picture.save(file));
     whenAsked<QFileDialog>([&](QFileDialog &dialog) {
+        QVERIFY(dialog.selectedNameFilter().startsWith(QStringLiteral("Pictures (*.")));
+        QVERIFY(dialog.selectedNameFilter().contains(QStringLiteral("*.png ")));
+        QCOMPARE(dialog.nameFilters().constLast(), QStringLiteral("All files (*)"));
         dialog.findChild<QLineEdit *>()->setText(file);
         QMetaObject::invokeMethod(&dialog, "accept");
     });
