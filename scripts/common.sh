@@ -55,7 +55,7 @@ configure_and_build() {
 }
 
 readonly build_packages="g++ cmake ninja-build qtbase5-dev libqt5svg5-dev libqt5x11extras5-dev libqt5websockets5-dev libnats-dev libqrencode-dev libssl-dev libzstd-dev qttools5-dev qttools5-dev-tools"
-readonly board_packages="fonts-dejavu-core"
+readonly board_packages="fonts-dejavu-core qttranslations5-l10n"
 readonly test_packages="nats-server openssl zbar-tools libgtest-dev libxcb1-dev binutils valgrind xvfb xauth xdotool make pkg-config qt5-qmake abigail-tools appstream desktop-file-utils qtdeclarative5-dev qml-module-qtquick2 qml-module-qtquick-window2"
 readonly bench_packages="libbenchmark-dev libcairo2-dev libagg-dev libopencv-dev pkg-config python3"
 readonly memcheck_packages="valgrind"

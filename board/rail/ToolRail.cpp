@@ -131,6 +131,7 @@ QLabel *ToolRail::heading(const QString &group)
     if (!label) {
         label = new QLabel(group, m_scroll->widget());
         label->setProperty("heading", true);
+        label->setWordWrap(true); // some languages need more room
     }
     return label;
 }

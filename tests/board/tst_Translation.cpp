@@ -3,15 +3,21 @@
 #include "board/controls/ColorRow.h"
 #include "board/controls/WidthControl.h"
 #include "board/program/Translation.h"
+#include "board/rail/ToolRail.h"
 #include "board/tools/Tools.h"
 #include "board/window/HintLine.h"
 #include "board/window/MainWindow.h"
 
+#include <QtCore/QFile>
+#include <QtCore/QLibraryInfo>
 #include <QtCore/QSettings>
 #include <QtCore/QTemporaryDir>
 #include <QtCore/QTranslator>
 #include <QtTest/QtTest>
 #include <QtWidgets/QAction>
+#include <QtWidgets/QDialogButtonBox>
+#include <QtWidgets/QPushButton>
+#include <QtWidgets/QScrollArea>
 #include <QtWidgets/QToolButton>
 
 using namespace Board;
@@ -33,6 +39,8 @@ private slots:
     void fitsASmallProjector();
     void keepsWhatMattersInANarrowWindow();
     void cutsWordsThatReachTheControls();
+    void hasRoomForTheHeadingsOfTheTools();
+    void translatesQtsOwnDialogs();
 
 private:
     static QString title(const char *tool) { return toolTitle(*findTool(QString::fromLatin1(tool))); }
@@ -163,6 +171,27 @@ void tst_Translation::cutsWordsThatReachTheControls()
     QVERIFY(hint->shown().endsWith(QChar(0x2026)));
     const auto *zoom = window.findChild<QToolButton *>(QStringLiteral("zoom"));
     QVERIFY(hint->fontMetrics().horizontalAdvance(hint->shown()) < zoom->x());
+}
+
+void tst_Translation::hasRoomForTheHeadingsOfTheTools()
+{
+    translateInto(QLocale(QLocale::German), *qApp);
+    MainWindow window(QSize(800, 500));
+    window.show();
+    const auto *scroll = window.findChild<ToolRail *>()->findChild<QScrollArea *>();
+    const int needed = scroll->widget()->minimumSizeHint().width();
+    QVERIFY2(needed <= scroll->viewport()->width(), qPrintable(QString::number(needed)));
+    QCOMPARE(groupTitle(*findTool(QStringLiteral("fill"))), QStringLiteral("Radieren, füllen, wählen"));
+}
+
+void tst_Translation::translatesQtsOwnDialogs()
+{
+    if (!QFile::exists(QLibraryInfo::location(QLibraryInfo::TranslationsPath) + QStringLiteral("/qtbase_de.qm")))
+        QSKIP("Qt's own translations are not installed");
+    translateInto(QLocale(QLocale::German), *qApp);
+    const QDialogButtonBox box(QDialogButtonBox::Cancel | QDialogButtonBox::Discard);
+    QCOMPARE(box.button(QDialogButtonBox::Cancel)->text(), QStringLiteral("Abbrechen"));
+    QCOMPARE(box.button(QDialogButtonBox::Discard)->text(), QStringLiteral("Verwerfen"));
 }
 
 QTEST_MAIN(tst_Translation)
