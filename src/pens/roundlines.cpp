@@ -50,28 +50,45 @@ private:
     static constexpr int kValues = 256;
     using Values = std::array<uchar, kValues>; // of a channel, by its premultiplied value
 
+    // In parts, since Qt would start threads for many rows.
     Storing()
     {
-        QImage pixels(kValues, kValues, QImage::Format_ARGB32_Premultiplied); // a row for each alpha
-        for (int alpha = 0; alpha < kValues; ++alpha) {
+        constexpr int kRows = 16;
+        for (int alpha = 0; alpha < kValues; alpha += kRows)
+            learn(alpha, kRows);
+    }
+
+    void learn(int firstAlpha, int alphas)
+    {
+        QImage pixels(kValues, alphas, QImage::Format_ARGB32_Premultiplied); // a row for each alpha
+        for (int y = 0; y < alphas; ++y) {
             for (int value = 0; value < kValues; ++value) {
-                const int channel = std::min(value, alpha);
-                pixels.setPixel(value, alpha, qRgba(channel, channel, channel, alpha));
+                const int channel = std::min(value, firstAlpha + y);
+                pixels.setPixel(value, y, qRgba(channel, channel, channel, firstAlpha + y));
             }
         }
         const QImage stored = storedInRuns(pixels, kValues);
-        for (int alpha = 0; alpha < kValues; ++alpha) {
+        for (int y = 0; y < alphas; ++y) {
             for (int value = 0; value < kValues; ++value)
-                m_values[std::size_t(alpha)][std::size_t(value)] = uchar(qBlue(stored.pixel(value, alpha)));
+                m_values[std::size_t(firstAlpha + y)][std::size_t(value)] = uchar(qBlue(stored.pixel(value, y)));
         }
-        m_isReliable = stored == storedInRuns(pixels, 1) && stored == storedInRuns(pixels, 7) &&
-                       stored.convertToFormat(pixels.format()) == pixels;
+        m_isReliable = m_isReliable && stored == storedInRuns(pixels, 1) && stored == storedInRuns(pixels, 7) &&
+                       copied(stored, pixels.format()) == pixels;
+    }
+
+    static QImage copied(const QImage &image, QImage::Format format)
+    {
+        QImage copy(image.size(), format);
+        QPainter painter(&copy);
+        painter.setCompositionMode(QPainter::CompositionMode_Source);
+        painter.drawImage(0, 0, image);
+        return copy;
     }
 
     // Fetched, left as they are, and stored.
     static QImage storedInRuns(const QImage &pixels, int length)
     {
-        QImage stored = pixels.convertToFormat(QImage::Format_ARGB32);
+        QImage stored = copied(pixels, QImage::Format_ARGB32);
         QPainter painter(&stored);
         painter.setRenderHint(QPainter::Antialiasing);
         painter.setCompositionMode(QPainter::CompositionMode_DestinationOver);
@@ -83,7 +100,7 @@ private:
         return stored;
     }
 
-    bool m_isReliable;
+    bool m_isReliable = true;
     std::array<Values, kValues> m_values; // by alpha
 };
 
