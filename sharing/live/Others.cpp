@@ -11,9 +11,10 @@ using namespace InkLesson;
 namespace {
 
 constexpr qint64 kSilence = 5000;   // milliseconds after which somebody is gone
-constexpr qint64 kOutlived = 2000;  // milliseconds that a dropped object waits for its record
+constexpr qint64 kOutlived = 10000; // milliseconds that a dropped object waits for its record
 constexpr qint64 kAskedAgain = 500; // milliseconds
 constexpr std::size_t kMostOthers = 256;
+constexpr std::size_t kMostLeft = 256; // objects
 
 } // namespace
 
@@ -28,6 +29,8 @@ Others::~Others()
 {
     for (auto &[author, other] : m_others)
         letGo(author, other);
+    for (const Left &left : m_left)
+        show(left.page, m_lesson.page(left.page).drop(left.hand));
 }
 
 void Others::show(const PageId &page, const QRegion &area)
@@ -99,6 +102,8 @@ void Others::take(int author, Other &other, const LiveActs &acts, qint64 now)
 // Without its acts.
 void Others::begin(int author, Other &other, const LiveActs &acts)
 {
+    if (other.dropped)
+        leave(author, other);
     letGo(author, other);
     Hand hand{author, {}, {}};
     if (const auto *draw = std::get_if<Draw>(&acts.record.deed)) {
@@ -141,6 +146,36 @@ void Others::letGo(int author, Other &other)
     other.askedAt.reset();
 }
 
+// The record of what was drawn anew may come late: it shows beside what the hand takes next.
+void Others::leave(int author, Other &other)
+{
+    Page &page = m_lesson.page(other.page);
+    Hand hand{author, {}, {}};
+    if (!page.hand(author) || page.hand(author)->held != kNothing || m_left.size() >= kMostLeft)
+        return;
+    QRegion area = page.drop(author, &hand);
+    hand.author = --m_lastHand; // authors are not negative
+    m_left.push_back({author, hand.author, other.page, *other.dropped, other.droppedAt});
+    area |= page.take(std::move(hand));
+    show(other.page, area);
+}
+
+void Others::takeLeft(qint64 now)
+{
+    const auto over = std::stable_partition(m_left.begin(), m_left.end(), [&](const Left &left) {
+        return !isOver(left.author, left.record, left.droppedAt, now);
+    });
+    const std::vector<Left> gone(over, m_left.end());
+    m_left.erase(over, m_left.end());
+    for (const Left &left : gone)
+        show(left.page, m_lesson.page(left.page).drop(left.hand));
+}
+
+bool Others::isOver(int author, int record, qint64 droppedAt, qint64 now) const
+{
+    return m_lesson.history().lastNumber(author) >= record || now - droppedAt >= kOutlived;
+}
+
 void Others::ask(int author, Other &other, qint64 now)
 {
     if (other.askedAt && now - *other.askedAt < kAskedAgain)
@@ -153,11 +188,11 @@ void Others::ask(int author, Other &other, qint64 now)
 
 void Others::tick(qint64 now)
 {
+    takeLeft(now);
     for (auto it = m_others.begin(); it != m_others.end();) {
         auto &[author, other] = *it;
         const bool isGone = now - other.heard >= kSilence;
-        const bool isSettled = other.dropped && (m_lesson.history().lastNumber(author) >= *other.dropped ||
-                                                 now - other.droppedAt >= kOutlived);
+        const bool isSettled = other.dropped && isOver(author, *other.dropped, other.droppedAt, now);
         if (isGone || isSettled)
             letGo(author, other);
         it = isGone ? m_others.erase(it) : std::next(it);

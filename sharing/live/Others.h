@@ -5,6 +5,7 @@
 #include "lesson/fold/Lesson.h"
 
 #include <map>
+#include <vector>
 
 namespace InkSharing {
 
@@ -48,6 +49,9 @@ private:
     void begin(int author, Other &other, const LiveActs &acts);
     void hold(int author, const Other &other, const InkLesson::ObjectId &held);
     void letGo(int author, Other &other);
+    void leave(int author, Other &other);
+    void takeLeft(qint64 now);
+    bool isOver(int author, int record, qint64 droppedAt, qint64 now) const;
     void ask(int author, Other &other, qint64 now);
     void show(const InkLesson::PageId &page, const QRegion &area);
 
@@ -55,6 +59,18 @@ private:
     const int m_me;
     const Send m_send;
     std::map<int, Other> m_others;
+
+    // What has left a hand that has something else now, until its record is there.
+    struct Left
+    {
+        int author;
+        int hand; // of the page, that nobody has
+        InkLesson::PageId page;
+        int record;
+        qint64 droppedAt;
+    };
+    std::vector<Left> m_left;
+    int m_lastHand{};
 };
 
 } // namespace InkSharing
