@@ -7,7 +7,9 @@
 #include <QtTest/QSignalSpy>
 #include <QtWidgets/QLineEdit>
 
+#include <algorithm>
 #include <csignal>
+#include <random>
 
 using namespace Board;
 
@@ -21,6 +23,7 @@ private slots:
     void knowsInWhichOrderTheyCame();
     void undoesOwnStepsOnly();
     void showsWhatGrowsElsewhere();
+    void readsALargePictureBesideTheRest();
     void drawsWhileThereIsNoDoor();
     void startsAnotherDoorAtTheSamePlace();
     void endsInAnOrdinaryLesson();
@@ -71,6 +74,37 @@ void tst_DocumentSharing::sharesInTheMidstOfALesson()
     QTRY_COMPARE_WITH_TIMEOUT(teacher.sharing.words(), QString("Shared with 1"), kPatience);
     QTRY_COMPARE_WITH_TIMEOUT(pupil.sharing.words(), QString("Shared with 1"), kPatience);
     QCOMPARE(teacher.sharing.others()->all().begin()->second.presence.name, QString("Pupil"));
+}
+
+// It is 700 kB as a PNG file. What comes after it stands above it.
+void tst_DocumentSharing::readsALargePictureBesideTheRest()
+{
+    constexpr QSize kPage(800, 600);
+    SharingProbe teacher("Teacher", kPage), pupil("Pupil", kPage);
+    teacher.share();
+    pupil.join(teacher);
+    QImage noise(600, 400, QImage::Format_RGB32);
+    std::mt19937 random(1);
+    for (int y = 0; y < noise.height(); ++y) {
+        for (int x = 0; x < noise.width(); ++x)
+            noise.setPixel(x, y, QRgb(random()));
+    }
+    InkLesson::Life life{InkLesson::kPictureTool};
+    life.canvas = kPage;
+    life.picture = InkLesson::exactImage(noise);
+    life.position = {10, 10};
+    teacher.document.author().insert(std::move(life));
+    teacher.document.author().finish();
+    drawRow(teacher, 1);
+    drawRow(pupil, 2);
+    QTRY_COMPARE_WITH_TIMEOUT(pupil.objects(), 3U, kPatience);
+    QTRY_COMPARE_WITH_TIMEOUT(teacher.objects(), 3U, kPatience);
+    QVERIFY(hasRow(pupil, 1));
+    QTRY_COMPARE_WITH_TIMEOUT(pupil.sharing.unsent() + teacher.sharing.unsent(), 0, kPatience);
+    QCOMPARE(pupil.document.lesson().log(), teacher.document.lesson().log());
+    QCOMPARE(pupil.document.page().picture(), teacher.document.page().picture());
+    const auto &log = pupil.document.lesson().log();
+    QVERIFY(std::any_of(log.begin(), log.end(), [](const QByteArray &code) { return code.size() > 700'000; }));
 }
 
 // In small letters, as one types who listens.
