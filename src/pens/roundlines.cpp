@@ -35,7 +35,8 @@ public:
         return storing;
     }
 
-    // Whether it is the same in runs of any length, and is the premultiplied pixel again when it is fetched.
+    // Whether it is the same in runs of any length, and fetched again is the premultiplied pixel, as qPremultiply() has
+    // it.
     bool isReliable() const { return m_isReliable; }
 
     QRgb stored(QRgb pixel) const
@@ -72,8 +73,17 @@ private:
             for (int value = 0; value < kValues; ++value)
                 m_values[std::size_t(firstAlpha + y)][std::size_t(value)] = uchar(qBlue(stored.pixel(value, y)));
         }
+        QImage plain(pixels.size(), QImage::Format_ARGB32);
+        QImage fetched(pixels.size(), pixels.format());
+        for (int y = 0; y < alphas; ++y) {
+            for (int value = 0; value < kValues; ++value) {
+                const QRgb pixel = qRgba(value, value, value, firstAlpha + y);
+                plain.setPixel(value, y, pixel);
+                fetched.setPixel(value, y, qPremultiply(pixel));
+            }
+        }
         m_isReliable = m_isReliable && stored == storedInRuns(pixels, 1) && stored == storedInRuns(pixels, 7) &&
-                       copied(stored, pixels.format()) == pixels;
+                       copied(stored, pixels.format()) == pixels && copied(plain, pixels.format()) == fetched;
     }
 
     static QImage copied(const QImage &image, QImage::Format format)
@@ -115,7 +125,6 @@ RoundLines::RoundLines(QImage &image, const std::vector<QPen> &pens)
     : m_image(image)
     , m_isAble(image.format() == QImage::Format_ARGB32 && image.devicePixelRatioF() == 1.0 &&
                Storing::ofQt().isReliable())
-    , m_band({kMostLine, kMostLine})
 {
     for (const QPen &pen : pens) {
         m_passes.push_back({pen, inkOf(pen), RoundOutline(pen.widthF())});
@@ -150,8 +159,8 @@ int RoundLines::paint(const QVector<QPointF> &points, int first)
             if (pass.hasOutline()) {
                 fill(*outline++, pass.ink);
             } else {
-                m_tilePainter->setPen(pass.pen);
-                m_tilePainter->drawLine(points.at(i), points.at(i + 1));
+                onTile().setPen(pass.pen);
+                onTile().drawLine(points.at(i), points.at(i + 1));
             }
         }
     }
@@ -178,21 +187,16 @@ std::optional<QRect> RoundLines::pixelsAround(const QPointF &from, const QPointF
 // comes back as it is.
 bool RoundLines::load(const QRect &box)
 {
-    if (!m_tilePainter) {
-        m_tile = QImage(kSide, kSide, QImage::Format_ARGB32_Premultiplied);
+    if (m_tile.width() < box.width() || m_tile.height() < box.height()) {
+        m_tilePainter.reset();
+        m_tile = QImage(box.size().expandedTo(m_tile.size()), QImage::Format_ARGB32_Premultiplied);
         m_pixels = reinterpret_cast<QRgb *>(m_tile.bits());
-        m_tilePainter.emplace(&m_tile);
-        m_tilePainter->setRenderHint(QPainter::Antialiasing);
     }
     m_box = box;
-    m_tilePainter->resetTransform();
-    m_tilePainter->setCompositionMode(QPainter::CompositionMode_Source);
-    m_tilePainter->drawImage(QPoint(), m_image, box);
-    m_tilePainter->setCompositionMode(QPainter::CompositionMode_SourceOver);
-    m_tilePainter->translate(-box.topLeft());
     for (int y = 0; y < box.height(); ++y) {
         const QRgb *from = imageRow(y);
-        const QRgb *row = m_pixels + y * kSide;
+        QRgb *row = m_pixels + y * m_tile.width();
+        std::transform(from, from + box.width(), row, [](QRgb pixel) { return qPremultiply(pixel); });
         if (!std::equal(from, from + box.width(), row,
                         [](QRgb pixel, QRgb fetched) { return pixel == Storing::ofQt().stored(fetched); }))
             return false;
@@ -200,10 +204,21 @@ bool RoundLines::load(const QRect &box)
     return true;
 }
 
+// A painter, in the coordinates of the image. Not every pen needs one, and it takes up tens of kilobytes.
+QPainter &RoundLines::onTile()
+{
+    if (!m_tilePainter) {
+        m_tilePainter.emplace(&m_tile);
+        m_tilePainter->setRenderHint(QPainter::Antialiasing);
+    }
+    m_tilePainter->setTransform(QTransform::fromTranslate(-m_box.left(), -m_box.top()));
+    return *m_tilePainter;
+}
+
 void RoundLines::store()
 {
     for (int y = 0; y < m_box.height(); ++y) {
-        const QRgb *row = m_pixels + y * kSide;
+        const QRgb *row = m_pixels + y * m_tile.width();
         const auto stored = [](QRgb pixel) { return Storing::ofQt().stored(pixel); };
         std::transform(row, row + m_box.width(), imageRow(y), stored);
     }
@@ -233,14 +248,18 @@ bool RoundLines::trace(const QLineF &line)
 void RoundLines::fill(const Outline &outline, QRgb ink)
 {
     const QRect area = m_box & outline.pixels;
-    m_band.moveTo(area);
+    if (!m_band || m_bandSize.width() < area.width() || m_bandSize.height() < area.height()) {
+        m_bandSize = m_bandSize.expandedTo(area.size());
+        m_band.emplace(m_bandSize);
+    }
+    m_band->moveTo(area);
     for (std::size_t i = outline.firstEdge; i < outline.endEdge; ++i)
-        m_band.add(m_edges[i]);
+        m_band->add(m_edges[i]);
 
     std::array<uchar, kMostLine> coverage;
     for (int y = area.top(); y <= area.bottom(); ++y) {
-        QRgb *const row = m_pixels + (y - m_box.top()) * kSide + area.left() - m_box.left();
-        for (int x = m_band.takeRow(y, coverage.data()); x < area.width(); ++x) {
+        QRgb *const row = m_pixels + (y - m_box.top()) * m_tile.width() + area.left() - m_box.left();
+        for (int x = m_band->takeRow(y, coverage.data()); x < area.width(); ++x) {
             if (const uint covered = coverage[std::size_t(x)]; covered > 0)
                 row[x] = laidOver(covered < kFullCoverage ? scaled(ink, covered) : ink, row[x]);
         }

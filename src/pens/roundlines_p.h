@@ -50,6 +50,7 @@ private:
     void fill(const Outline &outline, QRgb ink);
     void store();
     QRgb *imageRow(int y);
+    QPainter &onTile();
 
     QImage &m_image;
     std::vector<Pass> m_passes;
@@ -57,11 +58,12 @@ private:
     bool m_isAble; // to paint on this image, as far as is known
     std::vector<Edge> m_edges;
     std::vector<Outline> m_outlines; // of some lines, for each pen that is wider than a pixel
-    QRect m_box;                     // of the image, in the tile
+    QRect m_box;                     // of the image, in the tile, which is as large as was needed so far
     QImage m_tile;                   // premultiplied
     QRgb *m_pixels = nullptr;        // of the tile
     std::optional<QPainter> m_tilePainter;
-    CoverageBand m_band;
+    QSize m_bandSize{0, 0};
+    std::optional<CoverageBand> m_band;
 };
 
 } // namespace InkInternal
