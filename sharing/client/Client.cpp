@@ -300,7 +300,7 @@ void Client::settle(const std::vector<QByteArray> &codes, InkLesson::Lesson::Arr
 
 void Client::catchUp()
 {
-    if (m_state != State::CatchingUp || m_reader.length() < m_last || m_beside)
+    if (m_state != State::CatchingUp || m_reader.length() < m_last)
         return;
     m_state = State::Open;
     setBackTo(m_places.size()); // a journal may have more than the stream has now
