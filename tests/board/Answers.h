@@ -55,3 +55,15 @@ void withDialog(const std::function<void(T &dialog)> &act)
         }
     });
 }
+
+// Does this with the next dialog of the type Dialog, however it comes to its end.
+template <typename Dialog, typename Use>
+void whenAsked(Use use)
+{
+    QTimer::singleShot(0, qApp, [use] {
+        if (auto *dialog = qobject_cast<Dialog *>(QApplication::activeModalWidget()))
+            use(*dialog);
+        else
+            whenAsked<Dialog>(use);
+    });
+}

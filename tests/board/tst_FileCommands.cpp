@@ -1,3 +1,4 @@
+#include "Answers.h"
 #include "board/files/FileCommands.h"
 
 #include "Patience.h"
@@ -14,22 +15,6 @@
 #include <QtWidgets/QPushButton>
 
 using namespace Board;
-
-namespace {
-
-// Answers the next dialog of its kind.
-template <typename Dialog, typename Answer>
-void whenAsked(Answer answer)
-{
-    QTimer::singleShot(0, [answer] {
-        if (auto *dialog = qobject_cast<Dialog *>(QApplication::activeModalWidget()))
-            answer(*dialog);
-        else
-            whenAsked<Dialog>(answer);
-    });
-}
-
-} // namespace
 
 class tst_FileCommands : public QObject
 {

@@ -1,3 +1,4 @@
+#include "Answers.h"
 #include "Patience.h"
 #include "board/canvas/Canvas.h"
 #include "board/files/FileCommands.h"
@@ -17,18 +18,6 @@
 using namespace Board;
 
 namespace {
-
-// Answers the next dialog of its kind.
-template <typename Dialog, typename Answer>
-void whenAsked(Answer answer)
-{
-    QTimer::singleShot(0, [answer] {
-        if (auto *dialog = qobject_cast<Dialog *>(QApplication::activeModalWidget()))
-            answer(*dialog);
-        else
-            whenAsked<Dialog>(answer);
-    });
-}
 
 void chooseFile(const QString &fileName)
 {

@@ -1,3 +1,4 @@
+#include "Answers.h"
 #include "board/files/SaveDialog.h"
 
 #include <QtCore/QTemporaryDir>
@@ -12,18 +13,6 @@
 using namespace Board;
 
 namespace {
-
-// Runs `use` with the next modal dialog of that class, as soon as it is there.
-template <typename Dialog, typename Use>
-void whenAsked(Use use)
-{
-    QTimer::singleShot(0, qApp, [use] {
-        if (auto *dialog = qobject_cast<Dialog *>(QApplication::activeModalWidget()))
-            use(*dialog);
-        else
-            whenAsked<Dialog>(use);
-    });
-}
 
 void type(QFileDialog &dialog, const QString &fileName)
 {
