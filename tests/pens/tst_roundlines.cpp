@@ -168,6 +168,15 @@ TEST(RoundLines, longAndWideLinesAreLeftToQt)
     EXPECT_EQ(painted({{50.3, 60.7}, {51.4, 61.2}}, 42), 0);
 }
 
+TEST(RoundLines, farFromTheCornerOfTheImageIsLeftToQt)
+{
+    QImage image(16'500, 40, QImage::Format_ARGB32);
+    image.fill(Qt::transparent);
+    const auto line = [](double right) { return QVector<QPointF>{{right - 6.2, 20.3}, {right - 4.5, 20.9}}; };
+    EXPECT_EQ(painted(line(16383.9), pens({5}), image), 1);
+    EXPECT_EQ(painted(line(16384.1), pens({5}), image), 0);
+}
+
 TEST(RoundLines, coordinatesWhereRoundingDecidesAreLeftToQt)
 {
     // Two pixels beside a level line there is a point of the outline: at y = 63 + 1 / 128, between two parts of a
