@@ -10,26 +10,10 @@ using namespace InkInternal;
 
 namespace {
 
-constexpr int kSubpixelBits = 8;
-constexpr int kPixel = 1 << kSubpixelBits; // subpixels
-constexpr int kFull = 255;                 // coverage of a whole pixel
-constexpr int kCoarsePixel = 64;           // what Qt rounds the points of an outline to
-constexpr double kFlatness = 0.25;         // device pixels, about, between a curve and its lines
-constexpr int kMostSplits = 9;             // of a curve, one within the other
-constexpr double kDeviceLimit = 32767;     // device pixels, in each direction and from edge to edge
-
-// Rounded down, with what remains.
-struct Division
-{
-    int quotient, remainder;
-};
-
-Division divided(int dividend, int divisor)
-{
-    const int quotient = dividend / divisor;
-    const int remainder = dividend % divisor;
-    return remainder < 0 ? Division{quotient - 1, remainder + divisor} : Division{quotient, remainder};
-}
+constexpr int kCoarsePixel = 64;       // what Qt rounds the points of an outline to
+constexpr double kFlatness = 0.25;     // device pixels, about, between a curve and its lines
+constexpr int kMostSplits = 9;         // of a curve, one within the other
+constexpr double kDeviceLimit = 32767; // device pixels, in each direction and from edge to edge
 
 class EdgeList
 {
@@ -87,7 +71,7 @@ private:
 
     static int rounded(double coordinate)
     {
-        return qRound(qBound(-kDeviceLimit, coordinate, kDeviceLimit) * kCoarsePixel) * (kPixel / kCoarsePixel);
+        return qRound(qBound(-kDeviceLimit, coordinate, kDeviceLimit) * kCoarsePixel) * (kSubpixels / kCoarsePixel);
     }
 
     void close() { edgeTo(m_start); }
@@ -203,101 +187,34 @@ void CoverageBand::moveTo(const QRect &pixels)
 
 void CoverageBand::add(const Edge &edge)
 {
-    int y = edge.y1 >> kSubpixelBits;
-    const int lastY = edge.y2 >> kSubpixelBits;
-    if ((y < m_top && lastY < m_top) || (y >= m_top + m_rows && lastY >= m_top + m_rows))
-        return;
-    const int from = edge.y1 - y * kPixel;
-    const int to = edge.y2 - lastY * kPixel;
-    if (y == lastY)
-        return addToRow(y, edge.x1, from, edge.x2, to);
-
-    const bool isDown = edge.y2 > edge.y1;
-    const int step = isDown ? 1 : -1;
-    const int leave = isDown ? kPixel : 0; // where the edge leaves a row, and where it enters the next
-    const int enter = kPixel - leave;
-    const int width = edge.x2 - edge.x1;
-    const int height = std::abs(edge.y2 - edge.y1);
-
-    const Division start = divided(std::abs(leave - from) * width, height);
-    int x = edge.x1 + start.quotient;
-    addToRow(y, edge.x1, from, x, leave);
-    y += step;
-
-    const Division slope = divided(kPixel * width, height);
-    int error = start.remainder;
-    const int ahead = isDown ? m_top - y : y - (m_top + m_rows - 1);
-    if (ahead > 0) { // rows before the band
-        const int rows = std::min(ahead, std::abs(lastY - y));
-        const qint64 errors = error + qint64(rows) * slope.remainder;
-        x += rows * slope.quotient + int(errors / height);
-        error = int(errors % height);
-        y += rows * step;
-    }
-    for (; y != lastY && holds(y); y += step) {
-        const int entry = x;
-        x += slope.quotient;
-        error += slope.remainder;
-        if (error >= height) {
-            error -= height;
-            ++x;
-        }
-        addToRow(y, entry, enter, x, leave);
-    }
-    if (y == lastY)
-        addToRow(y, x, enter, edge.x2, to);
+    const int y = edge.y1 >> kSubpixelBits, lastY = edge.y2 >> kSubpixelBits;
+    if (std::max(y, lastY) >= m_top && std::min(y, lastY) < m_top + m_rows)
+        walk(edge, *this);
 }
 
-// From (x1, y1) to (x2, y2), both y within row `y` and counted from its top.
+int CoverageBand::ahead(int y, int step) const
+{
+    return step > 0 ? m_top - y : y - (m_top + m_rows - 1);
+}
+
 void CoverageBand::addToRow(int y, int x1, int y1, int x2, int y2)
 {
     if (y1 == y2 || !holds(y))
         return;
-    int x = x1 >> kSubpixelBits;
-    const int lastX = x2 >> kSubpixelBits;
-    const int from = x1 - x * kPixel;
-    const int to = x2 - lastX * kPixel;
     int &first = m_first[std::size_t(y - m_top)];
-    first = std::min(first, std::clamp(std::min(x, lastX) - m_left + 1, 0, m_width + 1));
+    first = std::min(first, std::clamp((std::min(x1, x2) >> kSubpixelBits) - m_left + 1, 0, m_width + 1));
     Cell *const cells = cellsOf(y);
-    if (x == lastX)
-        return addToCell(cells, x, from + to, y2 - y1);
-
-    const bool isRight = x2 > x1;
-    const int step = isRight ? 1 : -1;
-    const int leave = isRight ? kPixel : 0;
-    const int width = std::abs(x2 - x1);
-
-    const Division start = divided(std::abs(leave - from) * (y2 - y1), width);
-    addToCell(cells, x, from + leave, start.quotient);
-    const int rest = y2 - y1;
-    y1 += start.quotient;
-    x += step;
-    if (x != lastX) {
-        const Division slope = divided(kPixel * rest, width);
-        int error = start.remainder;
-        for (; x != lastX; x += step) {
-            int height = slope.quotient;
-            error += slope.remainder;
-            if (error >= width) {
-                error -= width;
-                ++height;
-            }
-            addToCell(cells, x, kPixel, height);
-            y1 += height;
-        }
-    }
-    addToCell(cells, x, to + kPixel - leave, y2 - y1);
+    walkRow(x1, y1, x2, y2, [&](int x, int area, int height) { addToCell(cells, x, area, height); });
 }
 
 // What lies left of the band counts in its first cell, what lies right of it nowhere.
-inline void CoverageBand::addToCell(Cell *cells, int x, int width, int height) const
+inline void CoverageBand::addToCell(Cell *cells, int x, int area, int height) const
 {
     const int i = x - m_left + 1;
     if (i > m_width)
         return;
     Cell &cell = cells[std::max(i, 0)];
-    cell.area += width * height;
+    cell.area += area;
     cell.height += height;
 }
 
@@ -309,8 +226,7 @@ int CoverageBand::takeRow(int y, uchar *coverage)
     for (int i = std::max(first, 1); i <= m_width; ++i) {
         const Cell cell = std::exchange(cells[i], {});
         height += cell.height;
-        const qint64 area = 2 * kPixel * height - cell.area;
-        coverage[i - 1] = uchar(std::min<qint64>(std::abs(area >> (kSubpixelBits + 1)), kFull));
+        coverage[i - 1] = coverageOf(cell.area, height);
     }
     return std::max(first, 1) - 1;
 }

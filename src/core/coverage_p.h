@@ -4,6 +4,8 @@
 // the edges cut in one list for each row and walks it for each of them, so its time grows with the square of what lies
 // over each other; here it grows with the length of the edges alone.
 
+#include "core/edgewalk_p.h"
+
 #include <QtCore/QRect>
 #include <QtGui/QPainterPath>
 #include <QtGui/QTransform>
@@ -16,18 +18,11 @@ namespace InkInternal {
 // By how much Qt takes a transform to enlarge what is painted.
 double scaleOf(const QTransform &transform);
 
-// In 1/256 of a device pixel.
-struct Edge
-{
-    int x1, y1, x2, y2;
-};
-
 // The edges of an outline, flattened and rounded as QOutlineMapper of Qt 5.15 does, without those that lie along a row.
 // `toDevice` is affine. Nothing for an outline that reaches so far that Qt would cut it first.
 std::optional<std::vector<Edge>> edgesOf(const QPainterPath &outline, const QTransform &toDevice);
 
-// A band of pixel rows. The arithmetic of its cells is that of qgrayraster.c of Qt 5.15, which took it from FreeType's
-// smooth rasteriser: divisions hand their remainders on, from row to row and from cell to cell.
+// A band of pixel rows.
 class CoverageBand
 {
 public:
@@ -38,6 +33,11 @@ public:
     void moveTo(const QRect &pixels);
 
     void add(const Edge &edge);
+
+    // As walk() asks for.
+    bool holds(int y) const { return unsigned(y - m_top) < unsigned(m_rows); }
+    int ahead(int y, int step) const;
+    void addToRow(int y, int x1, int y1, int x2, int y2);
 
     // Takes a row out of the band: how much of each pixel is covered, 0 to 255 by the non-zero winding rule. Returns
     // the first pixel that may be covered at all; `coverage` is written from there on, one value a pixel of the band.
@@ -51,10 +51,8 @@ private:
         qint64 area, height;
     };
 
-    bool holds(int y) const { return unsigned(y - m_top) < unsigned(m_rows); }
     Cell *cellsOf(int y) { return &m_cells[std::size_t(y - m_top) * m_rowCells]; }
-    void addToRow(int y, int x1, int y1, int x2, int y2);
-    void addToCell(Cell *cells, int x, int width, int height) const;
+    void addToCell(Cell *cells, int x, int area, int height) const;
 
     const std::size_t m_rowCells; // one for all that lies left of the band, then one for each pixel
     int m_left = 0, m_width = 0;

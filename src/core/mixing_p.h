@@ -4,6 +4,8 @@
 
 #include <QtGui/QRgb>
 
+#include <cstring>
+
 namespace InkInternal {
 
 constexpr uint kFullCoverage = 255; // of a pixel that is covered as a whole
@@ -33,6 +35,52 @@ inline QRgb scaled(QRgb pixel, uint a)
 inline QRgb laidOver(QRgb ink, QRgb pixel)
 {
     return ink + scaled(pixel, kFullCoverage - uint(qAlpha(ink)));
+}
+
+// The channels of two pixels as one value, which processors multiply at once.
+using TwoPixels = quint16 __attribute__((vector_size(16)));
+
+inline TwoPixels twoPixels(const QRgb *pixels)
+{
+    using Bytes = uchar __attribute__((vector_size(8)));
+    Bytes bytes;
+    std::memcpy(&bytes, pixels, sizeof bytes);
+    return __builtin_convertvector(bytes, TwoPixels);
+}
+
+inline void store(QRgb *to, TwoPixels pixels)
+{
+    using Bytes = uchar __attribute__((vector_size(8)));
+    const Bytes bytes = __builtin_convertvector(pixels, Bytes);
+    std::memcpy(to, &bytes, sizeof bytes);
+}
+
+inline TwoPixels scaled(TwoPixels pixels, TwoPixels parts)
+{
+    constexpr quint16 kHalf = 0x80;
+    const TwoPixels product = pixels * parts;
+    return (product + (product >> 8) + kHalf) >> 8;
+}
+
+// `ink` over each pixel of a row, as much as that is covered.
+inline void layOver(QRgb *row, const uchar *coverage, int count, QRgb ink)
+{
+    constexpr int kAlpha = Q_BYTE_ORDER == Q_LITTLE_ENDIAN ? 3 : 0; // of the first pixel; four more of the second
+    const QRgb inks[] = {ink, ink};
+    const TwoPixels both = twoPixels(inks);
+    int x = 0;
+    for (; x + 1 < count; x += 2) {
+        const quint16 a = coverage[x], b = coverage[x + 1];
+        if ((a | b) == 0)
+            continue;
+        const bool areWhole = (a & b) == kFullCoverage;
+        const TwoPixels above = areWhole ? both : scaled(both, TwoPixels{a, a, a, a, b, b, b, b});
+        const TwoPixels alphas = __builtin_shufflevector(above, above, kAlpha, kAlpha, kAlpha, kAlpha, kAlpha + 4,
+                                                         kAlpha + 4, kAlpha + 4, kAlpha + 4);
+        store(row + x, above + scaled(twoPixels(row + x), quint16(kFullCoverage) - alphas));
+    }
+    if (x < count)
+        row[x] = laidOver(scaled(ink, coverage[x]), row[x]);
 }
 
 } // namespace InkInternal

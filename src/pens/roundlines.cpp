@@ -14,7 +14,6 @@ using namespace InkInternal;
 namespace {
 
 constexpr int kSide = 128;            // pixels of a tile
-constexpr int kMostLine = 48;         // pixels that a line may reach over, in each direction
 constexpr int kMostAtOnce = 16;       // lines
 constexpr double kHairline = 1;       // up to this width Qt paints lines, not outlines
 constexpr double kShortest = 1. / 64; // pixels; nearer points may be one to Qt
@@ -130,6 +129,8 @@ RoundLines::RoundLines(QImage &image, const std::vector<QPen> &pens)
         m_passes.push_back({pen, inkOf(pen), RoundOutline(pen.widthF())});
         m_widest = std::max(m_widest, pen.widthF());
     }
+    constexpr std::size_t kEdges = 64; // of one line with all pens, if they are not wide
+    m_edges.reserve(kMostAtOnce * kEdges);
 }
 
 int RoundLines::paint(const QVector<QPointF> &points, int first)
@@ -159,8 +160,7 @@ int RoundLines::paint(const QVector<QPointF> &points, int first)
             if (pass.hasOutline()) {
                 fill(*outline++, pass.ink);
             } else {
-                onTile().setPen(pass.pen);
-                onTile().drawLine(points.at(i), points.at(i + 1));
+                onTile(pass).drawLine(points.at(i), points.at(i + 1));
             }
         }
     }
@@ -177,7 +177,7 @@ std::optional<QRect> RoundLines::pixelsAround(const QPointF &from, const QPointF
     const double top = std::min(from.y(), to.y()) - reach, bottom = std::max(from.y(), to.y()) + reach;
     const bool isInside = left >= 0 && top >= 0 && right < std::min(double(m_image.width()), kFarthest) &&
                           bottom < std::min(double(m_image.height()), kFarthest);
-    if (!isInside || right - left >= kMostLine - 1 || bottom - top >= kMostLine - 1 ||
+    if (!isInside || right - left >= SmallCoverage::kMostSide - 1 || bottom - top >= SmallCoverage::kMostSide - 1 ||
         !(std::hypot(to.x() - from.x(), to.y() - from.y()) >= kShortest))
         return {};
     return QRect(QPoint(int(left), int(top)), QPoint(int(right), int(bottom)));
@@ -193,6 +193,7 @@ bool RoundLines::load(const QRect &box)
         m_pixels = reinterpret_cast<QRgb *>(m_tile.bits());
     }
     m_box = box;
+    m_tilePass = nullptr;
     for (int y = 0; y < box.height(); ++y) {
         const QRgb *from = imageRow(y);
         QRgb *row = m_pixels + y * m_tile.width();
@@ -204,14 +205,19 @@ bool RoundLines::load(const QRect &box)
     return true;
 }
 
-// A painter, in the coordinates of the image. Not every pen needs one, and it takes up tens of kilobytes.
-QPainter &RoundLines::onTile()
+// A painter with the pen of a pass, in the coordinates of the image. Not every brush needs one, and it takes up tens of
+// kilobytes.
+QPainter &RoundLines::onTile(const Pass &pass)
 {
     if (!m_tilePainter) {
         m_tilePainter.emplace(&m_tile);
         m_tilePainter->setRenderHint(QPainter::Antialiasing);
     }
-    m_tilePainter->setTransform(QTransform::fromTranslate(-m_box.left(), -m_box.top()));
+    if (m_tilePass != &pass) {
+        m_tilePainter->setTransform(QTransform::fromTranslate(-m_box.left(), -m_box.top()));
+        m_tilePainter->setPen(pass.pen);
+        m_tilePass = &pass;
+    }
     return *m_tilePainter;
 }
 
@@ -248,20 +254,11 @@ bool RoundLines::trace(const QLineF &line)
 void RoundLines::fill(const Outline &outline, QRgb ink)
 {
     const QRect area = m_box & outline.pixels;
-    if (!m_band || m_bandSize.width() < area.width() || m_bandSize.height() < area.height()) {
-        m_bandSize = m_bandSize.expandedTo(area.size());
-        m_band.emplace(m_bandSize);
-    }
-    m_band->moveTo(area);
+    m_coverage.moveTo(area);
     for (std::size_t i = outline.firstEdge; i < outline.endEdge; ++i)
-        m_band->add(m_edges[i]);
-
-    std::array<uchar, kMostLine> coverage;
+        m_coverage.add(m_edges[i]);
     for (int y = area.top(); y <= area.bottom(); ++y) {
         QRgb *const row = m_pixels + (y - m_box.top()) * m_tile.width() + area.left() - m_box.left();
-        for (int x = m_band->takeRow(y, coverage.data()); x < area.width(); ++x) {
-            if (const uint covered = coverage[std::size_t(x)]; covered > 0)
-                row[x] = laidOver(covered < kFullCoverage ? scaled(ink, covered) : ink, row[x]);
-        }
+        layOver(row, m_coverage.takeRow(y), area.width(), ink);
     }
 }

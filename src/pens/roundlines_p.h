@@ -2,7 +2,7 @@
 
 // Short lines with round ends, many of them over each other, to the last bit as QPainter paints them.
 
-#include "core/coverage_p.h"
+#include "core/smallcoverage_p.h"
 #include "pens/roundoutline_p.h"
 
 #include <QtGui/QImage>
@@ -50,7 +50,7 @@ private:
     void fill(const Outline &outline, QRgb ink);
     void store();
     QRgb *imageRow(int y);
-    QPainter &onTile();
+    QPainter &onTile(const Pass &pass);
 
     QImage &m_image;
     std::vector<Pass> m_passes;
@@ -62,8 +62,8 @@ private:
     QImage m_tile;                   // premultiplied
     QRgb *m_pixels = nullptr;        // of the tile
     std::optional<QPainter> m_tilePainter;
-    QSize m_bandSize{0, 0};
-    std::optional<CoverageBand> m_band;
+    const Pass *m_tilePass = nullptr; // that the painter is ready for
+    SmallCoverage m_coverage;
 };
 
 } // namespace InkInternal

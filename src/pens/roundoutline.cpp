@@ -9,9 +9,21 @@ using namespace InkInternal;
 namespace {
 
 constexpr double kFlatness = 0.25;            // what QBezier::addToPolygon() asks of a curve to be a line
-constexpr int kPixel = 256;                   // of an edge
 constexpr int kCoarsePixel = 64;              // what Qt rounds the points of an outline to
 constexpr double kUncertain = 1. / (1 << 20); // more than all that roundings add up to
+
+using Vector = RoundOutline::Vector;
+
+Vector vectorOf(const QPointF &point)
+{
+    return Vector{point.x(), point.y()};
+}
+
+// To the right, where y grows downwards.
+Vector quarterTurned(Vector vector)
+{
+    return Vector{-vector[1], vector[0]};
+}
 
 double cross(const QPointF &v, const QPointF &w)
 {
@@ -69,6 +81,55 @@ private:
     std::array<Piece, kPieces> m_pieces;
 };
 
+// The edges of a line with round ends, whose points Qt rounds.
+class Contour
+{
+public:
+    void moveTo(Vector point) { m_first = m_last = placed(point); }
+
+    void lineTo(Vector point) { edgeTo(placed(point)); }
+
+    void close() { edgeTo(m_first); }
+
+    const Edge *begin() const { return m_edges.data(); }
+    const Edge *end() const { return m_end; }
+
+    // No point was so close to where Qt rounds it to another one that the last bit decides.
+    bool isCertain() const { return std::max(m_farthest[0], m_farthest[1]) < 0.5 - kUncertain; }
+
+private:
+    using Point = int __attribute__((vector_size(8))); // as in Edge
+
+    Point placed(Vector point)
+    {
+        const Vector coarse = point * double(kCoarsePixel) + 0.5;
+        const Point rounded = __builtin_convertvector(coarse, Point);
+        const Vector above = coarse - __builtin_convertvector(rounded, Vector) - 0.5;
+        const Vector distance = above < 0 ? -above : above;
+        m_farthest = distance > m_farthest ? distance : m_farthest;
+        return rounded * (kSubpixels / kCoarsePixel);
+    }
+
+    void edgeTo(Point point)
+    {
+        if (point[1] != m_last[1]) {
+            m_end->x1 = m_last[0];
+            m_end->y1 = m_last[1];
+            m_end->x2 = point[0];
+            m_end->y2 = point[1];
+            ++m_end;
+        }
+        m_last = point;
+    }
+
+    static constexpr int kMost = 4 * (Quarter::kPieces / 2 + 1);
+
+    std::array<Edge, kMost> m_edges;
+    Edge *m_end = m_edges.data();
+    Point m_first{}, m_last{};
+    Vector m_farthest{}; // of all coordinates from the middle of what is rounded alike
+};
+
 } // namespace
 
 RoundOutline::RoundOutline(double width)
@@ -94,78 +155,61 @@ void RoundOutline::split(int piece)
 
 std::optional<QRect> RoundOutline::trace(const QLineF &line, std::vector<Edge> &edges)
 {
-    m_edges = &edges;
+    const Vector from = vectorOf(line.p1()), to = vectorOf(line.p2());
+    const Vector along = (to - from) * (m_reach / std::hypot(line.dx(), line.dy()));
+    const Vector beside = -quarterTurned(along);
     m_isCertain = true;
-    const QPointF from = line.p1(), to = line.p2();
-    const QPointF along = (to - from) * (m_reach / std::hypot(line.dx(), line.dy()));
-    const QPointF beside(along.y(), -along.x());
-    const Point start = placed(from + beside);
-    m_end = start;
-    edgeTo(placed(to + beside));
-    addQuarter(to, along, beside);
-    addQuarter(to, -beside, along);
-    edgeTo(placed(from - beside));
-    addQuarter(from, -along, -beside);
-    addQuarter(from, beside, -along);
-    edgeTo(start);
-
-    if (!m_isCertain)
-        return {};
-    const double reach = m_reach + 1. / kCoarsePixel;
-    return QRect(QPoint(int(std::min(from.x(), to.x()) - reach), int(std::min(from.y(), to.y()) - reach)),
-                 QPoint(int(std::max(from.x(), to.x()) + reach), int(std::max(from.y(), to.y()) + reach)));
-}
-
-// A quarter that is turned and enlarged so that its axes are `right` and `up`, in the lines that Qt makes of it.
-void RoundOutline::addQuarter(const QPointF &middle, const QPointF &right, const QPointF &up)
-{
+    m_ends.clear();
     for (const int piece : m_pieces)
-        addPiece(piece, middle, right, up);
+        addPiece(piece, along, beside);
+
+    Contour contour;
+    contour.moveTo(from + beside);
+    contour.lineTo(to + beside);
+    for (const Vector &end : m_ends)
+        contour.lineTo(to + end);
+    for (const Vector &end : m_ends)
+        contour.lineTo(to + quarterTurned(end));
+    contour.lineTo(from - beside);
+    for (const Vector &end : m_ends)
+        contour.lineTo(from - end);
+    for (const Vector &end : m_ends)
+        contour.lineTo(from - quarterTurned(end));
+    contour.close();
+
+    if (!m_isCertain || !contour.isCertain())
+        return {};
+    edges.insert(edges.end(), contour.begin(), contour.end());
+    const double reach = m_reach + 1. / kCoarsePixel;
+    return QRect(QPoint(int(std::min(from[0], to[0]) - reach), int(std::min(from[1], to[1]) - reach)),
+                 QPoint(int(std::max(from[0], to[0]) + reach), int(std::max(from[1], to[1]) + reach)));
 }
 
-void RoundOutline::addPiece(int piece, const QPointF &middle, const QPointF &right, const QPointF &up)
+// Where the lines end that Qt makes of a quarter whose axes are `right` and `up`. Of those that are turned by right
+// angles it makes the same, since neither a length nor what it asks of a curve depends on such a turn.
+void RoundOutline::addPiece(int piece, Vector right, Vector up)
 {
     if (isFlat(piece, right, up)) {
         const QPointF end = Quarter::ofCircle().at(piece).end;
-        edgeTo(placed(middle + end.x() * right + end.y() * up));
+        m_ends.push_back(end.x() * right + end.y() * up);
     } else if (2 * piece < Quarter::kPieces) {
-        addPiece(2 * piece, middle, right, up);
-        addPiece(2 * piece + 1, middle, right, up);
+        addPiece(2 * piece, right, up);
+        addPiece(2 * piece + 1, right, up);
     } else {
         m_isCertain = false;
     }
 }
 
-bool RoundOutline::isFlat(int piece, const QPointF &right, const QPointF &up)
+bool RoundOutline::isFlat(int piece, Vector right, Vector up)
 {
     const Quarter::Piece &curve = Quarter::ofCircle().at(piece);
     const auto manhattan = [&](const QPointF &vector) {
-        return std::abs(vector.x() * right.x() + vector.y() * up.x()) +
-               std::abs(vector.x() * right.y() + vector.y() * up.y());
+        const Vector turned = vector.x() * right + vector.y() * up;
+        return std::abs(turned[0]) + std::abs(turned[1]);
     };
     const double length = manhattan(curve.chord);
     return isLess(1, length) ? isLess(m_reach * m_reach * curve.bend, kFlatness * length)
                              : isLess(manhattan(curve.control1) + manhattan(curve.control2), kFlatness);
-}
-
-RoundOutline::Point RoundOutline::placed(const QPointF &point)
-{
-    return {placed(point.x()), placed(point.y())};
-}
-
-int RoundOutline::placed(double coordinate)
-{
-    const double coarse = coordinate * kCoarsePixel + 0.5;
-    const int rounded = int(coarse);
-    m_isCertain = m_isCertain & (std::abs(coarse - rounded - 0.5) < 0.5 - kUncertain);
-    return rounded * (kPixel / kCoarsePixel);
-}
-
-void RoundOutline::edgeTo(Point point)
-{
-    if (point.y != m_end.y)
-        m_edges->push_back({m_end.x, m_end.y, point.x, point.y});
-    m_end = point;
 }
 
 bool RoundOutline::isLess(double a, double b)

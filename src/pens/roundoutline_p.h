@@ -2,7 +2,7 @@
 
 // The outline of a line with round ends, as Qt's raster engine fills it.
 
-#include "core/coverage_p.h"
+#include "core/edgewalk_p.h"
 
 #include <QtCore/QLineF>
 #include <QtCore/QRect>
@@ -25,26 +25,19 @@ public:
     // not be those that Qt makes.
     std::optional<QRect> trace(const QLineF &line, std::vector<Edge> &edges);
 
-private:
-    struct Point
-    {
-        int x, y; // as in Edge
-    };
+    // Both coordinates as one value, which processors compute at once.
+    using Vector = double __attribute__((vector_size(16)));
 
+private:
     void split(int piece);
-    bool isFlat(int piece, const QPointF &right, const QPointF &up);
-    void addQuarter(const QPointF &middle, const QPointF &right, const QPointF &up);
-    void addPiece(int piece, const QPointF &middle, const QPointF &right, const QPointF &up);
-    Point placed(const QPointF &point);
-    int placed(double coordinate);
-    void edgeTo(Point point);
+    bool isFlat(int piece, Vector right, Vector up);
+    void addPiece(int piece, Vector right, Vector up);
     bool isLess(double a, double b);
 
-    double m_reach;            // half of the width
-    std::vector<int> m_pieces; // of a quarter, that may be lines in some direction
-    bool m_isCertain = true;
-    Point m_end{};
-    std::vector<Edge> *m_edges = nullptr;
+    double m_reach;             // half of the width
+    std::vector<int> m_pieces;  // of a quarter, that may be lines in some direction
+    bool m_isCertain = true;    // which of them are, in this one
+    std::vector<Vector> m_ends; // of the lines of its first quarter, from the middle
 };
 
 } // namespace InkInternal

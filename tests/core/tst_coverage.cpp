@@ -1,6 +1,7 @@
 // What edges cover of the pixels that they pass, worked out by hand.
 
 #include "core/coverage_p.h"
+#include "core/smallcoverage_p.h"
 
 #include <gtest/gtest.h>
 
@@ -287,5 +288,52 @@ TEST(CoverageBand, bandsOfAnyHeightAreAlike)
         const std::vector<uchar> whole = rows(kHeight);
         ASSERT_EQ(rows(1), whole) << i;
         ASSERT_EQ(rows(7), whole) << i;
+    }
+}
+
+TEST(SmallCoverage, rowsAreTakenOnce)
+{
+    SmallCoverage block;
+    block.moveTo({2, 3, 4, 2});
+    for (const Edge &edge : box(2 * 256 + 64, 3 * 256, 4 * 256 + 128, 5 * 256))
+        block.add(edge);
+    const uchar *covered = block.takeRow(3);
+    EXPECT_EQ(Row(covered, covered + 4), Row({192, 255, 128, 0}));
+    covered = block.takeRow(4);
+    EXPECT_EQ(Row(covered, covered + 4), Row({192, 255, 128, 0}));
+    block.moveTo({2, 3, 4, 2});
+    covered = block.takeRow(3);
+    EXPECT_EQ(Row(covered, covered + 4), Row({0, 0, 0, 0}));
+}
+
+// Up to the largest, with edges along its border.
+TEST(SmallCoverage, blocksAreLikeBands)
+{
+    constexpr int kSide = SmallCoverage::kMostSide;
+    const quint32 seed = std::random_device()();
+    std::cout << "seed " << seed << std::endl;
+    std::mt19937 random(seed);
+    SmallCoverage block;
+    for (int i = 0; i < 2000; ++i) {
+        const int width = 2 + int(random() % (kSide - 1)), height = 2 + int(random() % (kSide - 1));
+        const QRect pixels(int(random() % 1000U), int(random() % 1000U), width, height);
+        const auto place = [&](int from, int size) {
+            return 256 * from + 4 * int(random() % unsigned(64 * (size - 1) + 1));
+        };
+        CoverageBand band(pixels.size());
+        band.moveTo(pixels);
+        block.moveTo(pixels);
+        for (int j = 0; j < 12; ++j) {
+            const Edge edge{place(pixels.left(), width), place(pixels.top(), height), place(pixels.left(), width),
+                            place(pixels.top(), height)};
+            band.add(edge);
+            block.add(edge);
+        }
+        for (int y = pixels.top(); y <= pixels.bottom(); ++y) {
+            std::vector<uchar> expected(std::size_t(width), 0);
+            band.takeRow(y, expected.data());
+            const uchar *covered = block.takeRow(y);
+            ASSERT_EQ(std::vector<uchar>(covered, covered + width), expected) << i << ", row " << y;
+        }
     }
 }

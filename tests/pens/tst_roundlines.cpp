@@ -2,6 +2,7 @@
 
 #include "Exact.h"
 
+#include "core/coverage_p.h"
 #include "pens/roundlines_p.h"
 
 #include <QtGui/QPainterPathStroker>
