@@ -16,17 +16,26 @@ namespace InkLesson {
 
 namespace {
 
-// Transparent. The system gives it memory where it is painted on, and only there. Qt reads a little beyond the pixels
-// where it smooths an image.
+constexpr std::size_t kSpareBytes = 4096; // Qt reads a little beyond the pixels where it smooths an image
+
+int bytesPerLine(const QSize &size)
+{
+    return size.width() * int(sizeof(QRgb));
+}
+
+std::size_t bytesOf(const QSize &size)
+{
+    return std::size_t(size.height()) * std::size_t(bytesPerLine(size));
+}
+
+// Transparent. The system gives it memory where it is painted on, and only there.
 std::unique_ptr<QImage> blankCanvas(const QSize &size)
 {
-    constexpr std::size_t kSpareBytes = 4096;
-    const std::size_t bytesPerLine = std::size_t(size.width()) * sizeof(QRgb);
-    void *start = std::calloc(std::size_t(size.height()) * bytesPerLine + 2 * kSpareBytes, 1);
+    void *start = std::calloc(bytesOf(size) + 2 * kSpareBytes, 1);
     if (!start)
         return nullptr;
     return std::make_unique<QImage>(static_cast<uchar *>(start) + kSpareBytes, size.width(), size.height(),
-                                    int(bytesPerLine), QImage::Format_ARGB32, std::free, start);
+                                    bytesPerLine(size), QImage::Format_ARGB32, std::free, start);
 }
 
 // The pixels that a pen may have rendered, none of them farther from one of its points than it is wide.
@@ -59,23 +68,34 @@ std::shared_ptr<const Sprite> Sketch::spriteOf(CInkGraph &object, const QRect &a
 {
     if (reach.isEmpty())
         return std::make_shared<const Sprite>();
-    if (m_pixels.size() != page) {
-        m_pixels = QImage(page, QImage::Format_ARGB32_Premultiplied);
-        m_pixels.fill(Qt::transparent);
-    }
-    if (m_pixels.isNull())
+    QImage pixels = pixelsFrom(reach.topLeft(), page);
+    if (pixels.isNull())
         return nullptr;
-    m_pixels.paintEngine()->setSystemClip(reach);
+    pixels.paintEngine()->setSystemClip(reach);
     {
-        QPainter painter(&m_pixels);
+        QPainter painter(&pixels);
         const StateMark mark(painter);
         QRect area = asked;
         object.Draw(painter, area);
     }
-    m_pixels.paintEngine()->setSystemClip(QRegion());
-    std::optional<Sprite> sprite = Sprite::of(m_pixels, reach, object.m_color);
-    wipe(m_pixels, sprite ? sprite->rect() : reach);
+    std::optional<Sprite> sprite = Sprite::of(pixels, reach, object.m_color);
+    wipe(pixels, sprite ? sprite->rect() : reach);
     return sprite ? std::make_shared<const Sprite>(std::move(*sprite)) : nullptr;
+}
+
+QImage Sketch::pixelsFrom(const QPoint &corner, const QSize &page)
+{
+    if (!m_memory || m_size != page) {
+        m_memory.reset(static_cast<QRgb *>(std::calloc(2, bytesOf(page))));
+        m_size = page;
+    }
+    if (!m_memory)
+        return {};
+    constexpr std::size_t kAligned = 16; // pixels, as Qt may lay them at once
+    const std::size_t width = std::size_t(page.width()), pixels = width * std::size_t(page.height());
+    const std::size_t before = (std::size_t(corner.y()) * width + std::size_t(corner.x())) / kAligned * kAligned;
+    return QImage(reinterpret_cast<uchar *>(m_memory.get() + pixels - before), page.width(), page.height(),
+                  bytesPerLine(page), QImage::Format_ARGB32_Premultiplied);
 }
 
 std::shared_ptr<const Sprite> Sketch::spriteOfPen(CInkPenGraph &pen, const QRect &asked, const QRect &reach,

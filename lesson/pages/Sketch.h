@@ -2,6 +2,7 @@
 
 #include "lesson/pages/Sprite.h"
 
+#include <cstdlib>
 #include <memory>
 
 class CInkGraph;
@@ -24,8 +25,18 @@ public:
                                               const QSize &page);
 
 private:
-    QImage m_pixels;
-    std::unique_ptr<QImage> m_canvas; // blank
+    struct Free
+    {
+        void operator()(void *memory) const { std::free(memory); }
+    };
+
+    // Transparent pixels of a page. Wherever `corner` is on it, the pixels from there on lie in the same memory, so
+    // that the processor has it at hand.
+    QImage pixelsFrom(const QPoint &corner, const QSize &page);
+
+    std::unique_ptr<QRgb, Free> m_memory; // twice as much as a page has, of which little is ever touched
+    QSize m_size;                         // of the page
+    std::unique_ptr<QImage> m_canvas;     // blank
 };
 
 } // namespace InkLesson

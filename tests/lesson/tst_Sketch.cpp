@@ -65,6 +65,22 @@ TEST(Sketch, aPenFindsNothingOfTheOneBefore)
     EXPECT_EQ(second->m_pImage, nullptr);
 }
 
+// The second lies where a smaller page has no pixels.
+TEST(Sketch, pagesOfSeveralSizesAreSketched)
+{
+    constexpr QSize kLarge(1000, 400);
+    Sketch sketch;
+    const auto first = brush({20, 20}, {60, 60});
+    EXPECT_TRUE(sketch.spriteOf(*first, kAll, kAll, kSize)->paintsIn({20, 20, 41, 41}));
+    Life life = brushLife({900, 380}, {960, 340});
+    life.canvas = kLarge;
+    const auto second = live(life).object;
+    const auto sprite = sketch.spriteOf(*second, QRect(QPoint(), kLarge), {880, 320, 120, 80}, kLarge);
+    EXPECT_TRUE(sprite->paintsIn({900, 370, 11, 11}));
+    EXPECT_FALSE(sprite->paintsIn({0, 0, 890, 400}));
+    EXPECT_TRUE(samePixels(painted(*sketch.spriteOf(*first, kAll, kAll, kSize)), paintedAlone({20, 20}, {60, 60})));
+}
+
 // At every edge, and of every tool that renders.
 TEST(Sketch, whatIsRenderedIsWipedToItsEdges)
 {
