@@ -40,7 +40,7 @@ Lesson::~Lesson() = default;
 
 std::unique_ptr<Page> Lesson::newPage(const QSize &size) const
 {
-    auto page = std::make_unique<Page>(size, m_header.density, m_papers);
+    auto page = std::make_unique<Page>(size, m_header.density, m_common);
     page->lend(m_workers);
     page->relive = [this](const ObjectId &id) { return live(*life(id)).object; };
     return page;

@@ -244,7 +244,7 @@ private:
     Sheet *sheet(const PageId &id) { return const_cast<Sheet *>(std::as_const(*this).sheet(id)); }
 
     const Header m_header;
-    const std::shared_ptr<PaintedPapers> m_papers = std::make_shared<PaintedPapers>();
+    const std::shared_ptr<CommonPixels> m_common = std::make_shared<CommonPixels>();
     Workers *m_workers{};
     History m_history;
     std::vector<QByteArray> m_log;

@@ -135,9 +135,12 @@ PackedLayers::PackedLayers(const PageLayers &layers)
     }
 }
 
-std::unique_ptr<PageLayers> PackedLayers::unpacked(QImage background, Workers *workers) const
+std::unique_ptr<PageLayers> PackedLayers::unpacked(QImage background, Workers *workers,
+                                                   std::unique_ptr<PageLayers> spare) const
 {
-    auto layers = std::make_unique<PageLayers>(m_size, PageLayers::Pixels::Any);
+    auto layers = spare && spare->rect().size() == m_size
+                      ? std::move(spare)
+                      : std::make_unique<PageLayers>(m_size, PageLayers::Pixels::Any);
     layers->setBackground(std::move(background));
     if (layers->isNull())
         return nullptr;

@@ -23,7 +23,9 @@ public:
     explicit PackedLayers(const PageLayers &layers);
 
     // With the background that they had, and a surface that shows the page. Null where there is not enough memory.
-    std::unique_ptr<PageLayers> unpacked(QImage background, Workers *workers = nullptr) const;
+    // Takes the memory of `spare` where that is as large.
+    std::unique_ptr<PageLayers> unpacked(QImage background, Workers *workers = nullptr,
+                                         std::unique_ptr<PageLayers> spare = nullptr) const;
 
     std::size_t bytes() const;
 

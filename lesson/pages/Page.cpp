@@ -37,10 +37,10 @@ qint64 pixels(const QRect &area)
 
 } // namespace
 
-Page::Page(const QSize &size, double density, std::shared_ptr<PaintedPapers> papers)
+Page::Page(const QSize &size, double density, std::shared_ptr<CommonPixels> common)
     : m_rect(QPoint(), size)
     , m_density(density)
-    , m_papers(std::move(papers))
+    , m_common(std::move(common))
 {
 }
 
@@ -56,7 +56,8 @@ const PageLayers &Page::layers() const
 void Page::paintAnew()
 {
     if (m_packed) {
-        m_layers = m_packed->unpacked(m_papers->of(m_paper, rect().size(), m_density), m_workers);
+        m_layers = m_packed->unpacked(m_common->papers.of(m_paper, rect().size(), m_density), m_workers,
+                                      std::move(m_common->spare));
         ++m_backgrounds;
     }
     if (isPainted()) {
@@ -82,6 +83,8 @@ void Page::lend(Workers *workers)
 
 void Page::release()
 {
+    if (isPainted())
+        m_common->spare = std::move(m_layers);
     m_layers.reset();
     forgetSprites();
 }
@@ -272,7 +275,7 @@ bool Page::resize(const QSize &size)
 
 void Page::layPaper()
 {
-    m_layers->setBackground(m_papers->of(m_paper, rect().size(), m_density));
+    m_layers->setBackground(m_common->papers.of(m_paper, rect().size(), m_density));
     ++m_backgrounds;
 }
 

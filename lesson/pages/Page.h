@@ -36,6 +36,13 @@ struct Item
     bool isBare{};                          // the object has no pixels of its own any more
 };
 
+// What the pages of a lesson have in common.
+struct CommonPixels
+{
+    PaintedPapers papers;
+    std::unique_ptr<PageLayers> spare; // of a page that gave its pixels back; null without
+};
+
 // What a page shows: its paper, its committed objects, and over them those that its authors have in hand.
 //
 // Every change of the committed objects is painted by the next repaint(), in the area that has changed and with the
@@ -44,10 +51,9 @@ struct Item
 class INKLESSON_EXPORT Page
 {
 public:
-    // Blank and white. `density` is how many of its pixels lie along one of a plain screen. Pages may have their papers
-    // in common.
+    // Blank and white. `density` is how many of its pixels lie along one of a plain screen.
     explicit Page(const QSize &size, double density = 1,
-                  std::shared_ptr<PaintedPapers> papers = std::make_shared<PaintedPapers>());
+                  std::shared_ptr<CommonPixels> common = std::make_shared<CommonPixels>());
     ~Page();
 
     // There is not enough memory for its pixels.
@@ -179,7 +185,7 @@ private:
     std::unique_ptr<PageLayers> m_layers;     // null until somebody asks for pixels
     std::unique_ptr<PackedLayers> m_packed{}; // null unless page and ink are as it says
     const double m_density;
-    const std::shared_ptr<PaintedPapers> m_papers;
+    const std::shared_ptr<CommonPixels> m_common;
     Paper m_paper;
     int m_backgrounds{1}; // that there have been
     Items m_items;

@@ -129,6 +129,40 @@ TEST(Page, anyPageComesBackAsItWas)
 }
 
 // Another page with the same objects shows what the first one noted, and paints nothing for it.
+// What a page gives back is taken by the next one that comes back, with nothing of what it showed.
+TEST(Page, pixelsAreHandedOn)
+{
+    const auto common = std::make_shared<CommonPixels>();
+    Page red({8, 2}, 1, common), blue({8, 2}, 1, common), large({9, 2}, 1, common);
+    red.put(blockOf(kFirst, {0, 0, 8, 2}, kRed), 0);
+    blue.put(blockOf(kFirst, {2, 0, 3, 1}, kBlue), 0);
+    blue.setPaper({Paper::Kind::Ruled, {}});
+    for (Page *page : {&red, &blue, &large}) {
+        page->surface();
+        page->repaint();
+        page->pack();
+    }
+    blue.release();
+    large.release();
+    blue.release(); // has nothing to give
+    EXPECT_EQ(common->spare->rect(), large.rect());
+    EXPECT_EQ(blue.picture().size(), QSize(8, 2)) << "not as large";
+    EXPECT_EQ(common->spare, nullptr);
+    blue.release();
+    red.release();
+    const uchar *const pixels = common->spare->page().constBits();
+    EXPECT_EQ(blue.picture().constBits(), pixels);
+    for (int y = 0; y < 2; ++y) {
+        for (int x = 0; x < 8; ++x) {
+            const bool isInked = x >= 2 && x < 5 && y == 0;
+            EXPECT_EQ(blue.picture().pixel(x, y), isInked ? kBlue : kWhite) << x << ", " << y;
+            EXPECT_EQ(blue.surface().pixel(x, y), isInked ? kBlue : kWhite) << x << ", " << y;
+            EXPECT_EQ(blue.ink().pixel(x, y), isInked ? kBlue : 0U) << x << ", " << y;
+            EXPECT_EQ(blue.background().pixel(x, y), kWhite) << x << ", " << y;
+        }
+    }
+}
+
 TEST_F(PageTest, showsWhatAnotherHasNoted)
 {
     putOnTop(page, itemOf(kFirst, lineLife({20, 40}, {60, 40}, QColor(kRed))));
