@@ -79,7 +79,7 @@ void LessonConnection::take(Lesson &lesson, Client::From from)
     m_client.take(lesson, from);
 }
 
-void LessonConnection::setAuthor(const InkLesson::Author &author)
+void LessonConnection::setAuthor(InkLesson::Author &author)
 {
     const auto sendLive = [this](const QByteArray &payload) { m_client.sendLive(payload, m_clock.elapsed()); };
     m_sender = std::make_unique<LiveSender>(author, sendLive);

@@ -44,7 +44,7 @@ public:
     void take(InkLesson::Lesson &lesson, InkSharing::Client::From from);
 
     // Who draws here, once the lesson is there; outlives the connection, and calls done() after each step.
-    void setAuthor(const InkLesson::Author &author);
+    void setAuthor(InkLesson::Author &author);
     void done();
 
     void setPresence(const InkSharing::Presence &presence);

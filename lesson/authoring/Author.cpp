@@ -162,6 +162,7 @@ void Author::feed(int code, const std::vector<QPoint> &pts)
         return;
     const qint64 now = m_clock();
     show(lessonPage().feed(m_number, code, pts));
+    timeActs(now);
     if (hand->object->m_bFinished)
         settle();
     else if (code == PT_UP && !hand->isForming() && canReopen(hand->life))
@@ -269,6 +270,8 @@ void Author::finish()
 // The object in hand is committed.
 void Author::settle()
 {
+    if (aboutToSettle)
+        aboutToSettle();
     Hand &hand = *lessonPage().hand(m_number);
     if (hand.held == kNothing) {
         settleNew();

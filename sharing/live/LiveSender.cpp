@@ -16,10 +16,16 @@ constexpr std::size_t kMostActs = 2000; // in one message
 
 } // namespace
 
-LiveSender::LiveSender(const Author &author, Send send)
+LiveSender::LiveSender(Author &author, Send send)
     : m_author(author)
     , m_send(std::move(send))
 {
+    m_author.aboutToSettle = [this] { tellRest(); };
+}
+
+LiveSender::~LiveSender()
+{
+    m_author.aboutToSettle = nullptr;
 }
 
 void LiveSender::setPresence(const Presence &presence)
@@ -38,6 +44,15 @@ void LiveSender::tick(qint64 now)
     if (now - m_frame < kFrame)
         return;
     m_frame = now - m_frame < 2 * kFrame ? m_frame + kFrame : now; // thirty a second, however the ticks fall
+    m_hasRoom = true;
+    tellTaken();
+    m_isAsked = false;
+    tellPresence(now);
+}
+
+// What is in the hand now, and that what was told of before is there no more.
+void LiveSender::tellTaken()
+{
     const Hand *hand = m_author.hand();
     const bool isAnother = !hand || m_author.taken() != m_taken;
     if (m_taken != 0 && isAnother)
@@ -47,12 +62,17 @@ void LiveSender::tick(qint64 now)
         m_acts = 0;
         m_held = kNothing;
         m_isTooLarge = m_author.actsBefore() == 0 && !hand->life.picture.isNull();
-        tellHand(*hand);
-    } else if (hand) {
-        tellHand(*hand);
     }
-    m_isAsked = false;
-    tellPresence(now);
+    if (hand)
+        tellHand(*hand);
+}
+
+// The record may come much later, behind a large one. Of what is drawn faster than a frame there is one in each; others
+// are told by their records alone.
+void LiveSender::tellRest()
+{
+    if (m_author.taken() == m_taken || std::exchange(m_hasRoom, false))
+        tellTaken();
 }
 
 bool LiveSender::isTold(const Hand &hand) const

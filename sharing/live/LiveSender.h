@@ -12,8 +12,9 @@ class LiveSender
 public:
     using Send = std::function<void(const QByteArray &payload)>;
 
-    // The author outlives it.
-    LiveSender(const InkLesson::Author &author, Send send);
+    // The author outlives it, and has no other one.
+    LiveSender(InkLesson::Author &author, Send send);
+    ~LiveSender();
 
     // Who this is and where; the object in hand is added.
     void setPresence(const Presence &presence);
@@ -28,13 +29,17 @@ public:
     quint64 acts() const { return m_acts; }
 
 private:
+    Q_DISABLE_COPY(LiveSender)
+
+    void tellTaken();
+    void tellRest();
     void tellHand(const InkLesson::Hand &hand);
     bool tellActs(const InkLesson::Hand &hand);
     void tellDrop();
     void tellPresence(qint64 now);
     bool isTold(const InkLesson::Hand &hand) const;
 
-    const InkLesson::Author &m_author;
+    InkLesson::Author &m_author;
     const Send m_send;
     Presence m_presence;
     bool m_isChanged{true};
@@ -44,7 +49,8 @@ private:
     quint64 m_acts{};   // of it, that were told
     InkLesson::ObjectId m_held{};
     bool m_isAsked{};
-    bool m_isTooLarge{}; // for live acts: its record tells of it
+    bool m_hasRoom{true}; // for an object that was not told of in this frame
+    bool m_isTooLarge{};  // for live acts: its record tells of it
 };
 
 } // namespace InkSharing

@@ -57,6 +57,62 @@ TEST_F(LiveSenderTest, whoAsksIsToldAllWithTheTimeOfTheFirst)
     EXPECT_EQ(acts[0].time, 1001);
 }
 
+// The last acts come before the record.
+TEST_F(LiveSenderTest, theRestIsToldWhenTheHandLetsGo)
+{
+    me.begin(fresh("pencil"));
+    me.feed(PT_DOWN, {10, 10});
+    sender.tick(40);
+    told();
+    me.feed(PT_MOVE, {20, 10});
+    EXPECT_TRUE(told().empty());
+    me.feed(PT_UP, {30, 10});
+    const std::vector<LiveActs> acts = told();
+    ASSERT_EQ(acts.size(), 1U);
+    EXPECT_EQ(acts[0].from, 1U);
+    EXPECT_EQ(actsOf(acts[0].record).size(), 2U);
+    EXPECT_EQ(acts[0].time, 1002);
+    EXPECT_EQ(acts[0].record.id, InkLesson::StepId({1, 1}));
+    sender.tick(80);
+    EXPECT_TRUE(told().empty());
+}
+
+TEST_F(LiveSenderTest, ofQuickStrokesOneIsToldInAFrame)
+{
+    const auto stroke = [this](int y) {
+        me.begin(fresh("pencil"));
+        me.feed(PT_DOWN, {10, y});
+        me.feed(PT_UP, {90, y});
+        std::vector<std::size_t> counts;
+        for (const LiveActs &acts : told())
+            counts.push_back(actsOf(acts.record).size());
+        return counts;
+    };
+    EXPECT_EQ(stroke(10), std::vector<std::size_t>{2});
+    EXPECT_TRUE(stroke(20).empty());
+    sender.tick(40);
+    EXPECT_EQ(stroke(30), std::vector<std::size_t>{2});
+    EXPECT_TRUE(stroke(40).empty());
+    me.begin(fresh("pencil"));
+    me.feed(PT_DOWN, {10, 50});
+    sender.tick(80);
+    me.feed(PT_UP, {90, 50}); // no quick one
+    told();
+    EXPECT_EQ(stroke(60), std::vector<std::size_t>{2});
+}
+
+TEST_F(LiveSenderTest, anAuthorGoesOnWithoutIt)
+{
+    {
+        LiveSender second{me, [this](const QByteArray &payload) { sent.push_back(payload); }};
+    }
+    me.begin(fresh("pencil"));
+    me.feed(PT_DOWN, {10, 10});
+    me.feed(PT_UP, {90, 10});
+    EXPECT_TRUE(told().empty());
+    EXPECT_EQ(me.lastNumber(), 1);
+}
+
 TEST_F(LiveSenderTest, thirtyTimesASecondIsToldHoweverTheTicksFall)
 {
     me.begin(fresh("pencil"));
