@@ -24,7 +24,13 @@ constexpr int kPackDelay = 300; // milliseconds
 constexpr int kKeepDelay = 1000;
 constexpr int kPreparing = 8;                  // milliseconds at a time
 constexpr int kPause = 4;                      // and between, when others are answered
-constexpr std::size_t kPackedBytes = 64 << 20; // of all notes; of large pages, as much as the layers of two take
+constexpr std::size_t kPackedBytes = 64 << 20; // of all notes, or as much as the largest two pages take
+
+// Pages of that size, with their four layers.
+std::size_t bytesOfTwo(const QSize &size)
+{
+    return 2 * 4 * sizeof(QRgb) * std::size_t(size.width()) * std::size_t(size.height());
+}
 
 // Sorts by time, and is like no other.
 QString freshJournalName()
@@ -157,9 +163,9 @@ void Document::pack(const PageId &page)
     m_lesson->page(page).pack();
     m_packed.removeOne(page);
     m_packed.prepend(page);
-    constexpr std::size_t kTwoPages = 2 * 4 * sizeof(QRgb);
-    const QSize size = m_lesson->page(page).rect().size();
-    const std::size_t most = std::max(kPackedBytes, kTwoPages * std::size_t(size.width()) * std::size_t(size.height()));
+    std::size_t most = kPackedBytes;
+    for (const PageId &other : qAsConst(m_packed))
+        most = std::max(most, bytesOfTwo(m_lesson->page(other).rect().size()));
     std::size_t bytes = 0;
     for (const PageId &other : qAsConst(m_packed)) {
         bytes += m_lesson->page(other).packedBytes();

@@ -138,9 +138,9 @@ PackedLayers::PackedLayers(const PageLayers &layers)
 std::unique_ptr<PageLayers> PackedLayers::unpacked(QImage background, Workers *workers,
                                                    std::unique_ptr<PageLayers> spare) const
 {
-    auto layers = spare && spare->rect().size() == m_size
-                      ? std::move(spare)
-                      : std::make_unique<PageLayers>(m_size, PageLayers::Pixels::Any);
+    if (spare && spare->rect().size() != m_size)
+        spare.reset();
+    auto layers = spare ? std::move(spare) : std::make_unique<PageLayers>(m_size, PageLayers::Pixels::Any);
     layers->setBackground(std::move(background));
     if (layers->isNull())
         return nullptr;

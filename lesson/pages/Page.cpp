@@ -64,6 +64,7 @@ void Page::paintAnew()
         showHands(rect());
         return;
     }
+    m_common->spare.reset();
     m_layers = std::make_unique<PageLayers>(rect().size());
     if (m_layers->isNull())
         return;
@@ -83,8 +84,10 @@ void Page::lend(Workers *workers)
 
 void Page::release()
 {
-    if (isPainted())
+    if (isPainted()) {
+        m_layers->setBackground({}); // of which there may be no other
         m_common->spare = std::move(m_layers);
+    }
     m_layers.reset();
     forgetSprites();
 }

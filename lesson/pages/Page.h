@@ -70,7 +70,7 @@ public:
     const QImage &background() const { return layers().background(); }
 
     // Whether there are pixels. Those of a page that is not shown any more may be given back until they are asked for
-    // again.
+    // again; what was given back last is kept for the next page that comes back from a note.
     bool isPainted() const { return m_layers && !m_layers->isNull(); }
     void release();
 

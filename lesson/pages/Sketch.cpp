@@ -16,6 +16,7 @@ namespace InkLesson {
 
 namespace {
 
+constexpr std::size_t kAligned = 16;      // pixels, as Qt may lay them at once
 constexpr std::size_t kSpareBytes = 4096; // Qt reads a little beyond the pixels where it smooths an image
 
 int bytesPerLine(const QSize &size)
@@ -86,16 +87,16 @@ std::shared_ptr<const Sprite> Sketch::spriteOf(CInkGraph &object, const QRect &a
 QImage Sketch::pixelsFrom(const QPoint &corner, const QSize &page)
 {
     if (!m_memory || m_size != page) {
-        m_memory.reset(static_cast<QRgb *>(std::calloc(2, bytesOf(page))));
+        m_memory.reset(static_cast<QRgb *>(std::calloc(2 * bytesOf(page) + kAligned * sizeof(QRgb), 1)));
         m_size = page;
     }
     if (!m_memory)
         return {};
-    constexpr std::size_t kAligned = 16; // pixels, as Qt may lay them at once
     const std::size_t width = std::size_t(page.width()), pixels = width * std::size_t(page.height());
-    const std::size_t before = (std::size_t(corner.y()) * width + std::size_t(corner.x())) / kAligned * kAligned;
-    return QImage(reinterpret_cast<uchar *>(m_memory.get() + pixels - before), page.width(), page.height(),
-                  bytesPerLine(page), QImage::Format_ARGB32_Premultiplied);
+    const std::size_t before = std::size_t(corner.y()) * width + std::size_t(corner.x());
+    const std::size_t first = (pixels + kAligned - before) / kAligned * kAligned;
+    return QImage(reinterpret_cast<uchar *>(m_memory.get() + first), page.width(), page.height(), bytesPerLine(page),
+                  QImage::Format_ARGB32_Premultiplied);
 }
 
 std::shared_ptr<const Sprite> Sketch::spriteOfPen(CInkPenGraph &pen, const QRect &asked, const QRect &reach,

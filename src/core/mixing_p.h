@@ -65,19 +65,18 @@ inline TwoPixels scaled(TwoPixels pixels, TwoPixels parts)
 // `ink` over each pixel of a row, as much as that is covered.
 inline void layOver(QRgb *row, const uchar *coverage, int count, QRgb ink)
 {
-    constexpr int kAlpha = Q_BYTE_ORDER == Q_LITTLE_ENDIAN ? 3 : 0; // of the first pixel; four more of the second
     const QRgb inks[] = {ink, ink};
-    const TwoPixels both = twoPixels(inks);
+    const TwoPixels whole = twoPixels(inks), wholeAlpha = TwoPixels{} + quint16(qAlpha(ink));
     int x = 0;
     for (; x + 1 < count; x += 2) {
         const quint16 a = coverage[x], b = coverage[x + 1];
         if ((a | b) == 0)
             continue;
         const bool areWhole = (a & b) == kFullCoverage;
-        const TwoPixels above = areWhole ? both : scaled(both, TwoPixels{a, a, a, a, b, b, b, b});
-        const TwoPixels alphas = __builtin_shufflevector(above, above, kAlpha, kAlpha, kAlpha, kAlpha, kAlpha + 4,
-                                                         kAlpha + 4, kAlpha + 4, kAlpha + 4);
-        store(row + x, above + scaled(twoPixels(row + x), quint16(kFullCoverage) - alphas));
+        const TwoPixels parts{a, a, a, a, b, b, b, b};
+        const TwoPixels above = areWhole ? whole : scaled(whole, parts);
+        const TwoPixels alpha = areWhole ? wholeAlpha : scaled(wholeAlpha, parts);
+        store(row + x, above + scaled(twoPixels(row + x), quint16(kFullCoverage) - alpha));
     }
     if (x < count)
         row[x] = laidOver(scaled(ink, coverage[x]), row[x]);

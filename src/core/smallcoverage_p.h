@@ -11,7 +11,8 @@
 
 namespace InkInternal {
 
-// A block of pixels that no edge leaves: what CoverageBand computes, without what that needs for long outlines.
+// A block of pixels that no edge leaves, or touches at its right or lower border: what CoverageBand computes, without
+// what that needs for long outlines.
 class SmallCoverage
 {
 public:

@@ -129,15 +129,15 @@ RoundLines::RoundLines(QImage &image, const std::vector<QPen> &pens)
         m_passes.push_back({pen, inkOf(pen), RoundOutline(pen.widthF())});
         m_widest = std::max(m_widest, pen.widthF());
     }
-    constexpr std::size_t kEdges = 64; // of one line with all pens, if they are not wide
-    m_edges.reserve(kMostAtOnce * kEdges);
 }
 
 int RoundLines::paint(const QVector<QPointF> &points, int first)
 {
     if (!m_isAble)
         return first;
+    constexpr std::size_t kEdges = 64; // of a line with all pens, if they are not wide
     m_edges.clear();
+    m_edges.reserve(kMostAtOnce * kEdges);
     m_outlines.clear();
     QRect box;
     int end = first;

@@ -306,7 +306,7 @@ TEST(SmallCoverage, rowsAreTakenOnce)
     EXPECT_EQ(Row(covered, covered + 4), Row({0, 0, 0, 0}));
 }
 
-// Up to the largest, with edges along its border.
+// Up to the largest, with edges along the upper and the left border.
 TEST(SmallCoverage, blocksAreLikeBands)
 {
     constexpr int kSide = SmallCoverage::kMostSide;

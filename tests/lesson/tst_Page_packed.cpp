@@ -128,7 +128,6 @@ TEST(Page, anyPageComesBackAsItWas)
     }
 }
 
-// Another page with the same objects shows what the first one noted, and paints nothing for it.
 // What a page gives back is taken by the next one that comes back, with nothing of what it showed.
 TEST(Page, pixelsAreHandedOn)
 {
@@ -163,6 +162,7 @@ TEST(Page, pixelsAreHandedOn)
     }
 }
 
+// Another page with the same objects shows what the first one noted, and paints nothing for it.
 TEST_F(PageTest, showsWhatAnotherHasNoted)
 {
     putOnTop(page, itemOf(kFirst, lineLife({20, 40}, {60, 40}, QColor(kRed))));
