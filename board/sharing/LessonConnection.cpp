@@ -82,6 +82,7 @@ void LessonConnection::take(Lesson &lesson, Client::From from)
 void LessonConnection::setAuthor(InkLesson::Author &author)
 {
     const auto sendLive = [this](const QByteArray &payload) { m_client.sendLive(payload, m_clock.elapsed()); };
+    m_sender.reset(); // before the next one hears from the author
     m_sender = std::make_unique<LiveSender>(author, sendLive);
     m_sender->setPresence(m_presence);
     m_others = std::make_unique<Others>(*m_lesson, m_client.author(), sendLive);
@@ -129,8 +130,11 @@ void LessonConnection::connectToDoor()
         dropSocket();
         m_client.closed(m_clock.elapsed());
     });
-    later(&QWebSocket::binaryMessageReceived,
-          [this](const QByteArray &message) { m_client.received(message, m_clock.elapsed()); });
+    later(&QWebSocket::binaryMessageReceived, [this](const QByteArray &message) {
+        m_client.received(message, m_clock.elapsed());
+        if (m_others)
+            m_others->tick(m_clock.elapsed()); // what has settled is painted once
+    });
     socket->open(m_door);
 }
 

@@ -275,11 +275,13 @@ void Author::settle()
     Hand &hand = *lessonPage().hand(m_number);
     if (hand.held == kNothing) {
         settleNew();
-        return;
+    } else {
+        if (!isKept(hand))
+            emitChange(hand);
+        show(lessonPage().drop(m_number));
     }
-    if (!isKept(hand))
-        emitChange(hand);
-    show(lessonPage().drop(m_number));
+    if (settled)
+        settled();
 }
 
 // One that paints nothing is forgotten, and has no successor.

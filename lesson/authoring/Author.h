@@ -67,8 +67,8 @@ public:
     // When each of those after them was done, by the clock.
     const std::vector<qint64> &actTimes() const { return m_actTimes; }
 
-    // Hears that the object in hand is about to be let go into the log, while it is still there.
-    std::function<void()> aboutToSettle;
+    // Hear that the object in hand is about to be let go into the log, while it is still there, and that it was.
+    std::function<void()> aboutToSettle, settled;
 
     // Fills the area of one colour around a point of the page, as it is seen now. False where there is nothing to fill.
     // The fill belongs to the innermost object around it while the author does nothing but move that: it moves along,

@@ -21,11 +21,13 @@ LiveSender::LiveSender(Author &author, Send send)
     , m_send(std::move(send))
 {
     m_author.aboutToSettle = [this] { tellRest(); };
+    m_author.settled = [this] { tellIfGone(); };
 }
 
 LiveSender::~LiveSender()
 {
     m_author.aboutToSettle = nullptr;
+    m_author.settled = nullptr;
 }
 
 void LiveSender::setPresence(const Presence &presence)
@@ -53,11 +55,9 @@ void LiveSender::tick(qint64 now)
 // What is in the hand now, and that what was told of before is there no more.
 void LiveSender::tellTaken()
 {
+    tellIfGone();
     const Hand *hand = m_author.hand();
-    const bool isAnother = !hand || m_author.taken() != m_taken;
-    if (m_taken != 0 && isAnother)
-        tellDrop();
-    if (hand && (isAnother || std::exchange(m_isAsked, false))) {
+    if (hand && (m_author.taken() != m_taken || std::exchange(m_isAsked, false))) {
         m_taken = m_author.taken();
         m_acts = 0;
         m_held = kNothing;
@@ -73,6 +73,13 @@ void LiveSender::tellRest()
 {
     if (m_author.taken() == m_taken || std::exchange(m_hasRoom, false))
         tellTaken();
+}
+
+// So that nobody paints it beside what its record has made of it.
+void LiveSender::tellIfGone()
+{
+    if (m_taken != 0 && (!m_author.hand() || m_author.taken() != m_taken))
+        tellDrop();
 }
 
 bool LiveSender::isTold(const Hand &hand) const

@@ -33,6 +33,7 @@ private:
 
     void tellTaken();
     void tellRest();
+    void tellIfGone();
     void tellHand(const InkLesson::Hand &hand);
     bool tellActs(const InkLesson::Hand &hand);
     void tellDrop();

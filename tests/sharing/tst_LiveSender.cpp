@@ -101,16 +101,45 @@ TEST_F(LiveSenderTest, ofQuickStrokesOneIsToldInAFrame)
     EXPECT_EQ(stroke(60), std::vector<std::size_t>{2});
 }
 
+// Right behind the record, and without one as well.
+TEST_F(LiveSenderTest, whatWasLetGoIsToldToBeGone)
+{
+    const auto dropped = [this]() -> std::optional<int> {
+        std::optional<int> number;
+        for (const QByteArray &payload : std::exchange(sent, {})) {
+            LiveMessage message;
+            QString problem;
+            if (readLive(payload, message, problem) && std::holds_alternative<LiveDrop>(message))
+                number = std::get<LiveDrop>(message).number;
+        }
+        return number;
+    };
+    me.begin(fresh("pencil"));
+    me.feed(PT_DOWN, {10, 10});
+    sender.tick(40);
+    EXPECT_EQ(dropped(), std::nullopt);
+    me.feed(PT_UP, {30, 10});
+    EXPECT_EQ(dropped(), 1);
+    me.begin(fresh("pencil"));
+    me.feed(PT_DOWN, {10, 20});
+    sender.tick(80);
+    EXPECT_EQ(dropped(), std::nullopt);
+    me.feed(PT_UP, {40, 20});
+    EXPECT_EQ(dropped(), 2);
+    sender.tick(120);
+    EXPECT_EQ(dropped(), std::nullopt) << "once";
+}
+
 TEST_F(LiveSenderTest, anAuthorGoesOnWithoutIt)
 {
     {
-        LiveSender second{me, [this](const QByteArray &payload) { sent.push_back(payload); }};
+        LiveSender gone{other, [this](const QByteArray &payload) { sent.push_back(payload); }};
     }
-    me.begin(fresh("pencil"));
-    me.feed(PT_DOWN, {10, 10});
-    me.feed(PT_UP, {90, 10});
-    EXPECT_TRUE(told().empty());
-    EXPECT_EQ(me.lastNumber(), 1);
+    other.begin(fresh("pencil"));
+    other.feed(PT_DOWN, {10, 10});
+    other.feed(PT_UP, {90, 10});
+    EXPECT_TRUE(sent.empty());
+    EXPECT_EQ(other.lastNumber(), 1);
 }
 
 TEST_F(LiveSenderTest, thirtyTimesASecondIsToldHoweverTheTicksFall)

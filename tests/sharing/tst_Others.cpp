@@ -64,6 +64,24 @@ TEST_F(OthersTest, aStrokeShowsUntilItsRecordIsThere)
     EXPECT_EQ(shown(40, 20), kRed);
 }
 
+// To its last point, though the record may be long in coming.
+TEST_F(OthersTest, theEndOfAStrokeComesBeforeItsRecord)
+{
+    begin(20);
+    tell();
+    pen.feed(PT_MOVE, {60, 20});
+    pen.feed(PT_UP, {120, 20});
+    for (const QByteArray &payload : std::exchange(sent, {}))
+        others.heard(kPen, payload, now);
+    EXPECT_EQ(shown(110, 20), kRed);
+    EXPECT_EQ(here.page(kFirstPage).ink().pixel(110, 20), 0U);
+    EXPECT_EQ(hands(), 1U);
+    settle(0);
+    others.tick(now);
+    EXPECT_EQ(hands(), 0U);
+    EXPECT_EQ(shown(110, 20), kRed);
+}
+
 TEST_F(OthersTest, strokesWhoseRecordsAreLateShowBesideTheNext)
 {
     stroke(20);
