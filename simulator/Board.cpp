@@ -159,6 +159,13 @@ void Board::kill(Death death)
     m_acknowledged = left;
 }
 
+void Board::clearDisk()
+{
+    if (std::exchange(m_disk->hasRefused, false))
+        m_world.saw(Sight::DiskFull);
+    m_disk->isFull = false;
+}
+
 QByteArray Board::journal()
 {
     m_journal->follow(*m_lesson, {});

@@ -32,7 +32,8 @@ public:
     void pause() { m_rests = true; }
     void rest(); // lets go what it has in hand
     void cut(bool isSilent);
-    void fillDisk(bool isFull) { m_disk->isFull = isFull; }
+    void fillDisk() { m_disk->isFull = true; }
+    void clearDisk();
 
     const InkSharing::Client *client() const { return m_client.get(); }
     InkLesson::Lesson *lesson() { return m_lesson.get(); }

@@ -13,6 +13,7 @@ struct Disk
     QByteArray safe{};
     QByteArray since{}; // appended
     bool isFull{};
+    bool hasRefused{}; // since it is full
 
     QByteArray all() const { return safe + since; }
     QByteArray afterPowerCut(Random &random) const { return safe + since.left(random.below(since.size() + 1)); }
@@ -30,6 +31,7 @@ public:
     {
         if (!m_disk.isFull)
             m_disk.since += bytes;
+        m_disk.hasRefused = m_disk.isFull;
         return !m_disk.isFull;
     }
     bool clear() override

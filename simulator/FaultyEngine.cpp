@@ -36,7 +36,12 @@ public:
         later(m_server.world, kNoAnswer, [tell] { tell(Appended::Unknown); });
         if (happens(60, Sight::AppendLost))
             return;
-        m_there.send(delay(), guarded([this, bytes, tell] { store(bytes, tell); }));
+        m_there.send(delay(), guarded([this, bytes, tell, sent = m_server.world.now()] {
+                         if (sent < m_server.latest)
+                             m_server.world.saw(Sight::Overtaken);
+                         m_server.latest = std::max(m_server.latest, sent);
+                         store(bytes, tell);
+                     }));
     }
 
     void publish(const QByteArray &bytes) override

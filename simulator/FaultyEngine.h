@@ -28,6 +28,7 @@ struct Server
     bool isUp{true};
     bool isFaulty{true};
     qint64 slowness{2};          // milliseconds to and from it, at most
+    qint64 latest{};             // when one of those was sent that have come
     std::vector<qint64> times{}; // when each entry came
 
     const std::vector<QByteArray> &entries() const;

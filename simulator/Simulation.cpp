@@ -13,6 +13,10 @@ constexpr qint64 kLiveIsKnown = 8000; // milliseconds after which everybody has 
 constexpr qint64 kStep = 500;         // milliseconds
 constexpr qint64 kQuiet = 180000;     // milliseconds in which all must have come to rest
 
+constexpr unsigned kWholeClassEvery = 100; // seeds
+constexpr int kWholeClass = 12;            // boards
+constexpr qint64 kMinutes = 300000;        // milliseconds, in which they do some two thousand things
+
 class Simulation
 {
 public:
@@ -20,13 +24,14 @@ public:
         : m_world(seed * 7919 + 1)
         , m_server(m_world)
         , m_folder(folder)
+        , m_isWholeClass(seed % kWholeClassEvery == 0)
     {
         Random &random = m_world.random;
         m_server.tap = tap;
         m_server.slowness = random.of({2, 40, 300, 1500});
         for (int doors = random.from(1, 3); doors > 0; --doors)
             m_doors.push_back(std::make_unique<DoorProcess>(m_world, m_server));
-        const int boards = random.from(2, random.oneIn(6) ? 8 : 4);
+        const int few = random.from(2, random.oneIn(6) ? 8 : 4), boards = m_isWholeClass ? kWholeClass : few;
         for (int name = 0; name < boards; ++name)
             m_boards.push_back(std::make_unique<Board>(m_world, name, m_doors, m_folder, name == 0));
     }
@@ -34,7 +39,9 @@ public:
     Outcome run()
     {
         Random &random = m_world.random;
-        const qint64 end = random.from(10000, 28000);
+        const qint64 shortEnd = random.from(10000, 28000), end = m_isWholeClass ? kMinutes : shortEnd;
+        if (m_isWholeClass)
+            m_world.saw(Sight::WholeClass);
         for (const auto &board : m_boards)
             m_world.at(board == m_boards.front() ? 0 : random.below(int(end) * 2 / 3),
                        [this, b = board.get()] { come(*b); });
@@ -109,7 +116,8 @@ private:
     {
         if (!door.isUp())
             return;
-        m_world.saw(Sight::DoorKilled);
+        if (!door.connections().empty())
+            m_world.saw(Sight::DoorKilled);
         door.kill();
         m_world.after(m_world.random.below(4000), [&door] {
             if (!door.isUp())
@@ -123,7 +131,7 @@ private:
             return;
         m_world.saw(Sight::EngineKilled);
         m_server.isUp = false;
-        const qint64 lost = m_world.random.oneIn(2) ? m_world.random.below(20000) : 0;
+        const qint64 lost = m_world.random.oneIn(2) ? m_world.random.below(m_isWholeClass ? 60000 : 20000) : 0;
         m_world.after(m_world.random.below(6000), [this, lost] { startEngine(lost); });
     }
 
@@ -138,9 +146,8 @@ private:
 
     void fillDisk(Board &board)
     {
-        m_world.saw(Sight::DiskFull);
-        board.fillDisk(true);
-        m_world.after(m_world.random.below(8000), [&board] { board.fillDisk(false); });
+        board.fillDisk();
+        m_world.after(m_world.random.below(8000), [&board] { board.clearDisk(); });
     }
 
     // From now on nothing goes wrong, and nobody does anything.
@@ -157,7 +164,7 @@ private:
                 board->start();
             board->pause();
             if (board->lesson())
-                board->fillDisk(false);
+                board->clearDisk();
         }
     }
 
@@ -218,6 +225,7 @@ private:
     World m_world;
     Server m_server;
     const QString m_folder;
+    const bool m_isWholeClass; // and loses up to a minute
     std::vector<std::unique_ptr<DoorProcess>> m_doors;
     std::vector<std::unique_ptr<Board>> m_boards;
 };

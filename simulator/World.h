@@ -17,6 +17,7 @@ enum class Sight {
     AppendLost,       // on its way to the engine
     AnswerLost,       // of an append that was stored
     StoredTwice,      // an append came late once more
+    Overtaken,        // an append came before one that another door had sent earlier
     NoEffect,         // an entry of the stream did not count
     ConnectionCut,    // both ends are told
     ConnectionSilent, // neither is
@@ -26,9 +27,10 @@ enum class Sight {
     DoorKilled,
     EngineKilled,
     EngineSetBack,
-    TakenBack,    // a board had what the engine lost
-    PendingAgain, // settled steps of its own among them
-    DiskFull,
+    TakenBack,         // a board had what the engine lost
+    PendingAgain,      // settled steps of its own among them
+    DiskFull,          // and a step was not written
+    WholeClass,        // twelve boards, for minutes
     LateJoin,          // into a lesson that has a while behind it
     CameBefore,        // a foreign step, before pending ones
     UndoWhilePending,  // of a step that was pending
