@@ -101,8 +101,11 @@ void Board::connectToDoor()
     QObject::connect(
         socket, &QWebSocket::binaryMessageReceived, &m_ticks,
         [this, isThere](const QByteArray &message) {
-            if (isThere())
-                m_client.received(message, m_clock.elapsed());
+            if (!isThere())
+                return;
+            if (tap)
+                tap(false, message);
+            m_client.received(message, m_clock.elapsed());
         },
         Qt::QueuedConnection);
     socket->open(m_door);
@@ -119,6 +122,8 @@ void Board::dropSocket()
 
 void Board::send(const QByteArray &message)
 {
+    if (tap)
+        tap(true, message);
     if (m_socket)
         m_socket->sendBinaryMessage(message);
 }

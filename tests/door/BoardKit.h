@@ -36,6 +36,9 @@ public:
     int lostSteps() const { return m_lostSteps; }
     std::vector<QImage> pictures(); // of all pages
 
+    // Hears every message that goes over the wire; may be none.
+    std::function<void(bool isToDoor, const QByteArray &message)> tap;
+
 private:
     void connectToDoor() override;
     void send(const QByteArray &message) override;

@@ -1,4 +1,5 @@
 #include "BoardKit.h"
+#include "Cddl.h"
 #include "DoorKit.h"
 #include "ServerKit.h"
 
@@ -28,7 +29,29 @@ protected:
         const auto seed = static_cast<unsigned>(boards.size());
         boards.push_back(
             std::make_unique<Board>(door, kLesson, seed, boards.empty() ? Board::Role::Begins : Board::Role::Joins));
+        boards.back()->tap = [this](bool isToDoor, const QByteArray &message) {
+            messages[{isToDoor, QCborValue::fromCbor(message).toMap().value(0).toInteger()}].insert(message);
+        };
         return *boards.back();
+    }
+
+    // What has gone over the wires is as the documents say, and of all that there is in a lesson without faults.
+    void expectGrammar()
+    {
+        QFile file(QStringLiteral(PROTOCOL_CDDL));
+        ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+        const Cddl cddl(QString::fromUtf8(file.readAll()));
+        for (const auto &[kind, all] : messages) {
+            for (const QByteArray &message : all) {
+                const QString rule = kind.first ? QStringLiteral("to-door") : QStringLiteral("from-door");
+                ASSERT_EQ(cddl.problem(rule, QCborValue::fromCbor(message)), QString()) << message.toHex().constData();
+            }
+        }
+        constexpr int kHello = 1, kAppend = 2, kWelcome = 1, kEntries = 2;
+        EXPECT_EQ(messages[std::pair(true, kHello)].size(), boards.size());
+        EXPECT_GT(messages[std::pair(true, kAppend)].size(), 30U);
+        EXPECT_EQ(messages[std::pair(false, kWelcome)].size(), boards.size());
+        EXPECT_GT(messages[std::pair(false, kEntries)].size(), 30U);
     }
     bool allAre(bool (Board::*how)() const)
     {
@@ -87,6 +110,7 @@ protected:
     }
 
     Server server;
+    std::map<std::pair<bool, qint64>, std::set<QByteArray>> messages; // by whether to the door, and kind
     std::vector<std::unique_ptr<Board>> boards;
 };
 
@@ -111,6 +135,7 @@ TEST_F(SharedLesson, isTheSameAtTwoDoorsAndForOneWhoComesLate)
     EXPECT_GT(one.metric("inkboard_records_total"), 50);
     EXPECT_EQ(one.metric("inkboard_append_seconds_count"), one.metric("inkboard_append_seconds_bucket{le=\"+Inf\"}"));
     EXPECT_EQ(one.metric("inkboard_wrong_messages_total"), 0);
+    expectGrammar();
 }
 
 TEST_F(SharedLesson, outlivesItsDoorItsEngineAndACable)

@@ -142,7 +142,7 @@ private:
                       value.toInteger() <= most.toLongLong();
         } else if (const auto size = sized.match(type); size.hasMatch()) {
             const bool isText = size.captured(1) == QLatin1String("text");
-            const int length = isText ? value.toString().size() : value.toByteArray().size();
+            const int length = isText ? value.toString().toUtf8().size() : value.toByteArray().size();
             isRight = (isText ? value.isString() : value.isByteArray()) && length >= size.captured(2).toInt() &&
                       length <= size.captured(3).toInt();
         } else if (const auto embedded = inner.match(type); embedded.hasMatch()) {

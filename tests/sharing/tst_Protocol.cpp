@@ -70,6 +70,13 @@ TEST(Protocol, theGrammarTellsRightFromWrong)
     EXPECT_NE(cddl.problem(from, QCborMap{{0, 1}, {1, 7}}), QString()) << "less";
     EXPECT_NE(cddl.problem(from, QCborMap{{0, 2}, {1, 0}, {2, QCborArray{QByteArray("\x01")}}}), QString());
     EXPECT_NE(cddl.problem(QStringLiteral("no-such-rule"), QCborMap()), QString());
+    const auto named = [&cddl](int letters) { // of three bytes each
+        QCborMap presence = QCborValue::fromCbor(encoded(LiveMessage(Presence()))).toMap();
+        presence[1] = QString(letters, QChar(0x20ac));
+        return cddl.problem(QStringLiteral("presence"), presence);
+    };
+    EXPECT_EQ(named(64), QString());
+    EXPECT_NE(named(65), QString());
     const Entry lesson = LessonEntry{{{200, 150}, 2}, QByteArray(32, 'h'), {1}};
     EXPECT_EQ(cddl.problem(QStringLiteral("entry"), encoded(lesson)), QString());
     EXPECT_NE(
