@@ -94,8 +94,9 @@ private:
 
 Reader::Reader()
 {
-    m_parser.setApplicationDescription(
-        tr("A whiteboard for the classroom. It ends with 0, or with 2 after one line that says what is wrong."));
+    m_parser.setApplicationDescription(tr("A whiteboard for the classroom. It ends with 0, with 1 where a lesson "
+                                          "without a window comes to no end, or with "
+                                          "2 after one line that says what is wrong."));
     m_parser.addOptions({m_play, m_png, m_export, m_tool, m_size, m_share, m_join, m_door, m_port, m_linkFile, m_name,
                          m_pace, m_until, m_timeout, m_latency, m_journal, m_help, m_version});
     m_parser.addPositionalArgument(

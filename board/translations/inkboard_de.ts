@@ -144,10 +144,6 @@
         <translation>Die Version zeigen.</translation>
     </message>
     <message>
-        <source>A whiteboard for the classroom. It ends with 0, or with 2 after one line that says what is wrong.</source>
-        <translation>Eine Tafel für den Unterricht. Sie endet mit 0, oder mit 2 nach einer Zeile, die den Fehler nennt.</translation>
-    </message>
-    <message>
         <source>--tool %1: no such tool; there are: %2</source>
         <translation>--tool %1: kein solches Werkzeug; es gibt: %2</translation>
     </message>
@@ -258,6 +254,10 @@
     <message>
         <source>A lesson (.inkboard), or the link to one that somebody shares; with --play it may be drawings of recorded strokes (JSON) instead.</source>
         <translation>Eine Stunde (.inkboard) oder der Link zu einer, die jemand teilt; mit --play können es stattdessen Zeichnungen aus aufgezeichneten Strichen (JSON) sein.</translation>
+    </message>
+    <message>
+        <source>A whiteboard for the classroom. It ends with 0, with 1 where a lesson without a window comes to no end, or with 2 after one line that says what is wrong.</source>
+        <translation>Eine Tafel für den Unterricht. Sie endet mit 0, mit 1, wenn ein Unterricht ohne Fenster kein Ende findet, oder mit 2 nach einer Zeile, die den Fehler nennt.</translation>
     </message>
 </context>
 <context>
