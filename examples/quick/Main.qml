@@ -17,14 +17,8 @@ Window {
         height: 32
         color: chosen ? "lightsteelblue" : "whitesmoke"
 
-        Text {
-            id: label
-            anchors.centerIn: parent
-        }
-        MouseArea {
-            anchors.fill: parent
-            onClicked: parent.clicked()
-        }
+        Text { id: label; anchors.centerIn: parent }
+        MouseArea { anchors.fill: parent; onClicked: parent.clicked() }
     }
 
     Row {
@@ -32,28 +26,14 @@ Window {
 
         Repeater {
             model: ["pencil", "rectangle", "ellipse", "polygon", "eraser"]
-            Choice {
-                text: modelData
-                chosen: page.tool === modelData
-                onClicked: page.tool = modelData
-            }
+            Choice { text: modelData; chosen: page.tool === text; onClicked: page.tool = text }
         }
         Repeater {
             model: ["black", "red", "blue"]
-            Choice {
-                text: modelData
-                chosen: Qt.colorEqual(page.color, modelData)
-                onClicked: page.color = modelData
-            }
+            Choice { text: modelData; chosen: Qt.colorEqual(page.color, text); onClicked: page.color = text }
         }
-        Choice {
-            text: "undo"
-            onClicked: page.undo()
-        }
-        Choice {
-            text: "redo"
-            onClicked: page.redo()
-        }
+        Choice { text: "undo"; onClicked: page.undo() }
+        Choice { text: "redo"; onClicked: page.redo() }
     }
 
     LessonPage {
