@@ -3,9 +3,38 @@
 #include <QtCore/QTemporaryDir>
 
 #include <csignal>
+#include <map>
 #include <sys/resource.h>
+#include <sys/stat.h>
+#include <sys/syscall.h>
+#include <unistd.h>
 
 using namespace Board;
+
+namespace {
+
+std::map<ino_t, qint64> synced; // how large each file was when it was brought onto the disk
+
+ino_t inodeOf(const QString &name)
+{
+    struct stat status
+    {
+    };
+    return stat(QFile::encodeName(name).constData(), &status) == 0 ? status.st_ino : 0;
+}
+
+} // namespace
+
+// In the stead of the C library's, for this program and the libraries in it.
+extern "C" int fsync(int handle)
+{
+    struct stat status
+    {
+    };
+    if (fstat(handle, &status) == 0)
+        synced[status.st_ino] = status.st_size;
+    return int(syscall(SYS_fsync, handle));
+}
 
 class tst_DocumentJournal : public QObject
 {
@@ -13,6 +42,7 @@ class tst_DocumentJournal : public QObject
 
 private slots:
     void keepsAJournalOfEveryStep();
+    void bringsItOntoTheDiskSoonAfter();
     void keepsNoJournalOfWhatIsSaved();
     void findsAbandonedJournals();
     void recoversWhereItWasSaved();
@@ -44,6 +74,22 @@ void tst_DocumentJournal::keepsAJournalOfEveryStep()
     QVERIFY(timeless(contents(journal)).endsWith("}\n{\"author\":1,\"do\":\"undo\",\"number\":4,\"of\":[1,3]}\n"));
     document.discardJournal();
     QVERIFY(!QFile::exists(journal));
+}
+
+// With its folder, and not while somebody draws.
+void tst_DocumentJournal::bringsItOntoTheDiskSoonAfter()
+{
+    const QString folder = path("synced");
+    Document document(kSize);
+    QCOMPARE(document.keepJournal(folder), QString());
+    const ino_t journal = inodeOf(document.journalName());
+    for (const int y : {10, 20}) {
+        draw(document, "line", {10, y}, {80, y});
+        const int size = contents(document.journalName()).size();
+        QVERIFY(synced[journal] < size);
+        QTRY_COMPARE(synced[journal], qint64(size)); // half a second later
+        QVERIFY(synced.count(inodeOf(folder)) == 1);
+    }
 }
 
 // Or a lesson that was saved, or only looked at, would be offered again when the machine is switched off.
